@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <QStringView>
+
+#include <cstdint>
+#include <optional>
+
+namespace kelvado {
+
+/// An amount of money as a whole number of ten-thousandths, so that sums stay exact.
+struct Currency
+{
+    std::int64_t tenThousandths = 0;
+    friend bool operator==(const Currency&, const Currency&) = default;
+};
+
+/// The date that stands for "no date": 1899-12-30. It is stored like any other and shows as the empty text.
+QDate ZeroDate();
+
+/// True for a text that reads as a number: blanks around it, a sign, a decimal point, thousands commas and an exponent are allowed.
+/// False for the empty text.
+bool IsNumeric(QStringView text);
+
+/// The number that `text` reads as. Raises 13 (type mismatch) where `IsNumeric` is false.
+double ToDouble(QStringView text);
+
+/// The whole number that `text` reads as, ties rounded to even. Raises 13 for no number, 6 (overflow) outside 32 bits.
+std::int32_t ToLong(QStringView text);
+
+/// As `ToLong`, within 16 bits.
+std::int16_t ToInteger(QStringView text);
+
+/// Rounds to a whole number, ties to even.
+double RoundHalfEven(double value);
+
+/// Reads "True" and "False" in any case and numbers (0 is false). Raises 13 for any other text.
+bool ToBoolean(QStringView text);
+
+/// True if `text` says that a setting is on, as "-1" and "True" do; never raises.
+bool EqualsTrue(QStringView text);
+
+/// The amount that `text` reads as, ties rounded to even at the fourth decimal. Raises 13 for no number, 6 outside the range.
+Currency ToCurrency(QStringView text);
+
+/// The shortest decimal text of a number: "8", "7.5", "-0.25"; at most 15 digits, a point as decimal sign.
+QString NumberText(double value);
+QString CurrencyText(Currency amount);
+
+/// yyyy-mm-dd; the empty text for the zero date and for an invalid date.
+QString DateText(QDate date);
+
+/// Reads yyyy-mm-dd. Nothing for any other text.
+std::optional<QDate> DateFromText(QStringView text);
+
+/// Replaces numeric entities ("&#246;") by the characters of those codes in Windows-1252. The first "&#" and the first ";" of the text
+/// make the entity, and every occurrence of it goes at once. The decoding ends quietly at the first one that cannot be read: no ";",
+/// a ";" in front of the "&#", a hexadecimal code, a code above 255, a position above 32767. Never raises.
+QString DecodeEntities(const QString& text);
+
+} // namespace kelvado

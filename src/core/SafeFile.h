@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace kelvado {
+
+/// Writes `bytes` to `path`: the file is made beside its target and renamed when it is whole. Raises 75 with the path and the system's
+/// reason; the old file then stands as it was.
+void WriteFileWhole(const QString& path, const QByteArray& bytes);
+
+/// Copies `source` over `target` in the same manner. Raises 53 where the source is missing, 75 for a copy onto itself or a failed write.
+void CopyFileWhole(const QString& source, const QString& target);
+
+} // namespace kelvado

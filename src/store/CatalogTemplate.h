@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+namespace kelvado {
+
+/// The mark of a catalog in the engine's file header: "KVDC".
+inline constexpr int kCatalogApplicationId = 0x4B564443;
+
+/// Builds a blank catalog at `path` from the schema and seed rows in `schemaSql` (statements of the engine's own grammar), over
+/// whatever stands there. Raises `kErrDatabase` with the engine's text.
+void BuildBlankCatalog(const QString& path, const QString& schemaSql);
+
+} // namespace kelvado

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+namespace kelvado {
+
+class ConnectionImpl;
+
+/// The text by which every routine connects to the catalog at `path`.
+QString ConnectionString(const QString& path);
+
+/// One connection to a catalog, for the length of one operation. Opening it reads nothing but the file's existence.
+/// A write transaction begins with the first write and is committed by `Close`, also where the operation failed half-way: what was
+/// stored stays. While no connection is open, the catalog is a single file.
+class Connection
+{
+public:
+    Connection();
+    /// Closes; a failing commit is not reported from here.
+    ~Connection();
+    Connection(Connection&&) noexcept;
+    Connection& operator=(Connection&&) noexcept;
+
+    /// Opens by a text of the form that `ConnectionString` gives; user, password and options are those of every caller: none.
+    /// A file that may not be written is opened for reading. Raises `kErrDatabase` with the engine's text and the path where the file
+    /// is missing or cannot be opened. A file that is no catalog is found out by the first query.
+    void Open(const QString& connectionString);
+    bool IsOpen() const;
+    /// Commits and closes. Raises where the commit fails (a full disk); the connection is closed all the same.
+    void Close();
+
+    /// Runs one statement that returns no rows, given in the catalog's own dialect ("DELETE FROM GenreLink WHERE …"). Returns the number
+    /// of rows that it changed.
+    qint64 Execute(const QString& sql);
+
+    /// The path of the open file.
+    QString Path() const;
+
+private:
+    friend class Recordset;
+    friend class ConnectionImpl;
+    std::shared_ptr<ConnectionImpl> m_impl;
+};
+
+} // namespace kelvado
