@@ -1,42 +1,42 @@
 #pragma once
 
 #include "core/MenuMarks.h"
+#include "core/Profile.h"
 
 #include <QString>
 
-#include <array>
 #include <cstdint>
 
 namespace kelvado {
 
-/// The option groups. Each reads its keys from `Settings.ini` when it is made (`Load`), and from then on is the truth; `Save` writes
+/// The option groups. Each reads its keys from `Settings.ini` when it is made (`Load`), and from then on is the truth; `Save` hands
 /// all keys back in the same order. A whole number whose text is missing or no number raises 13, with the section, key and file named.
 
 struct cOptDisplay
 {
     std::int32_t MaxActors = 0, MaxWriters = 0, MaxDirectors = 0, MaxProducers = 0; ///< most names shown; 0 means no limit
-    std::int32_t WindowState = 0;                                                    ///< 0 normal, 2 maximised
+    std::int32_t WindowState = 0;                                                   ///< 0 normal, 2 maximised
     std::int32_t SkinTree = 0, InSysTray = 0, AlwaysInTray = 0, RestoreCon = 0, FlashCon = 0;
     std::int32_t SectionTotal = 0; ///< kept and saved, used by nothing
     std::int32_t StatusCaption = 0;
     std::int32_t LeftPane = 0; ///< width in twips
 
     void Load(const QString& file);
-    void Save(const QString& file) const;
+    void Save(ProfileChanges& changes) const;
 };
 
 struct cOptView
 {
-    QString PrimarySort, SecondarySort; ///< column keys such as "Movie.Title"
-    QString ActorField, ActorLinkField; ///< never in the file
+    QString PrimarySort, SecondarySort;   ///< column keys such as "Movie.Title"
+    QString ActorField, ActorLinkField;   ///< never in the file
     QString PrimaryOrder, SecondaryOrder; ///< "DESC" or empty
-    QString ViewMode; ///< "Movies", "Requests", "Loans" or "MovieNight"
+    QString ViewMode;                     ///< "Movies", "Requests", "Loans" or "MovieNight"
 
     /// Reads the keys and checks the entries of `marks` that stand for them.
     void Load(const QString& file, MenuMarks& marks);
     /// Expansion and directions are written from the check marks. The secondary direction is written from the mark of the primary one,
     /// so it does not survive a restart on its own.
-    void Save(const QString& file, const MenuMarks& marks) const;
+    void Save(ProfileChanges& changes, const MenuMarks& marks) const;
 };
 
 struct cOptStatus
@@ -45,7 +45,7 @@ struct cOptStatus
                  TotalDirectors = 0, PrimMethod = 0, SecMethod = 0, ViewMethod = 0, FiltersMethod = 0;
 
     void Load(const QString& file, MenuMarks& marks);
-    void Save(const QString& file) const;
+    void Save(ProfileChanges& changes) const;
 };
 
 /// What is fetched for a film; a value above 0 means that the part is on. Used twice: for adding and for updating.
@@ -56,7 +56,7 @@ struct cOptIMDbFilm
     std::int32_t SpokenLanguages = 0; ///< lasts for the run only: neither loaded nor saved
 
     void Load(const QString& file, const QString& section);
-    void Save(const QString& file) const;
+    void Save(ProfileChanges& changes) const;
 
 private:
     QString m_section;
@@ -69,16 +69,17 @@ struct cOptDefaults
     std::int32_t Enable = 0;
 
     void Load(const QString& file);
-    void Save(const QString& file) const;
+    void Save(ProfileChanges& changes) const;
 };
 
-/// The root. Making it loads every group in member order; `Save` writes every group in the same order.
+/// The root. Making it loads every group in member order;
 class cOptions
 {
 public:
     /// `file` is the settings file; `marks` must outlive this object.
     cOptions(const QString& file, MenuMarks& marks);
 
+    /// Writes every group in member order, in one write of the file. Failures are ignored, as settings never hold up the exit.
     void Save() const;
 
     cOptDisplay Display;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace kelvado {
 
@@ -11,5 +12,22 @@ QString ReadProfileValue(const QString& section, const QString& key, const QStri
 /// Sets `key` in `section`; adds what is missing and leaves every other line, comment and its order alone. The file is replaced as a
 /// whole, so that a failure leaves the old one standing. Returns false where nothing was written; no failure is raised.
 bool WriteProfileValue(const QString& section, const QString& key, const QString& value, const QString& path);
+
+/// Many changes of one ini file that reach it together, in one write.
+class ProfileChanges
+{
+public:
+    explicit ProfileChanges(const QString& path);
+
+    void Set(const QString& section, const QString& key, const QString& value);
+    /// Replaces the file. False where it could not be read or written; it then stands as it was.
+    bool Write() const;
+
+private:
+    QString m_path;
+    QStringList m_lines;
+    QString m_lineEnd;
+    bool m_readable = true;
+};
 
 } // namespace kelvado

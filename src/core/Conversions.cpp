@@ -1,0 +1,194 @@
+#include "core/Conversions.h"
+
+#include "core/RuntimeError.h"
+
+#include <cmath>
+#include <limits>
+
+namespace kelvado {
+
+namespace {
+
+// A number's text without outer blanks, thousands commas and a leading plus, in the form that QString::toDouble reads; empty where
+// `text` is no number.
+QByteArray PlainNumber(QStringView text)
+{
+    const QStringView trimmed = text.trimmed();
+    QByteArray plain;
+    plain.reserve(trimmed.size());
+    bool anyDigit = false;
+    bool afterPoint = false;
+    bool inExponent = false;
+    for (qsizetype i = 0; i < trimmed.size(); ++i) {
+        const char16_t c = trimmed[i].unicode();
+        if (c >= u'0' && c <= u'9') {
+            anyDigit = true;
+        } else if (c == u'+' || c == u'-') {
+            const bool leads = plain.isEmpty() || (inExponent && (plain.back() == 'e'));
+            if (!leads)
+                return {};
+        } else if (c == u'.') {
+            if (afterPoint || inExponent)
+                return {};
+            afterPoint = true;
+        } else if (c == u',') {
+            if (!anyDigit || afterPoint || inExponent)
+                return {};
+            continue;
+        } else if (c == u'e' || c == u'E' || c == u'd' || c == u'D') {
+            if (inExponent || !anyDigit)
+                return {};
+            inExponent = true;
+            plain.append('e');
+            continue;
+        } else {
+            return {};
+        }
+        plain.append(static_cast<char>(c));
+    }
+    if (!anyDigit || plain.back() == 'e' || (inExponent && (plain.back() == '+' || plain.back() == '-')))
+        return {};
+    return plain;
+}
+
+template<typename Whole>
+Whole ToWhole(QStringView text)
+{
+    const double rounded = RoundHalfEven(ToDouble(text));
+    if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max()))
+        throw RuntimeError(kErrOverflow);
+    return static_cast<Whole>(rounded);
+}
+
+// The upper half of Windows-1252 where it differs from Latin-1; places that the code page leaves open keep their number.
+constexpr char16_t kCodePageUpper[32] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+                                         0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+                                         0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+
+} // namespace
+
+QDate ZeroDate()
+{
+    return {1899, 12, 30};
+}
+
+bool IsNumeric(QStringView text)
+{
+    const QByteArray plain = PlainNumber(text);
+    if (plain.isEmpty())
+        return false;
+    bool ok = false;
+    plain.toDouble(&ok);
+    return ok;
+}
+
+double ToDouble(QStringView text)
+{
+    const QByteArray plain = PlainNumber(text);
+    bool ok = false;
+    const double number = plain.isEmpty() ? 0 : plain.toDouble(&ok);
+    if (!ok)
+        throw RuntimeError::WithDetail(kErrTypeMismatch, QStringLiteral("\"%1\" is no number").arg(text.left(60)));
+    return number;
+}
+
+std::int32_t ToLong(QStringView text)
+{
+    return ToWhole<std::int32_t>(text);
+}
+
+std::int16_t ToInteger(QStringView text)
+{
+    return ToWhole<std::int16_t>(text);
+}
+
+double RoundHalfEven(double value)
+{
+    const double whole = std::floor(value);
+    const double rest = value - whole;
+    if (rest < 0.5)
+        return whole;
+    if (rest > 0.5)
+        return whole + 1;
+    return std::fmod(whole, 2.0) == 0 ? whole : whole + 1;
+}
+
+bool ToBoolean(QStringView text)
+{
+    const QStringView trimmed = text.trimmed();
+    if (trimmed.compare(u"True", Qt::CaseInsensitive) == 0)
+        return true;
+    if (trimmed.compare(u"False", Qt::CaseInsensitive) == 0)
+        return false;
+    return ToDouble(trimmed) != 0;
+}
+
+bool EqualsTrue(QStringView text)
+{
+    const QStringView trimmed = text.trimmed();
+    return trimmed.compare(u"True", Qt::CaseInsensitive) == 0 || (IsNumeric(trimmed) && ToDouble(trimmed) == -1);
+}
+
+Currency ToCurrency(QStringView text)
+{
+    const double scaled = RoundHalfEven(ToDouble(text) * 10000.0);
+    if (!(std::abs(scaled) < 9.2e18))
+        throw RuntimeError(kErrOverflow);
+    return {static_cast<std::int64_t>(scaled)};
+}
+
+QString NumberText(double value)
+{
+    return value == 0 ? QStringLiteral("0") : QString::number(value, 'g', 15);
+}
+
+QString CurrencyText(Currency amount)
+{
+    const bool negative = amount.tenThousandths < 0;
+    const auto magnitude =
+        negative ? 0 - static_cast<std::uint64_t>(amount.tenThousandths) : static_cast<std::uint64_t>(amount.tenThousandths);
+    QString text = QString::number(magnitude / 10000);
+    QString decimals = QString::number(magnitude % 10000).rightJustified(4, u'0');
+    while (decimals.endsWith(u'0'))
+        decimals.chop(1);
+    if (!decimals.isEmpty())
+        text += u'.' + decimals;
+    return negative ? u'-' + text : text;
+}
+
+QString DateText(QDate date)
+{
+    return !date.isValid() || date == ZeroDate() ? QString() : date.toString(Qt::ISODate);
+}
+
+std::optional<QDate> DateFromText(QStringView text)
+{
+    const QDate date = QDate::fromString(text.toString(), Qt::ISODate);
+    return date.isValid() && text.size() == 10 ? std::optional(date) : std::nullopt;
+}
+
+QString DecodeEntities(const QString& text)
+{
+    constexpr qsizetype kLastPosition = 32767;
+    QString decoded = text;
+    for (;;) {
+        const qsizetype start = decoded.indexOf(u"&#");
+        if (start < 0)
+            return decoded;
+        const qsizetype end = decoded.indexOf(u';');
+        if (end < start || start + 1 > kLastPosition || end + 1 > kLastPosition)
+            return decoded;
+        const QStringView digits = QStringView(decoded).sliced(start + 2, end - start - 2);
+        if (!IsNumeric(digits))
+            return decoded;
+        const double code = RoundHalfEven(ToDouble(digits));
+        if (!(code >= 0 && code <= 255))
+            return decoded;
+        const auto place = static_cast<unsigned>(code);
+        const QChar character(place >= 0x80 && place < 0xA0 ? kCodePageUpper[place - 0x80] : static_cast<char16_t>(place));
+        const QString entity = decoded.sliced(start, end - start + 1);
+        decoded.replace(entity, QString(character));
+    }
+}
+
+} // namespace kelvado

@@ -1,0 +1,25 @@
+#include "core/NodeKey.h"
+
+namespace kelvado {
+
+QString GroupKey(QStringView value)
+{
+    return u'"' + value.toString() + u'"';
+}
+
+QString FilmKey(qint64 movieId, QStringView value)
+{
+    return u'"' + QString::number(movieId) + u'\n' + value.toString() + u'"';
+}
+
+QString ActorKeyInGenre(qint64 movieId, qint64 actorId, QStringView genre)
+{
+    return u'"' + QString::number(movieId) + u'\n' + QString::number(actorId) + u'\n' + genre.toString() + u'"';
+}
+
+QString KeyPart(const QString& key, int index)
+{
+    return key.section(u'\n', index, index).remove(u'"');
+}
+
+} // namespace kelvado

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+namespace kelvado {
+
+/// Tags of tree nodes: they say what a node stands for.
+inline constexpr QLatin1StringView kTagGroup("Primary");
+inline constexpr QLatin1StringView kTagFilm("Movie");
+inline constexpr QLatin1StringView kTagActor("Actor");
+
+/// The selected node, as the handlers see it.
+struct NodeRef
+{
+    QString key;
+    QString tag;
+};
+
+/// The key of a group: its value between double quotes.
+QString GroupKey(QStringView value);
+/// The key of a film in the group `value`, or of an actor (`value` is then the actor's number): both parts parted by a line feed,
+/// between double quotes.
+QString FilmKey(qint64 movieId, QStringView value);
+/// An actor under a film of the group `genre`.
+QString ActorKeyInGenre(qint64 movieId, qint64 actorId, QStringView genre);
+
+/// Part `index` (from 0) of a key that is split at its line feeds, without quote marks; the empty text where there is no such part.
+/// Part 0 of a film or actor is the film's number, part 1 of an actor the actor's.
+QString KeyPart(const QString& key, int index);
+
+} // namespace kelvado

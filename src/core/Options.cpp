@@ -1,0 +1,255 @@
+#include "core/Options.h"
+
+#include "core/Conversions.h"
+#include "core/RuntimeError.h"
+
+#include <array>
+
+namespace kelvado {
+
+namespace {
+
+template<typename Group>
+struct WholeNumberKey
+{
+    const char* name;
+    std::int32_t Group::*field;
+};
+
+constexpr std::array<WholeNumberKey<cOptDisplay>, 13> kDisplayKeys{{
+    {"MaxActors", &cOptDisplay::MaxActors},
+    {"MaxWriters", &cOptDisplay::MaxWriters},
+    {"MaxDirectors", &cOptDisplay::MaxDirectors},
+    {"MaxProducers", &cOptDisplay::MaxProducers},
+    {"WindowState", &cOptDisplay::WindowState},
+    {"SkinTree", &cOptDisplay::SkinTree},
+    {"InSysTray", &cOptDisplay::InSysTray},
+    {"AlwaysInTray", &cOptDisplay::AlwaysInTray},
+    {"RestoreCon", &cOptDisplay::RestoreCon},
+    {"FlashCon", &cOptDisplay::FlashCon},
+    {"SectionTotal", &cOptDisplay::SectionTotal},
+    {"StatusCaption", &cOptDisplay::StatusCaption},
+    {"LeftPane", &cOptDisplay::LeftPane},
+}};
+
+struct StatusKey
+{
+    const char* name;
+    std::int32_t cOptStatus::*field;
+    int menuEntry; ///< of mnuStatusItem
+};
+
+constexpr std::array<StatusKey, 12> kStatusKeys{{
+    {"TotalRequests", &cOptStatus::TotalRequests, 2},
+    {"TotalMovies", &cOptStatus::TotalMovies, 1},
+    {"TotalLoans", &cOptStatus::TotalLoans, 3},
+    {"TotalDiscs", &cOptStatus::TotalDiscs, 4},
+    {"TotalWriters", &cOptStatus::TotalWriters, 10},
+    {"TotalActors", &cOptStatus::TotalActors, 9},
+    {"TotalProducers", &cOptStatus::TotalProducers, 12},
+    {"TotalDirectors", &cOptStatus::TotalDirectors, 11},
+    {"PrimMethod", &cOptStatus::PrimMethod, 5},
+    {"SecMethod", &cOptStatus::SecMethod, 6},
+    {"ViewMethod", &cOptStatus::ViewMethod, 7},
+    {"FiltersMethod", &cOptStatus::FiltersMethod, 8},
+}};
+
+constexpr std::array<WholeNumberKey<cOptIMDbFilm>, 16> kIMDbFilmKeys{{
+    {"Title", &cOptIMDbFilm::Title},
+    {"ShortTitle", &cOptIMDbFilm::ShortTitle},
+    {"Year", &cOptIMDbFilm::Year},
+    {"Plot", &cOptIMDbFilm::Plot},
+    {"IMDbRating", &cOptIMDbFilm::IMDbRating},
+    {"IMDbVotes", &cOptIMDbFilm::IMDbVotes},
+    {"Runtime", &cOptIMDbFilm::Runtime},
+    {"Rating", &cOptIMDbFilm::Rating},
+    {"Producers", &cOptIMDbFilm::Producers},
+    {"Directors", &cOptIMDbFilm::Directors},
+    {"Writers", &cOptIMDbFilm::Writers},
+    {"Actors", &cOptIMDbFilm::Actors},
+    {"Companies", &cOptIMDbFilm::Companies},
+    {"Genres", &cOptIMDbFilm::Genres},
+    {"Image", &cOptIMDbFilm::Image},
+    {"HiImage", &cOptIMDbFilm::HiImage},
+}};
+
+constexpr const char* kViewModes[] = {"Movies", "Requests", "Loans", "MovieNight"};
+constexpr const char* kPrimarySorts[] = {"Movie.IsRequest", "Movie.Title", "Movie.Format", "Genre.Genre",
+                                         "Movie.Year",      "Movie.Index", "Movie.Custom1"};
+constexpr const char* kSecondarySorts[] = {"Movie.Title", "Movie.Index", "Movie.Format", "Movie.Year"};
+
+const QString kPrimaryDescending = QStringLiteral("mnuSortPrimDESC");
+const QString kSecondaryDescending = QStringLiteral("mnuSortSecDESC");
+const QString kPrimaryExpanded = QStringLiteral("mnuSortPrimExpanded");
+
+QString ReadText(const QString& file, const QString& section, const char* key)
+{
+    return ReadProfileValue(section, QString::fromLatin1(key), file);
+}
+
+void WriteText(ProfileChanges& changes, const QString& section, const char* key, const QString& value)
+{
+    changes.Set(section, QString::fromLatin1(key), value);
+}
+
+[[noreturn]] void RaiseBadSetting(const QString& file, const QString& section, const char* key, const RuntimeError& cause)
+{
+    throw RuntimeError(cause.Number(), QStringLiteral("%1: the setting %2 in section [%3] of %4 must be a number")
+                                           .arg(DescriptionOfError(cause.Number()), QString::fromLatin1(key), section, file));
+}
+
+std::int32_t ReadNumber(const QString& file, const QString& section, const char* key)
+{
+    try {
+        return ToLong(ReadText(file, section, key));
+    } catch (const RuntimeError& cause) {
+        RaiseBadSetting(file, section, key, cause);
+    }
+}
+
+bool ReadFlag(const QString& file, const QString& section, const char* key)
+{
+    try {
+        return ToBoolean(ReadText(file, section, key));
+    } catch (const RuntimeError& cause) {
+        RaiseBadSetting(file, section, key, cause);
+    }
+}
+
+template<std::size_t N>
+void CheckEntryOf(const char* const (&known)[N], const QString& value, const char* menu, MenuMarks& marks)
+{
+    for (std::size_t i = 0; i < N; ++i) {
+        if (value == QLatin1StringView(known[i]))
+            marks.SetChecked(QString::fromLatin1(menu), static_cast<int>(i), true);
+    }
+}
+
+QString OrderOf(bool descending)
+{
+    return descending ? QStringLiteral("DESC") : QString();
+}
+
+QString FlagText(bool on)
+{
+    return on ? QStringLiteral("1") : QStringLiteral("0");
+}
+
+} // namespace
+
+void cOptDisplay::Load(const QString& file)
+{
+    for (const auto& key : kDisplayKeys)
+        this->*key.field = ReadNumber(file, QStringLiteral("Display"), key.name);
+}
+
+void cOptDisplay::Save(ProfileChanges& changes) const
+{
+    for (const auto& key : kDisplayKeys)
+        WriteText(changes, QStringLiteral("Display"), key.name, QString::number(this->*key.field));
+}
+
+void cOptView::Load(const QString& file, MenuMarks& marks)
+{
+    const QString section = QStringLiteral("View");
+    PrimarySort = ReadText(file, section, "PrimarySort");
+    SecondarySort = ReadText(file, section, "SecondarySort");
+    ActorField = QStringLiteral("Actor.Actor_ID");
+    ActorLinkField = QStringLiteral("ActorLink.Movie_ID");
+    ViewMode = ReadText(file, section, "ViewMode");
+
+    CheckEntryOf(kViewModes, ViewMode, "mnuViewMode", marks);
+    CheckEntryOf(kPrimarySorts, PrimarySort, "mnuSortPrimDetail", marks);
+    CheckEntryOf(kSecondarySorts, SecondarySort, "mnuSortSecDetail", marks);
+    marks.SetChecked(kPrimaryExpanded, -1, ReadNumber(file, section, "PrimaryExpand") != 0);
+    marks.SetChecked(kPrimaryDescending, -1, ReadFlag(file, section, "PrimaryOrder"));
+    marks.SetChecked(kSecondaryDescending, -1, ReadFlag(file, section, "SecondaryOrder"));
+    PrimaryOrder = OrderOf(marks.IsChecked(kPrimaryDescending, -1));
+    SecondaryOrder = OrderOf(marks.IsChecked(kSecondaryDescending, -1));
+}
+
+void cOptView::Save(ProfileChanges& changes, const MenuMarks& marks) const
+{
+    const QString section = QStringLiteral("View");
+    const QString descending = FlagText(marks.IsChecked(kPrimaryDescending, -1));
+    WriteText(changes, section, "PrimaryExpand", FlagText(marks.IsChecked(kPrimaryExpanded, -1)));
+    WriteText(changes, section, "PrimaryOrder", descending);
+    WriteText(changes, section, "SecondaryOrder", descending);
+    WriteText(changes, section, "ViewMode", ViewMode);
+    WriteText(changes, section, "PrimarySort", PrimarySort);
+    WriteText(changes, section, "SecondarySort", SecondarySort);
+}
+
+void cOptStatus::Load(const QString& file, MenuMarks& marks)
+{
+    const QString menu = QStringLiteral("mnuStatusItem");
+    marks.SetChecked(menu, 0, true);
+    marks.SetEnabled(menu, 0, false);
+    for (const auto& key : kStatusKeys) {
+        this->*key.field = ReadNumber(file, QStringLiteral("Status"), key.name);
+        marks.SetChecked(menu, key.menuEntry, this->*key.field == 1);
+    }
+}
+
+void cOptStatus::Save(ProfileChanges& changes) const
+{
+    for (const auto& key : kStatusKeys)
+        WriteText(changes, QStringLiteral("Status"), key.name, QString::number(this->*key.field));
+}
+
+void cOptIMDbFilm::Load(const QString& file, const QString& section)
+{
+    m_section = section;
+    for (const auto& key : kIMDbFilmKeys)
+        this->*key.field = ReadNumber(file, section, key.name);
+}
+
+void cOptIMDbFilm::Save(ProfileChanges& changes) const
+{
+    for (const auto& key : kIMDbFilmKeys)
+        WriteText(changes, m_section, key.name, QString::number(this->*key.field));
+}
+
+void cOptDefaults::Load(const QString& file)
+{
+    const QString section = QStringLiteral("DefaultValues");
+    PromptAKA = ReadNumber(file, section, "PromptAKA");
+    Format = ReadText(file, section, "Format");
+    Discs = ReadText(file, section, "Discs");
+    Index = ReadText(file, section, "Index");
+    Enable = ReadNumber(file, section, "Enable");
+}
+
+void cOptDefaults::Save(ProfileChanges& changes) const
+{
+    const QString section = QStringLiteral("DefaultValues");
+    WriteText(changes, section, "PromptAKA", QString::number(PromptAKA));
+    WriteText(changes, section, "Format", Format);
+    WriteText(changes, section, "Discs", Discs);
+    WriteText(changes, section, "Index", Index);
+    WriteText(changes, section, "Enable", QString::number(Enable));
+}
+
+cOptions::cOptions(const QString& file, MenuMarks& marks) : m_file(file), m_marks(marks)
+{
+    Display.Load(file);
+    View.Load(file, marks);
+    Status.Load(file, marks);
+    IMDbFilmAdd.Load(file, QStringLiteral("IMDbFilmAdd"));
+    IMDbFilmUpdate.Load(file, QStringLiteral("IMDbFilmUpdate"));
+    Defaults.Load(file);
+}
+
+void cOptions::Save() const
+{
+    ProfileChanges changes(m_file);
+    Display.Save(changes);
+    View.Save(changes, m_marks);
+    Status.Save(changes);
+    IMDbFilmAdd.Save(changes);
+    IMDbFilmUpdate.Save(changes);
+    Defaults.Save(changes);
+    changes.Write();
+}
+
+} // namespace kelvado

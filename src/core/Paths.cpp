@@ -1,0 +1,67 @@
+#include "core/Paths.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace kelvado {
+
+QString AppPath()
+{
+    const QString home = qEnvironmentVariable("KELVADO_HOME");
+    return AppPathOf(home.isEmpty() ? QCoreApplication::applicationDirPath() : QDir(home).absolutePath());
+}
+
+QString AppPathOf(const QString& folder)
+{
+    QString path = folder;
+    path.replace(u'\\', u'/');
+    while (path.endsWith(u'/'))
+        path.chop(1);
+    return path;
+}
+
+QString SettingsFile()
+{
+    return FindFileCaseBlind(AppPath(), QStringLiteral("Settings.ini"));
+}
+
+QString TempFolder()
+{
+    return AppPath() + QStringLiteral("/temp");
+}
+
+QString SkinFolder(const QString& skin)
+{
+    return AppPath() + QStringLiteral("/Skins/") + skin;
+}
+
+QString FindFileCaseBlind(const QString& folder, const QString& name)
+{
+    QString asked = name;
+    asked.replace(u'\\', u'/');
+    QString path = AppPathOf(folder);
+    for (const QString& part : asked.split(u'/', Qt::SkipEmptyParts)) {
+        const QString exact = path + u'/' + part;
+        if (QFileInfo::exists(exact)) {
+            path = exact;
+            continue;
+        }
+        const QStringList entries = QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        const auto found = std::find_if(entries.begin(), entries.end(),
+                                        [&](const QString& entry) { return entry.compare(part, Qt::CaseInsensitive) == 0; });
+        path += u'/' + (found == entries.end() ? part : *found);
+    }
+    return path;
+}
+
+bool IsInside(const QString& folder, const QString& path)
+{
+    const QString root = QFileInfo(folder).canonicalFilePath();
+    const QString target = QFileInfo(path).canonicalFilePath();
+    return !root.isEmpty() && target.startsWith(root + u'/');
+}
+
+} // namespace kelvado

@@ -1,0 +1,149 @@
+#include "core/Profile.h"
+
+#include "core/RuntimeError.h"
+#include "core/SafeFile.h"
+
+#include <QFile>
+
+#include <optional>
+
+namespace kelvado {
+
+namespace {
+
+constexpr qsizetype kLongestValue = 255;
+
+struct IniLine
+{
+    enum class Kind { Other, Section, Key } kind = Kind::Other;
+    QStringView name;
+    QStringView value;
+};
+
+IniLine ReadLine(QStringView line)
+{
+    const QStringView trimmed = line.trimmed();
+    if (trimmed.startsWith(u'[')) {
+        const qsizetype close = trimmed.indexOf(u']');
+        return {IniLine::Kind::Section, trimmed.sliced(1, (close < 0 ? trimmed.size() : close) - 1).trimmed(), {}};
+    }
+    const qsizetype equals = trimmed.indexOf(u'=');
+    if (equals <= 0 || trimmed.startsWith(u';') || trimmed.startsWith(u'#'))
+        return {};
+    QStringView value = trimmed.sliced(equals + 1).trimmed();
+    if (value.size() >= 2 && (value.front() == u'"' || value.front() == u'\'') && value.front() == value.back())
+        value = value.sliced(1, value.size() - 2);
+    return {IniLine::Kind::Key, trimmed.first(equals).trimmed(), value};
+}
+
+bool SameName(QStringView a, QStringView b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+// The file's text; the empty text for a missing file, nothing for one that cannot be read.
+std::optional<QString> ReadText(const QString& path)
+{
+    QFile file(path);
+    if (!file.exists())
+        return QString();
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    QByteArray bytes = file.readAll();
+    if (bytes.startsWith("\xEF\xBB\xBF"))
+        bytes.remove(0, 3);
+    const QString text = QString::fromUtf8(bytes);
+    return text.contains(QChar::ReplacementCharacter) ? QString::fromLatin1(bytes) : text;
+}
+
+// What a value may hold in one line: no line ends; quotes around it where outer blanks or quotes would be lost by reading.
+QString OneLine(QString value)
+{
+    value.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\r', u' ').replace(u'\n', u' ');
+    const bool quoted = value.size() >= 2 && (value.front() == u'"' || value.front() == u'\'') && value.front() == value.back();
+    return quoted || value != value.trimmed() ? u'"' + value + u'"' : value;
+}
+
+} // namespace
+
+QString ReadProfileValue(const QString& section, const QString& key, const QString& path)
+{
+    const QString text = ReadText(path).value_or(QString());
+    bool inSection = false;
+    for (const QStringView line : QStringView(text).split(u'\n')) {
+        const IniLine parsed = ReadLine(line);
+        if (parsed.kind == IniLine::Kind::Section)
+            inSection = SameName(parsed.name, section);
+        else if (inSection && parsed.kind == IniLine::Kind::Key && SameName(parsed.name, key))
+            return parsed.value.left(kLongestValue).toString();
+    }
+    return {};
+}
+
+bool WriteProfileValue(const QString& section, const QString& key, const QString& value, const QString& path)
+{
+    ProfileChanges changes(path);
+    changes.Set(section, key, value);
+    return changes.Write();
+}
+
+ProfileChanges::ProfileChanges(const QString& path) : m_path(path), m_lineEnd(QStringLiteral("\n"))
+{
+    const std::optional<QString> text = ReadText(path);
+    m_readable = text.has_value();
+    if (!m_readable || text->isEmpty())
+        return;
+    if (text->contains(u"\r\n"))
+        m_lineEnd = QStringLiteral("\r\n");
+    m_lines = text->split(u'\n');
+    for (QString& line : m_lines) {
+        if (line.endsWith(u'\r'))
+            line.chop(1);
+    }
+    if (m_lines.last().isEmpty())
+        m_lines.removeLast();
+}
+
+void ProfileChanges::Set(const QString& section, const QString& key, const QString& value)
+{
+    const QString entry = key + u'=' + OneLine(value);
+    qsizetype behindSection = -1; // behind the last line with content of the wanted section
+    bool inSection = false;
+    for (qsizetype i = 0; i < m_lines.size(); ++i) {
+        const IniLine parsed = ReadLine(m_lines[i]);
+        if (parsed.kind == IniLine::Kind::Section) {
+            if (behindSection >= 0)
+                break;
+            inSection = SameName(parsed.name, section);
+        }
+        if (!inSection)
+            continue;
+        if (parsed.kind == IniLine::Kind::Key && SameName(parsed.name, key)) {
+            m_lines[i] = entry;
+            return;
+        }
+        if (!m_lines[i].trimmed().isEmpty())
+            behindSection = i + 1;
+    }
+    if (behindSection >= 0) {
+        m_lines.insert(behindSection, entry);
+        return;
+    }
+    if (!m_lines.isEmpty())
+        m_lines.append(QString());
+    m_lines << u'[' + section + u']' << entry;
+}
+
+bool ProfileChanges::Write() const
+{
+    if (!m_readable)
+        return false;
+    try {
+        WriteFileWhole(m_path, (m_lines.join(m_lineEnd) + m_lineEnd).toUtf8());
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+} // namespace kelvado

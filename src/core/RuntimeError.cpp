@@ -1,0 +1,54 @@
+#include "core/RuntimeError.h"
+
+#include <array>
+#include <utility>
+
+namespace kelvado {
+
+namespace {
+
+constexpr std::array<std::pair<int, const char*>, 14> kDescriptions{{
+    {kErrInvalidCall, "Invalid procedure call or argument"},
+    {kErrOverflow, "Overflow"},
+    {kErrSubscript, "Subscript out of range"},
+    {kErrDivisionByZero, "Division by zero"},
+    {kErrTypeMismatch, "Type mismatch"},
+    {kErrFileNotFound, "File not found"},
+    {kErrFileAccess, "Path/File access error"},
+    {kErrObjectNotSet, "Object variable not set"},
+    {kErrInvalidNull, "Invalid use of Null"},
+    {kErrObjectRequired, "Object required"},
+    {kErrDuplicateKey, "This key is already associated with an element of this collection"},
+    {kErrInvalidPicture, "Invalid picture"},
+    {kErrNoCurrentRecord, "There is no current record"},
+    {kErrCancelled, "Cancel was selected"},
+}};
+
+} // namespace
+
+QString DescriptionOfError(int number)
+{
+    for (const auto& [known, text] : kDescriptions) {
+        if (known == number)
+            return QString::fromLatin1(text);
+    }
+    if (number == kErrItemNotFound)
+        return QStringLiteral("Item cannot be found in the collection corresponding to the requested name or ordinal");
+    if (number == kErrElementNotFound)
+        return QStringLiteral("Element not found");
+    return QStringLiteral("Application-defined or object-defined error");
+}
+
+RuntimeError::RuntimeError(int number) : RuntimeError(number, DescriptionOfError(number)) {}
+
+RuntimeError::RuntimeError(int number, const QString& description)
+    : m_number(number), m_description(description), m_utf8(description.toUtf8())
+{
+}
+
+RuntimeError RuntimeError::WithDetail(int number, const QString& detail)
+{
+    return {number, DescriptionOfError(number) + QStringLiteral(": ") + detail};
+}
+
+} // namespace kelvado

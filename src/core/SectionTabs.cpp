@@ -1,0 +1,180 @@
+#include "core/SectionTabs.h"
+
+#include "core/Conversions.h"
+#include "core/Paths.h"
+#include "core/RuntimeError.h"
+
+namespace kelvado {
+
+namespace {
+
+struct SectionPictures
+{
+    QLatin1StringView section;
+    TabPictures pictures;
+};
+
+constexpr SectionPictures kPictures[] = {
+    {kMovieList,
+     {"ToolLeftSel.BMP", "ToolMovieListSel.BMP", "ToolMovieGrab.BMP", "ToolMovieEdit.BMP", "ToolActorInfo.BMP", "ToolEnd.BMP",
+      "ToolFrontYesNo.BMP", "ToolFrontNoNo.BMP", "ToolFrontNoNo.BMP"}},
+    {kMovieGrab,
+     {"ToolLeft.BMP", "ToolMovieList.BMP", "ToolMovieGrabSel.BMP", "ToolMovieEdit.BMP", "ToolActorInfo.BMP", "ToolEnd.BMP",
+      "ToolFrontNoYes.BMP", "ToolFrontYesNo.BMP", "ToolFrontNoNo.BMP"}},
+    {kMovieEdit,
+     {"ToolLeft.BMP", "ToolMovieList.BMP", "ToolMovieGrab.BMP", "ToolMovieEditSel.BMP", "ToolActorInfo.BMP", "ToolEnd.BMP",
+      "ToolFrontNoNo.BMP", "ToolFrontNoYes.BMP", "ToolFrontYesNo.BMP"}},
+    {kActorInfo,
+     {"ToolLeft.BMP", "ToolMovieList.BMP", "ToolMovieGrab.BMP", "ToolMovieEdit.BMP", "ToolActorInfoSel.BMP", "ToolEndSel.BMP",
+      "ToolFrontNoNo.BMP", "ToolFrontNoNo.BMP", "ToolFrontNoYes.BMP"}},
+};
+
+const QString kEditTitle = QStringLiteral("Edit Interface");
+const QString kNoCatalog = QStringLiteral("No Kelvado Catolog is open");
+
+bool AskToSave(Dialogs& dialogs, const QString& name)
+{
+    const QString question = QStringLiteral("You Have Made Changes To ") + name + QStringLiteral(".  Do You Want To Save These Changes?");
+    if (dialogs.MessageBox(question, kBoxYesNo, kEditTitle) == kAnswerYes)
+        return true;
+    dialogs.MessageBox(QStringLiteral("Changed To ") + name + QStringLiteral(" Have Been Disregarded."), kBoxPlain, kEditTitle);
+    return false;
+}
+
+// Marks a walk through the history for as long as it lasts.
+class Walk
+{
+public:
+    explicit Walk(History& history) : m_history(history) { m_history.walking = true; }
+    ~Walk() { m_history.walking = false; }
+    Walk(const Walk&) = delete;
+    Walk& operator=(const Walk&) = delete;
+
+private:
+    History& m_history;
+};
+
+} // namespace
+
+const TabPictures& TabPicturesOf(const QString& section)
+{
+    for (const SectionPictures& entry : kPictures) {
+        if (entry.section == section)
+            return entry.pictures;
+    }
+    throw RuntimeError(kErrInvalidCall);
+}
+
+SectionTabs::SectionTabs(AppState& state, Dialogs& dialogs, SectionHost& host) : m_state(state), m_dialogs(dialogs), m_host(host) {}
+
+void SectionTabs::Show(const QString& section)
+{
+    const TabPictures& pictures = TabPicturesOf(section);
+    // The first activation lays out the page view although no catalog is open yet.
+    if (!m_state.CatalogOpen && m_state.Activated) {
+        m_dialogs.MessageBox(kNoCatalog, kBoxInformation);
+        return;
+    }
+    AskAboutPerson(section);
+    AskAboutFilm(section);
+    if (m_state.CurrentSection == section)
+        return;
+
+    // The tree cannot be used while a film is being added.
+    m_host.EnableTree(section != kMovieGrab);
+    m_state.CurrentSection = section;
+    m_host.LoadTabPictures(pictures);
+    if (section == kMovieList) {
+        m_host.ShowPageView();
+        m_host.Navigate({});
+        if (m_host.SelectedNode())
+            m_host.ShowSelection();
+    } else if (section == kMovieGrab) {
+        m_host.ShowAddPanel();
+    } else if (section == kMovieEdit) {
+        ShowFilmOfSelection();
+    } else {
+        ShowPersonOfSelection();
+    }
+}
+
+void SectionTabs::AskAboutPerson(const QString& target)
+{
+    if (m_state.CurrentSection != kActorInfo || target == kActorInfo || !m_host.PersonHasChanges())
+        return;
+    if (AskToSave(m_dialogs, m_host.PersonName()))
+        m_host.SavePerson();
+}
+
+void SectionTabs::AskAboutFilm(const QString& target)
+{
+    if (m_state.CurrentSection != kMovieEdit || target == kMovieEdit || !m_host.FilmHasChanges())
+        return;
+    if (AskToSave(m_dialogs, m_host.FilmTitle()))
+        m_host.SaveFilm(ToLong(m_host.FilmId()));
+}
+
+void SectionTabs::ShowFilmOfSelection()
+{
+    m_host.ShowFilmPanel();
+    const std::optional<NodeRef> node = m_host.SelectedNode();
+    if (!node || node->tag != kTagFilm) {
+        m_dialogs.MessageBox(kNoCatalog, kBoxInformation);
+        return;
+    }
+    m_host.LoadFilm(KeyPart(node->key, 0));
+    if (!m_state.history.walking)
+        m_host.PushHistory(node->key, m_state.CurrentSection, {});
+}
+
+void SectionTabs::ShowPersonOfSelection()
+{
+    m_host.ShowPersonPanel();
+    const std::optional<NodeRef> node = m_host.SelectedNode();
+    if (!node || node->tag != kTagActor) {
+        m_dialogs.MessageBox(kNoCatalog, kBoxInformation);
+        return;
+    }
+    m_host.LoadPerson(ToLong(KeyPart(node->key, 1)));
+    if (!m_state.history.walking)
+        m_host.PushHistory(node->key, m_state.CurrentSection, {});
+}
+
+void SectionTabs::GoBack()
+{
+    const Walk walk(m_state.history);
+    MoveAndShow(&History::MoveBack);
+    if (m_state.history.AtOldest())
+        m_host.EnableButton(QStringLiteral("Back"), false);
+    m_host.EnableButton(QStringLiteral("Forward"), true);
+}
+
+void SectionTabs::GoForward()
+{
+    const Walk walk(m_state.history);
+    MoveAndShow(&History::MoveForward);
+    if (m_state.history.AtNewest())
+        m_host.EnableButton(QStringLiteral("Forward"), false);
+    if (m_state.history.Position() > 1)
+        m_host.EnableButton(QStringLiteral("Back"), true);
+}
+
+void SectionTabs::MoveAndShow(void (History::*move)())
+{
+    History& history = m_state.history;
+    const History before = history;
+    (history.*move)();
+    const History::Step step = history.Current();
+    try {
+        m_host.SelectNode(step.key);
+    } catch (const RuntimeError&) {
+        history = before;
+        throw;
+    }
+    if (m_state.CurrentSection != step.section)
+        Show(step.section);
+    if (step.section == kMovieList)
+        m_host.Navigate(step.page.isEmpty() ? QString() : TempFolder() + u'/' + step.page);
+}
+
+} // namespace kelvado
