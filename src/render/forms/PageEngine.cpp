@@ -1,0 +1,179 @@
+#include "render/forms/PageEngine.h"
+
+#include "core/Paths.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QLoggingCategory>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineSettings>
+#include <QWebEngineUrlRequestInfo>
+
+#include <array>
+#include <utility>
+
+#include <unistd.h>
+
+namespace kelvado {
+
+namespace {
+
+Q_LOGGING_CATEGORY(pageLog, "kelvado.page", QtWarningMsg)
+
+constexpr const char* kFlagsVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
+
+constexpr std::array<const char*, 10> kEngineFlags{{
+    "--disable-background-networking",
+    "--disable-component-update",
+    "--disable-domain-reliability",
+    "--disable-sync",
+    "--dns-prefetch-disable",
+    "--no-pings",
+    "--no-proxy-server",
+    "--force-webrtc-ip-handling-policy=disable_non_proxied_udp",
+    "--renderer-process-limit=1",
+    "--disable-features=Translate,MediaRouter,OptimizationHints",
+}};
+
+constexpr std::array<std::pair<QWebEngineSettings::WebAttribute, bool>, 14> kSettings{{
+    {QWebEngineSettings::JavascriptEnabled, true},
+    {QWebEngineSettings::AutoLoadImages, true},
+    {QWebEngineSettings::LocalContentCanAccessFileUrls, true}, // style sheets of XML pages
+    {QWebEngineSettings::LocalContentCanAccessRemoteUrls, false},
+    {QWebEngineSettings::JavascriptCanOpenWindows, false},
+    {QWebEngineSettings::JavascriptCanAccessClipboard, false},
+    {QWebEngineSettings::LocalStorageEnabled, false},
+    {QWebEngineSettings::PluginsEnabled, false},
+    {QWebEngineSettings::PdfViewerEnabled, false},
+    {QWebEngineSettings::FullScreenSupportEnabled, false},
+    {QWebEngineSettings::HyperlinkAuditingEnabled, false},
+    {QWebEngineSettings::DnsPrefetchEnabled, false},
+    {QWebEngineSettings::WebGLEnabled, false},
+    {QWebEngineSettings::ErrorPageEnabled, false},
+}};
+
+// Every click is told and cancelled before the page sees it, so that no page can keep one for itself; the page's own handlers run on.
+// The source element is the innermost one. A click that a script makes carries no address, so that a page cannot open the user's browser
+// by itself. The middle button and dragging do nothing.
+constexpr const char* kScript = R"((() => {
+    'use strict';
+    let bridge = null;
+    const waiting = [];
+    const tell = message => bridge ? message(bridge) : waiting.push(message);
+    new QWebChannel(qt.webChannelTransport, channel => {
+        bridge = channel.objects.page;
+        waiting.splice(0).forEach(message => message(bridge));
+    });
+    const listen = (type, handler) => window.addEventListener(type, event => {
+        event.preventDefault();
+        handler(event);
+    }, { capture: true, passive: false });
+    listen('click', event => {
+        const source = event.target;
+        if (!(source instanceof Element))
+            return;
+        const href = event.isTrusted && typeof source.href === 'string' ? source.href : '';
+        const id = source.getAttribute('id') || '', tagName = source.tagName, controlDown = event.ctrlKey;
+        tell(page => page.Click(id, tagName, href, controlDown));
+    });
+    listen('contextmenu', () => tell(page => page.ContextMenu()));
+    for (const type of ['auxclick', 'dragstart', 'submit'])
+        listen(type, () => {});
+})();
+)";
+
+} // namespace
+
+void PreparePageEngine()
+{
+    QByteArray flags = qgetenv(kFlagsVariable);
+    for (const char* flag : kEngineFlags) {
+        if (!flags.isEmpty())
+            flags += ' ';
+        flags += flag;
+    }
+    qputenv(kFlagsVariable, flags);
+    if (geteuid() == 0)
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+}
+
+void PageRequests::interceptRequest(QWebEngineUrlRequestInfo& info)
+{
+    const QUrl address = info.requestUrl();
+    const bool allowed = address.isLocalFile() ? address.host().isEmpty() && IsInside(AppPath(), address.toLocalFile())
+                                               : address.scheme() == QLatin1StringView("data") &&
+                                                     info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeImage;
+    if (!allowed) {
+        qCDebug(pageLog) << "refused" << address;
+        info.block(true);
+    }
+}
+
+PageProfile::PageProfile(QObject* parent) : QWebEngineProfile(parent)
+{
+    setHttpCacheType(NoCache);
+    setPersistentCookiesPolicy(NoPersistentCookies);
+    setSpellCheckEnabled(false);
+    setUrlRequestInterceptor(new PageRequests(this));
+    connect(this, &QWebEngineProfile::downloadRequested, this, [](QWebEngineDownloadRequest* download) { download->cancel(); });
+    for (const auto& [attribute, on] : kSettings)
+        settings()->setAttribute(attribute, on);
+}
+
+PageDocument::PageDocument(QWebEngineProfile* profile, QObject* parent) : QWebEnginePage(profile, parent)
+{
+    connect(this, &QWebEnginePage::featurePermissionRequested, this,
+            [this](const QUrl& origin, Feature feature) { setFeaturePermission(origin, feature, PermissionDeniedByUser); });
+}
+
+void PageDocument::Open(const QUrl& address)
+{
+    m_address = address;
+    load(address);
+}
+
+bool PageDocument::acceptNavigationRequest(const QUrl& address, NavigationType type, bool isMainFrame)
+{
+    const bool ours = isMainFrame && type == NavigationTypeTyped && address == m_address;
+    if (!ours)
+        qCDebug(pageLog) << "refused to go to" << address << type;
+    return ours;
+}
+
+QWebEnginePage* PageDocument::createWindow(WebWindowType)
+{
+    return nullptr;
+}
+
+QStringList PageDocument::chooseFiles(FileSelectionMode, const QStringList&, const QStringList&)
+{
+    return {};
+}
+
+void PageDocument::javaScriptAlert(const QUrl&, const QString&) {}
+
+bool PageDocument::javaScriptConfirm(const QUrl&, const QString&)
+{
+    return false;
+}
+
+bool PageDocument::javaScriptPrompt(const QUrl&, const QString&, const QString&, QString*)
+{
+    return false;
+}
+
+void PageDocument::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& text, int line, const QString& source)
+{
+    qCDebug(pageLog) << source << line << text;
+}
+
+QString PageScript()
+{
+    QFile channel(QStringLiteral(":/qtwebchannel/qwebchannel.js"));
+    if (!channel.open(QIODevice::ReadOnly))
+        qCWarning(pageLog, "the channel's script is missing; pages cannot speak to the program");
+    return QString::fromUtf8(channel.readAll()) + QLatin1StringView(kScript);
+}
+
+} // namespace kelvado

@@ -1,0 +1,202 @@
+#include "render/forms/frmPageView.h"
+
+#include "RecordingHost.h"
+#include "core/AppState.h"
+#include "render/Pages.h"
+#include "render/forms/PageEngine.h"
+#include "support/RecordingShell.h"
+#include "support/ScriptedDialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWebEngineScript>
+#include <QWebEngineView>
+
+#include <gtest/gtest.h>
+
+std::unique_ptr<QCoreApplication> MakeTestApplication(int& argc, char** argv)
+{
+    kelvado::PreparePageEngine();
+    return std::make_unique<QApplication>(argc, argv);
+}
+
+namespace kelvado {
+namespace {
+
+/// A page view on a program folder of its own. What lies beside that folder is outside.
+class PageView : public ::testing::Test
+{
+protected:
+    PageView()
+    {
+        QDir(m_folder.path()).mkpath(QStringLiteral("home/temp"));
+        qputenv("KELVADO_HOME", m_folder.filePath(QStringLiteral("home")).toUtf8());
+        QImage picture(4, 4, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        picture.save(File("home/temp/inside.png"));
+        picture.save(File("outside.png"));
+        QFile::link(File("outside.png"), File("home/temp/link.png"));
+        QObject::connect(&view, &frmPageView::Clicked, &view, [this](const PageClick& click) { messages.OnClick(click); });
+        QObject::connect(&view, &frmPageView::ContextMenu, &view, [this] { messages.OnContextMenu(); });
+        view.resize(600, 400);
+        view.show();
+    }
+    ~PageView() override { qunsetenv("KELVADO_HOME"); }
+
+    QString File(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+
+    QString Write(const char* name, const QByteArray& body)
+    {
+        QFile file(File(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("<!doctype html><meta charset=\"utf-8\"><title>" + QByteArray(name) + "</title>" + body);
+        return file.fileName();
+    }
+
+    void Show(const QString& path)
+    {
+        QSignalSpy complete(&view, &frmPageView::DocumentComplete);
+        view.Navigate(path);
+        ASSERT_TRUE(complete.count() > 0 || complete.wait(20000));
+        ASSERT_TRUE(complete.last()[1].toBool());
+    }
+
+    QVariant Ask(const char* script, quint32 world = QWebEngineScript::MainWorld)
+    {
+        QVariant answer;
+        bool answered = false;
+        view.WebBrowser1()->page()->runJavaScript(QString::fromUtf8(script), world, [&](const QVariant& value) {
+            answer = value;
+            answered = true;
+        });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return answered; }, 10000));
+        return answer;
+    }
+
+    void Click(const char* selector, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {})
+    {
+        const QByteArray script = "(() => { const r = document.querySelector('" + QByteArray(selector) +
+                                  "').getBoundingClientRect(); return [r.left + r.width / 2, r.top + r.height / 2]; })()";
+        const QVariantList place = Ask(script.constData()).toList();
+        ASSERT_EQ(place.size(), 2) << selector;
+        QTest::mouseClick(view.WebBrowser1()->focusProxy(), button, modifiers, QPoint(place[0].toInt(), place[1].toInt()));
+    }
+
+    bool WaitForCalls(qsizetype count)
+    {
+        return QTest::qWaitFor([&] { return host.calls.size() >= count; }, 10000);
+    }
+
+    std::string Calls() const { return host.calls.join(QStringLiteral(" | ")).toStdString(); }
+
+    QTemporaryDir m_folder;
+    AppState state;
+    ScriptedDialogs dialogs;
+    RecordingShell shell;
+    RecordingHost host;
+    Pages pages{state, dialogs, shell, host};
+    PageMessages messages{host, pages};
+    frmPageView view;
+};
+
+TEST_F(PageView, OpensTheLastPathThatItWasToldBeforeTheBrowserWasThere)
+{
+    view.Navigate(Write("home/temp/one.html", "one"));
+    view.Navigate(Write("home/temp/two.html", "two"));
+    QSignalSpy complete(&view, &frmPageView::DocumentComplete);
+    EXPECT_EQ(view.WebBrowser1(), nullptr);
+    view.CreateBrowser();
+    ASSERT_TRUE(complete.wait(20000));
+    EXPECT_EQ(Ask("document.body.textContent").toString(), QStringLiteral("two"));
+}
+
+TEST_F(PageView, ClicksReachTheHostAndNeverTheBrowser)
+{
+    view.CreateBrowser();
+    Show(Write("home/temp/page.html", R"html(<style>a, button, span { display: inline-block; margin: 4px }</style>
+        <p><a id="SendMessage:GOTO:12:Action" href="#">go</a>
+        <a class="credits" id="SendMessage:PAGE_CREDITS:12" href="#">credits</a>
+        <p><a class="web" href="https://example.org/a?b=1&amp;c=2">web</a> <a class="mail" href="mailto:a@example.org">mail</a>
+        <a class="file" href="two.html">file</a> <a class="script" href="javascript:document.title='gone'">script</a>
+        <a class="nested" href="https://example.org/"><b>inner</b></a>
+        <p><button id="javascript:fold" onclick="document.title = 'folded'">fold</button>
+        <a class="swallow" id="SendMessage:GOTO:13:Drama" href="#" onclick="event.stopImmediatePropagation()">swallow</a>)html"));
+    // What does nothing comes first; the message behind it proves that it was not told.
+    for (const char* quiet : {".file", ".script", ".nested b", "button"})
+        Click(quiet);
+    Click(".web", Qt::MiddleButton);
+    Ask("document.querySelector('.web').click()");
+    Click("a[id*=Action]");
+    ASSERT_TRUE(WaitForCalls(2));
+    EXPECT_EQ(Calls(), "select \"12\nAction\" | show");
+    EXPECT_EQ(Ask("document.title").toString(), QStringLiteral("folded")); // the page's own script ran, the address did not
+
+    host.calls.clear();
+    Click(".web");
+    Click(".mail");
+    Click(".credits", Qt::LeftButton, Qt::ControlModifier);
+    Click(".swallow");
+    Click("p", Qt::RightButton);
+    view.activateWindow();
+    view.setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Ask("document.hasFocus()").toBool(); }, 10000));
+    Ask("document.querySelector('.web').focus()");
+    QTest::keyClick(view.WebBrowser1()->focusProxy(), Qt::Key_Return);
+    EXPECT_TRUE(WaitForCalls(7));
+    EXPECT_EQ(Calls(), "outside https://example.org/a?b=1&c=2 | outside mailto:a@example.org | popup | select \"13\nDrama\" | show | "
+                       "film menu | outside https://example.org/a?b=1&c=2");
+}
+
+TEST_F(PageView, LoadsNothingFromOutsideTheProgramFolder)
+{
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    const QByteArray site = "127.0.0.1:" + QByteArray::number(server.serverPort());
+    const QByteArray data = "data:image/gif;base64,R0lGODlhAQABAIAAAP///wAAACwAAAAAAQABAAACAkQBADs=";
+    view.CreateBrowser();
+    Show(Write("home/temp/page.html", "<img src=\"inside.png\"><img src=\"" + data + "\"><img src=\"../../outside.png\"><img src=\"link.png\">" +
+                                          "<img src=\"http://" + site + "/a.png\"><iframe src=\"file://" + File("outside.png").toUtf8() +
+                                          "\"></iframe><iframe src=\"http://" + site + "/\"></iframe><link rel=\"stylesheet\" href=\"http://" + site +
+                                          "/a.css\"><script src=\"http://" + site + "/a.js\"></script>"));
+    EXPECT_EQ(Ask("[...document.images].map(image => image.naturalWidth).join()").toString(), QStringLiteral("4,1,0,0,0"));
+    const QByteArray attempts = "window.done = []; for (const attempt of [() => fetch('http://" + site + "/'), () => fetch('file:///etc/passwd'), " +
+                                "() => new Promise((good, bad) => { const socket = new WebSocket('ws://" + site +
+                                "/'); socket.onopen = good; socket.onerror = bad; }), () => navigator.sendBeacon('http://" + site +
+                                "/', 'x') && Promise.reject()]) attempt().then(() => done.push('in'), () => done.push('out'));";
+    Ask(attempts.constData());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Ask("done.length").toInt() == 4; }, 10000));
+    EXPECT_EQ(Ask("done.join()").toString(), QStringLiteral("out,out,out,out"));
+    EXPECT_FALSE(server.hasPendingConnections());
+}
+
+TEST_F(PageView, GoesOnlyWhereTheProgramSendsIt)
+{
+    view.CreateBrowser();
+    const QString page = Write("home/temp/page.html", "<form action=\"two.html\"><button id=\"javascript:send\">send</button></form>");
+    const QString two = Write("home/temp/two.html", "two");
+    for (const char* attempt : {"location.href = 'two.html'", "window.open('two.html')", "history.back()",
+                                "document.forms[0].submit()", "location.reload()", "document.forms[0].requestSubmit()", "alert('modal')"}) {
+        Show(two);
+        Show(page);
+        Ask("window.kept = true");
+        Ask(attempt);
+        for (int round = 0; round < 20; ++round)
+            EXPECT_TRUE(Ask("window.kept === true").toBool()) << attempt;
+    }
+}
+
+TEST_F(PageView, APageCannotReachTheBridge)
+{
+    view.CreateBrowser();
+    Show(Write("home/temp/page.html", "<p>page"));
+    EXPECT_EQ(Ask("typeof qt + typeof QWebChannel").toString(), QStringLiteral("undefinedundefined"));
+}
+
+} // namespace
+} // namespace kelvado
