@@ -42,19 +42,16 @@ void AddGlobe(QPainterPath& path, QPointF centre, qreal radius)
     path.lineTo(centre.x() + radius, centre.y());
 }
 
+/// A frame of film with its two rows of holes.
 void AddFilm(QPainterPath& path, const QRectF& frame)
 {
     path.addRoundedRect(frame, 1.5, 1.5);
-    const qreal inset = frame.width() * 0.24;
-    for (const qreal x : {frame.left() + inset, frame.right() - inset}) {
-        path.moveTo(x, frame.top());
-        path.lineTo(x, frame.bottom());
-    }
-    for (const qreal share : {1.0 / 3, 2.0 / 3}) {
+    const qreal hole = 2.4;
+    for (const qreal share : {0.25, 0.5, 0.75}) {
         const qreal y = frame.top() + frame.height() * share;
         path.moveTo(frame.left(), y);
-        path.lineTo(frame.left() + inset, y);
-        path.moveTo(frame.right() - inset, y);
+        path.lineTo(frame.left() + hole, y);
+        path.moveTo(frame.right() - hole, y);
         path.lineTo(frame.right(), y);
     }
 }
@@ -131,9 +128,9 @@ Strokes StrokesOf(Icon icon)
         path.addPath(Polyline({{14, 10.5}, {14, 16.5}}));
         break;
     case Icon::AddFromWeb:
-        AddFilm(path, QRectF(2.5, 4.5, 12.5, 13));
-        strokes.frontHalo.addEllipse(QPointF(16, 16), 6.9, 6.9);
-        AddGlobe(strokes.front, {16, 16}, 5);
+        AddFilm(path, QRectF(2.5, 3.5, 12, 13.5));
+        strokes.frontHalo.addEllipse(QPointF(15.75, 16.25), 7, 7);
+        AddGlobe(strokes.front, {15.75, 16.25}, 5);
         PlusAtCorner(strokes);
         break;
     case Icon::AddFromShop:

@@ -78,7 +78,7 @@ void Row::PaintEdge(const QString& name, int width, Card card, bool divides) con
         Ground(painter, width);
         if (card == Card::None) {
             if (divides)
-                painter.fillRect(QRectF(width / 2.0 - 0.5, m_measures.top + 8, 1, m_measures.height - m_measures.top - 17),
+                painter.fillRect(QRectF(width / 2, m_measures.top + 8, 1, m_measures.height - m_measures.top - 17),
                                  m_palette.Colour("Line"));
             return;
         }
