@@ -80,7 +80,7 @@ const Style kStyles[] = {
      {{"#3F7C85", "#2F5D62", "#F2A65A", "#F8F1DF", "#11282B"},
       {"#D9793D", "#8F3B2E", "#F7CF72", "#FCF1DD", "#2B120F"},
       {"#4C6FA5", "#344E7B", "#F5C26B", "#F6F2E8", "#121C33"}},
-     {Motif::Hills, Motif::Waves, Motif::Leaves, Motif::Rays}},
+     {Motif::Hills, Motif::Waves, Motif::Rings, Motif::Rays}},
     {QLatin1String("|Silent|Short|Documentary|Live Action|"),
      {{"#8A7A66", "#B7A58C", "#D9C7A5", "#F4ECDD", "#2A231B"},
       {"#6E7678", "#9AA3A3", "#D8C9A8", "#F1EEE6", "#1E2324"},

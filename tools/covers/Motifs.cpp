@@ -462,8 +462,8 @@ void DrawMotif(QPainter& painter, Motif motif, const QRectF& place, const CoverC
 {
     using Draw = void (*)(QPainter&, const QRectF&, const CoverColours&, std::mt19937&);
     // In the order of Motif.
-    constexpr Draw kDraws[] = {Hills,     Skyline, Rings,    Planet,     Woods, Lenses, Confetti,
-                               Spotlight, Rays,    Quarters, FilmFrames, Waves, Mesas,  Stairs};
+    constexpr Draw kDraws[] = {Hills, Skyline,  Rings,      Planet, Woods, Lenses, Confetti, Spotlight,
+                               Rays,  Quarters, FilmFrames, Waves,  Mesas, Stairs, Leaves,   Houses};
     painter.save();
     painter.setClipRect(place, Qt::IntersectClip);
     painter.setPen(Qt::NoPen);
