@@ -1,5 +1,8 @@
 #pragma once
 
+#include "store/Value.h"
+
+#include <QList>
 #include <QString>
 
 #include <memory>
@@ -28,19 +31,21 @@ public:
     /// is missing or cannot be opened. A file that is no catalog is found out by the first query.
     void Open(const QString& connectionString);
     bool IsOpen() const;
-    /// Commits and closes. Raises where the commit fails (a full disk); the connection is closed all the same.
+    /// Commits and closes. Raises where the commit fails (a full disk) or where the engine had to undo the operation's writes before;
+    /// the connection is closed all the same. Open recordsets of the connection are closed with it.
     void Close();
 
     /// Runs one statement that returns no rows, given in the catalog's own dialect ("DELETE FROM GenreLink WHERE …"). Returns the number
     /// of rows that it changed.
     qint64 Execute(const QString& sql);
+    /// The same, with values for the question marks of `sql`.
+    qint64 Execute(const QString& sql, const QList<Value>& values);
 
     /// The path of the open file.
     QString Path() const;
 
 private:
     friend class Recordset;
-    friend class ConnectionImpl;
     std::shared_ptr<ConnectionImpl> m_impl;
 };
 

@@ -9,18 +9,19 @@ namespace kelvado {
 struct TranslatedSql
 {
     QString sql;
-    /// The one table that a SELECT reads from, where it is plain enough for its rows to be written to; else empty.
+    /// The one table that a SELECT reads from, where it is plain enough for its rows to be written to; else empty, as are the next two.
     QString table;
-    /// Where `table` is set: the statement with the row's number in front of its columns.
+    /// The statement with the row's number in front of its columns.
     QString sqlWithRowId;
+    /// The same columns of the one row whose number is bound to the question mark.
+    QString sqlByRowId;
 };
 
 /// Translates a statement from the catalog's dialect, token by token; texts in quotes are left alone:
 /// reserved words as column names are quoted (`Movie.Index`, `Group`, `Order`), `Movie!Title` becomes `Movie.Title`, `DELETE *` loses
 /// its star, `Top n` becomes a limit, double-quoted texts become texts, a number that runs into a word is parted from it (`12AND`),
-/// `Left(` is quoted, and a comparison of one of the columns in `numberColumns` (lower-case names) with a literal compares numbers, so that a text that
-/// is no number matches nothing.
-/// A text that cannot be read is passed on as it stands, so that the engine reports it.
+/// `Left(` is quoted, and a comparison of one of the columns in `numberColumns` (lower-case names) with a literal compares numbers, so that
+/// a text that is no number matches nothing. A text that cannot be read is passed on as it stands, so that the engine reports it.
 TranslatedSql TranslateJetSql(const QString& sql, const QSet<QString>& numberColumns);
 
 } // namespace kelvado

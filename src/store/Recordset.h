@@ -9,7 +9,7 @@
 
 namespace kelvado {
 
-class Recordset;
+class RecordsetImpl;
 
 enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
 enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3 };
@@ -20,14 +20,17 @@ class Field
 public:
     QString Name() const;
     /// The most characters that the column takes: n of a `VARCHAR(n)`, 536870910 for a memo, 64 for numbers, dates, booleans and
-    /// currency, 0 for a column that is an expression.
+    /// currency, 1073741823 for bytes, 0 for a column that is an expression.
     qsizetype DefinedSize() const;
     /// The number of bytes (binary) or characters (text) of the present value; 0 for Null.
     qint64 ActualSize() const;
 
     bool IsNull() const;
+    /// The zero date of a date column is given as the empty text.
     Value Get() const;
     /// Changes the value in the row that is being added or edited; it reaches the catalog with `Recordset::Update`.
+    /// The value is brought into the column's form: the empty text becomes Null in columns that hold no texts; a date may also be given
+    /// as mm/dd/yyyy. Raises 13 where it does not fit.
     void Set(const Value& value) const;
 
     /// The next `size` bytes of a binary column of the current row, fewer at its end; reading begins anew with every row.
@@ -37,13 +40,16 @@ public:
 
 private:
     friend class Recordset;
-    Field(const Recordset* owner, int index) : m_owner(owner), m_index(index) {}
-    const Recordset* m_owner;
+    Field(RecordsetImpl* owner, int index) : m_owner(owner), m_index(index) {}
+    RecordsetImpl* m_owner;
     int m_index;
 };
 
 /// The rows of one query, read lazily: opening reads no row, so that opening a whole table to add to it costs nothing. It can be written
-/// to where all its columns come from one table.
+/// to where all its columns come from one table. Its rows are those that the query finds when reading begins: what is stored through the
+/// recordset moves no row out of the walk or into it. A statement that returns no rows is run by `Open`.
+///
+/// Leaving a row that is being added or changed, by a move or by another `AddNew`, stores it; closing the recordset drops it.
 /// Every routine raises `kErrDatabase` with the engine's text and the file's path where the engine fails.
 class Recordset
 {
@@ -56,7 +62,7 @@ public:
     /// `sql` is given in the catalog's own dialect (see JetSql.h). The connection must stay open as long as the recordset.
     void Open(const QString& sql, Connection& connection, CursorType cursor = CursorType::Keyset, LockType lock = LockType::Optimistic);
     /// The same, with values for the question marks of `sql`.
-    void Open(const QString& sql, const QList<Value>& values, Connection& connection);
+    void Open(const QString& sql, const QList<Value>& values, Connection& connection, LockType lock = LockType::Optimistic);
     bool IsOpen() const;
     void Close();
 
@@ -86,9 +92,9 @@ public:
 
     /// The current row's values by place; the fast way for long walks. Raises 3021 where there is no current row.
     bool IsNull(int column) const;
-    QString Text(int column) const;           ///< "" for Null
-    std::int64_t Integer(int column) const;   ///< 0 for Null
-    double Number(int column) const;          ///< 0 for Null
+    QString Text(int column) const;         ///< "" for Null and for the zero date
+    std::int64_t Integer(int column) const; ///< 0 for Null; raises 13 for a text that is no number
+    double Number(int column) const;        ///< 0 for Null; raises 13 for a text that is no number
 
     /// Begins a new row. A numbered key is given at once: it can be read before `Update`, and never comes back.
     void AddNew();
@@ -101,9 +107,8 @@ public:
     void Delete();
 
 private:
-    friend class Field;
-    class Impl;
-    std::unique_ptr<Impl> m_impl;
+    RecordsetImpl& Opened() const;
+    std::unique_ptr<RecordsetImpl> m_impl;
 };
 
 } // namespace kelvado

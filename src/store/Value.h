@@ -17,13 +17,14 @@ class Value
 public:
     Value() = default; ///< Null
     Value(std::int64_t number) : m_data(number) {}
+    Value(long long number) : m_data(static_cast<std::int64_t>(number)) {}
     Value(int number) : m_data(static_cast<std::int64_t>(number)) {}
     Value(double number) : m_data(number) {}
     Value(bool flag) : m_data(static_cast<std::int64_t>(flag ? 1 : 0)) {}
     Value(const QString& text) : m_data(text) {}
     Value(QString&& text) : m_data(std::move(text)) {}
     Value(const QByteArray& bytes) : m_data(bytes) {}
-    Value(QDate date);
+    Value(QDate date); ///< Null for an invalid date
     Value(Currency amount);
     Value(const char*) = delete;
 

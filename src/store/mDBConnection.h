@@ -35,8 +35,8 @@ FilmRecord ReadFilm(qint64 movieId, const QString& catalogPath);
 /// (`AutoCut` on) or given to the user to shorten. A value of blanks only never empties a column. `value` becomes what was stored.
 void PutField(Value& value, const QString& column, Recordset& recordset, const WriterContext& context);
 
-QString FieldString(const QString& column, const Recordset& recordset);     ///< "" for Null
-Currency FieldCurrency(const QString& column, const Recordset& recordset);  ///< 0 for Null
-double FieldNumber(const QString& column, const Recordset& recordset);      ///< 0 for Null
+QString FieldString(const QString& column, const Recordset& recordset);    ///< "" for Null
+Currency FieldCurrency(const QString& column, const Recordset& recordset); ///< 0 for Null
+double FieldNumber(const QString& column, const Recordset& recordset);     ///< 0 for Null
 
 } // namespace kelvado

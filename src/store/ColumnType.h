@@ -1,0 +1,24 @@
+#pragma once
+
+#include "store/Value.h"
+
+namespace kelvado {
+
+enum class ColumnKind { Text, Whole, Number, Boolean, Date, Currency, Binary, Expression };
+
+/// What the declared type of a column says.
+struct ColumnType
+{
+    ColumnKind kind = ColumnKind::Expression;
+    qsizetype definedSize = 0; ///< see `Field::DefinedSize`
+};
+
+/// Reads the declared type of a column in any database: ours (see schema.sql), or what other tools write. Null gives an expression.
+ColumnType TypeOfDeclaration(const char* declaration);
+
+/// The form in which a column of that kind keeps `value`: the empty text becomes Null where the column holds no texts, dates are taken
+/// as yyyy-mm-dd and mm/dd/yyyy, truth as `ToBoolean` reads it. A number column keeps a text that is no number.
+/// Raises 13 with the column's name where the value does not fit, 6 where a whole number is too large.
+Value ToStored(ColumnKind kind, const Value& value, const QString& column);
+
+} // namespace kelvado

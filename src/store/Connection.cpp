@@ -1,0 +1,314 @@
+#include "store/Connection.h"
+
+#include "core/RuntimeError.h"
+#include "store/ConnectionImpl.h"
+#include "store/JetFunctions.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <exception>
+
+namespace kelvado {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kBusyMilliseconds = 5000;
+// More texts than this are those of a long walk with a query for each row, and keeping them helps nobody.
+constexpr std::size_t kKeptStatements = 64;
+
+const QString kProvider = u"Provider=Microsoft.Jet.OLEDB.4.0;"_s;
+const QString kDataSource = u"Data Source="_s;
+const QString kSecurity = u";Persist Security Info=False"_s;
+
+// The columns that hold numbers in the form of a text, and those that may: they compare as numbers in every catalog, also in one
+// whose tables were made by hand.
+const QSet<QString>& NumberColumns()
+{
+    static const QSet<QString> columns{u"rating"_s, u"votes"_s, u"audchannels"_s, u"imdb"_s, u"year"_s, u"number"_s};
+    return columns;
+}
+
+QString PathOfConnectionString(const QString& text)
+{
+    const qsizetype start = text.indexOf(kDataSource, 0, Qt::CaseInsensitive);
+    if (start < 0)
+        return {};
+    QString path = text.mid(start + kDataSource.size());
+    const qsizetype end = path.lastIndexOf(kSecurity, -1, Qt::CaseInsensitive);
+    if (end >= 0)
+        path.truncate(end);
+    if (path.endsWith(u';') && !QFile::exists(path))
+        path.chop(1);
+    return path;
+}
+
+QString Quoted(const QString& name)
+{
+    QString inner = name;
+    return u'"' + inner.replace(u'"', u"\"\""_s) + u'"';
+}
+
+} // namespace
+
+QString ConnectionString(const QString& path)
+{
+    return kProvider + kDataSource + path + kSecurity;
+}
+
+ConnectionImpl::ConnectionImpl(const QString& path) : m_path(path)
+{
+    // The engine would take an empty name, or one with a colon in front, for a data base that is no file.
+    const QByteArray name = path.isEmpty() ? QByteArray("/") : QFileInfo(path).absoluteFilePath().toUtf8();
+    const int opened = sqlite3_open_v2(name.constData(), &m_database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    const bool ready = opened == SQLITE_OK && sqlite3_busy_timeout(m_database, kBusyMilliseconds) == SQLITE_OK &&
+                       sqlite3_db_config(m_database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr) == SQLITE_OK &&
+                       // A catalog can come from anybody: nothing that stands in its schema is run with the program's functions.
+                       sqlite3_db_config(m_database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr) == SQLITE_OK &&
+                       RegisterJetFunctions(m_database) == SQLITE_OK;
+    if (ready)
+        return;
+    const QString reason = QString::fromUtf8(sqlite3_errmsg(m_database));
+    sqlite3_close_v2(m_database);
+    m_database = nullptr;
+    Raise(reason);
+}
+
+ConnectionImpl::~ConnectionImpl()
+{
+    try {
+        Close();
+    } catch (...) { // NOLINT(bugprone-empty-catch): nobody is left to tell; `Close` is there for those who want to know
+    }
+}
+
+void ConnectionImpl::Close()
+{
+    if (!m_database)
+        return;
+    for (ConnectionClient* client : m_clients)
+        client->Disconnect();
+    m_clients.clear();
+    std::exception_ptr failure;
+    try {
+        if (m_writing)
+            Commit();
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    m_queries.clear();
+    m_statements.clear();
+    sqlite3_close_v2(m_database);
+    m_database = nullptr;
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+void ConnectionImpl::Raise(const QString& reason) const
+{
+    throw RuntimeError(kErrDatabase, reason + u" ("_s + m_path + u')');
+}
+
+// A full disk and the like can make the engine leave the transaction on its own.
+void ConnectionImpl::RaiseUndone() const
+{
+    Raise(u"the failure has undone all that this operation had stored"_s);
+}
+
+void ConnectionImpl::Commit()
+{
+    m_writing = false;
+    if (sqlite3_get_autocommit(m_database) != 0)
+        RaiseUndone();
+    BurnKeys();
+    Prepared(u"COMMIT"_s).Step();
+}
+
+void ConnectionImpl::BurnKeys()
+{
+    const auto run = [this](const QString& sql, const QString& table, qint64 key) {
+        Statement& statement = Prepared(sql);
+        statement.Bind(1, Value(key));
+        statement.Bind(2, Value(table));
+        statement.Step();
+        statement.Reset();
+    };
+    for (const auto& [table, key] : m_burned) {
+        try {
+            run(u"UPDATE sqlite_sequence SET seq = max(seq, ?1) WHERE name = ?2 COLLATE NOCASE"_s, table, key);
+            run(u"INSERT INTO sqlite_sequence (name, seq) SELECT name, ?1 FROM sqlite_master WHERE type = 'table' AND name = ?2 COLLATE "
+                u"NOCASE "
+                "AND sql LIKE '%AUTOINCREMENT%' AND name NOT IN (SELECT name FROM sqlite_sequence)"_s,
+                table, key);
+        } catch (const RuntimeError&) { // NOLINT(bugprone-empty-catch): no table of this catalog remembers its keys
+        }
+    }
+}
+
+qint64 ConnectionImpl::Execute(const QString& sql, const QList<Value>& values)
+{
+    Statement statement(m_database, m_path, TranslateJetSql(sql, NumberColumns()).sql);
+    const bool writes = !statement.IsReadOnly();
+    if (writes)
+        BeginWrite();
+    for (int i = 0; i < values.size(); ++i)
+        statement.Bind(i + 1, values[i]);
+    while (statement.Step()) {
+    }
+    return writes ? LastChangeCount() : 0;
+}
+
+std::unique_ptr<Query> ConnectionImpl::TakeQuery(const QString& sql)
+{
+    if (const auto kept = m_queries.find(sql); kept != m_queries.end() && kept->second)
+        return std::move(kept->second);
+
+    auto query = std::make_unique<Query>();
+    query->sql = sql;
+    query->translated = TranslateJetSql(sql, NumberColumns());
+    if (!query->translated.table.isEmpty()) {
+        try {
+            query->statement = Statement(m_database, m_path, query->translated.sqlWithRowId);
+            query->ofOneTable = true;
+        } catch (const RuntimeError&) {
+            // A view, or a table without row numbers: read it as it was asked for.
+            query->statement = Statement(m_database, m_path, query->translated.sql);
+        }
+    } else {
+        query->statement = Statement(m_database, m_path, query->translated.sql);
+    }
+
+    const Statement& statement = query->statement;
+    const QByteArray table = query->translated.table.toUtf8();
+    for (int i = query->ofOneTable ? 1 : 0; i < statement.ColumnCount(); ++i) {
+        const QByteArray origin = statement.OriginName(i);
+        query->columns.append({statement.ColumnName(i), QString::fromUtf8(origin), TypeOfDeclaration(statement.DeclaredType(i))});
+        if (!query->ofOneTable || query->columns.back().type.kind != ColumnKind::Whole)
+            continue;
+        const char* type = nullptr;
+        int isKey = 0;
+        sqlite3_table_column_metadata(m_database, "main", table.constData(), origin.constData(), &type, nullptr, nullptr, &isKey, nullptr);
+        if (isKey != 0 && qstricmp(type, "INTEGER") == 0)
+            query->keyColumn = static_cast<int>(query->columns.size()) - 1;
+    }
+    return query;
+}
+
+void ConnectionImpl::GiveBack(std::unique_ptr<Query> query) noexcept
+{
+    try {
+        query->statement.Reset();
+        if (m_queries.size() >= kKeptStatements)
+            m_queries.clear();
+        const QString sql = query->sql;
+        m_queries[sql] = std::move(query);
+    } catch (...) { // NOLINT(bugprone-empty-catch): a query that cannot be kept is made anew
+    }
+}
+
+Statement& ConnectionImpl::Prepared(const QString& sql)
+{
+    const auto kept = m_statements.find(sql);
+    if (kept != m_statements.end())
+        return kept->second;
+    if (m_statements.size() >= kKeptStatements)
+        m_statements.clear();
+    return m_statements.emplace(sql, Statement(m_database, m_path, sql)).first->second;
+}
+
+qint64 ConnectionImpl::LastRowId() const
+{
+    return sqlite3_last_insert_rowid(m_database);
+}
+
+qint64 ConnectionImpl::LastChangeCount() const
+{
+    return sqlite3_changes64(m_database);
+}
+
+void ConnectionImpl::BeginWrite()
+{
+    if (m_writing) {
+        if (sqlite3_get_autocommit(m_database) != 0)
+            RaiseUndone();
+        return;
+    }
+    if (sqlite3_db_readonly(m_database, "main") == 1)
+        Raise(QString::fromUtf8(sqlite3_errstr(SQLITE_READONLY)));
+    Statement& begin = Prepared(u"BEGIN IMMEDIATE"_s);
+    begin.Step();
+    begin.Reset();
+    m_writing = true;
+}
+
+qint64 ConnectionImpl::ReserveKey(const QString& table)
+{
+    const auto highest = [this](const QString& sql, const Value& name) {
+        Statement& statement = Prepared(sql);
+        if (!name.IsNull())
+            statement.Bind(1, name);
+        const qint64 key = statement.Step() ? statement.Integer(0) : 0;
+        statement.Reset();
+        return key;
+    };
+    qint64& last = m_reserved[table.toLower()];
+    last = std::max(last, highest(u"SELECT max(_rowid_) FROM "_s + Quoted(table), {}));
+    try {
+        last = std::max(last, highest(u"SELECT seq FROM sqlite_sequence WHERE name = ? COLLATE NOCASE"_s, table));
+    } catch (const RuntimeError&) { // NOLINT(bugprone-empty-catch): no table of this catalog remembers its keys
+    }
+    return ++last;
+}
+
+void ConnectionImpl::BurnKey(const QString& table, qint64 key)
+{
+    qint64& highest = m_burned[table.toLower()];
+    highest = std::max(highest, key);
+}
+
+Connection::Connection() = default;
+Connection::~Connection() = default;
+Connection::Connection(Connection&&) noexcept = default;
+Connection& Connection::operator=(Connection&&) noexcept = default;
+
+void Connection::Open(const QString& connectionString)
+{
+    m_impl.reset();
+    m_impl = std::make_shared<ConnectionImpl>(PathOfConnectionString(connectionString));
+}
+
+bool Connection::IsOpen() const
+{
+    return m_impl != nullptr;
+}
+
+void Connection::Close()
+{
+    if (const std::shared_ptr<ConnectionImpl> closing = std::move(m_impl))
+        closing->Close();
+}
+
+qint64 Connection::Execute(const QString& sql)
+{
+    return Execute(sql, {});
+}
+
+qint64 Connection::Execute(const QString& sql, const QList<Value>& values)
+{
+    if (!m_impl)
+        throw RuntimeError(kErrObjectNotSet);
+    return m_impl->Execute(sql, values);
+}
+
+QString Connection::Path() const
+{
+    return m_impl ? m_impl->Path() : QString();
+}
+
+} // namespace kelvado
