@@ -167,6 +167,16 @@ std::optional<QDate> DateFromText(QStringView text)
     return date.isValid() && text.size() == 10 ? std::optional(date) : std::nullopt;
 }
 
+QString FromWindows1252(QByteArrayView bytes)
+{
+    QString text = QString::fromLatin1(bytes);
+    for (QChar& c : text) {
+        if (c >= u'\x80' && c < u'\xA0')
+            c = kCodePageUpper[c.unicode() - 0x80];
+    }
+    return text;
+}
+
 QString DecodeEntities(const QString& text)
 {
     constexpr qsizetype kLastPosition = 32767;

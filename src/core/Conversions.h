@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QDate>
 #include <QString>
 #include <QStringView>
@@ -53,6 +54,9 @@ QString DateText(QDate date);
 
 /// Reads yyyy-mm-dd. Nothing for any other text.
 std::optional<QDate> DateFromText(QStringView text);
+
+/// The text of bytes in Windows-1252; the five places that the code page leaves open keep their number. Never raises.
+QString FromWindows1252(QByteArrayView bytes);
 
 /// Replaces numeric entities ("&#246;") by the characters of those codes in Windows-1252. The first "&#" and the first ";" of the text
 /// make the entity, and every occurrence of it goes at once. The decoding ends quietly at the first one that cannot be read: no ";",
