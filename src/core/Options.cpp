@@ -197,6 +197,14 @@ void cOptStatus::Save(ProfileChanges& changes) const
         WriteText(changes, QStringLiteral("Status"), key.name, QString::number(this->*key.field));
 }
 
+cOptIMDbFilm cOptIMDbFilm::Everything()
+{
+    cOptIMDbFilm parts;
+    for (const auto& key : kIMDbFilmKeys)
+        parts.*key.field = 1;
+    return parts;
+}
+
 void cOptIMDbFilm::Load(const QString& file, const QString& section)
 {
     m_section = section;

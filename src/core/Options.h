@@ -55,6 +55,9 @@ struct cOptIMDbFilm
                  Directors = 0, Writers = 0, Actors = 0, Companies = 0, Genres = 0, Image = 0, HiImage = 0;
     std::int32_t SpokenLanguages = 0; ///< lasts for the run only: neither loaded nor saved
 
+    /// All parts on.
+    static cOptIMDbFilm Everything();
+
     void Load(const QString& file, const QString& section);
     void Save(ProfileChanges& changes) const;
 

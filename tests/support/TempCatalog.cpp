@@ -52,12 +52,7 @@ QString TempCatalog::Ask(const char* sql) const
 
 cOptIMDbFilm AllParts()
 {
-    cOptIMDbFilm parts;
-    for (std::int32_t* part : {&parts.Title, &parts.ShortTitle, &parts.Year, &parts.Plot, &parts.IMDbRating, &parts.IMDbVotes, &parts.Runtime,
-                               &parts.Rating, &parts.Producers, &parts.Directors, &parts.Writers, &parts.Actors, &parts.Companies,
-                               &parts.Genres, &parts.Image, &parts.HiImage})
-        *part = 1;
-    return parts;
+    return cOptIMDbFilm::Everything();
 }
 
 } // namespace kelvado

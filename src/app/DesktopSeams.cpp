@@ -1,0 +1,126 @@
+#include "app/DesktopSeams.h"
+
+#include "core/RuntimeError.h"
+#include "ui/fLengthEdit.h"
+#include "ui/frmAbout.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QTimer>
+
+namespace kelvado {
+
+namespace {
+
+constexpr int kIconMask = 0xF0;
+constexpr int kButtonMask = 0x0F;
+
+// "Caption (*.kvd)| *.kvd" as the platform's own dialog takes it; a file of another ending can be chosen all the same.
+QString FilterOf(const FileDialog& dialog)
+{
+    QStringList filters;
+    const QStringList parts = dialog.filter.split(u'|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern = parts[i + 1].trimmed();
+        const QString caption = parts[i].section(u'(', 0, 0).trimmed();
+        filters << caption + QStringLiteral(" (") + QString(pattern).replace(u';', u' ') + u')';
+    }
+    filters << QCoreApplication::translate("Dialogs", "All files (*)");
+    return filters.join(QStringLiteral(";;"));
+}
+
+QString Ending(const FileDialog& dialog)
+{
+    return dialog.filter.section(u'|', 1, 1).section(u'.', 1).section(u';', 0, 0).trimmed();
+}
+
+} // namespace
+
+int DesktopDialogs::MessageBox(const QString& text, int type, const QString& title)
+{
+    QMessageBox box(m_owner);
+    box.setObjectName(QStringLiteral("MessageBox"));
+    box.setWindowTitle(title.isEmpty() ? frmAbout::ProductName() : title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    const int icon = type & kIconMask;
+    const bool yesNo = (type & kButtonMask) == kBoxYesNo;
+    box.setIcon(icon == kBoxCritical      ? QMessageBox::Critical
+                : icon == kBoxInformation ? QMessageBox::Information
+                : yesNo                   ? QMessageBox::Question
+                                          : QMessageBox::NoIcon);
+    if (!yesNo) {
+        box.exec();
+        return kAnswerOk;
+    }
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    return box.exec() == QMessageBox::Yes ? kAnswerYes : kAnswerNo;
+}
+
+QString DesktopDialogs::InputBox(const QString& prompt, const QString& title, const QString& value)
+{
+    return QInputDialog::getText(m_owner, title, prompt, QLineEdit::Normal, value);
+}
+
+void DesktopDialogs::ShowOpen(FileDialog& dialog)
+{
+    const QString path =
+        QFileDialog::getOpenFileName(m_owner, QCoreApplication::translate("Dialogs", "Open"), dialog.fileName, FilterOf(dialog));
+    if (path.isEmpty())
+        throw RuntimeError(kErrCancelled);
+    dialog.fileName = path;
+}
+
+void DesktopDialogs::ShowSave(FileDialog& dialog)
+{
+    // The caller asks about an existing file in its own words.
+    QFileDialog window(m_owner, QCoreApplication::translate("Dialogs", "Save As"), dialog.fileName, FilterOf(dialog));
+    window.setAcceptMode(QFileDialog::AcceptSave);
+    window.setOption(QFileDialog::DontConfirmOverwrite);
+    window.setDefaultSuffix(Ending(dialog));
+    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
+        throw RuntimeError(kErrCancelled);
+    dialog.fileName = window.selectedFiles().constFirst();
+}
+
+QString DesktopDialogs::BrowseForFolder(const QString& title)
+{
+    return QFileDialog::getExistingDirectory(m_owner, title);
+}
+
+QString DesktopDialogs::AskFieldEdit(const QString& value, qsizetype size, const QString& column)
+{
+    if (m_owner && (m_owner->isMinimized() || !m_owner->isVisible())) {
+        m_owner->showNormal();
+        m_owner->raise();
+        m_owner->activateWindow();
+    }
+    fLengthEdit dialog(value, size, column, m_owner);
+    return dialog.exec() == QDialog::Accepted ? dialog.Text() : QString();
+}
+
+void DesktopEvents::ServeEvents()
+{
+    QCoreApplication::processEvents();
+}
+
+void DesktopEvents::Pause(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+qint64 DesktopClock::Ticks() const
+{
+    QElapsedTimer timer;
+    timer.start();
+    return timer.msecsSinceReference();
+}
+
+} // namespace kelvado

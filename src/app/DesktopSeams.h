@@ -1,0 +1,44 @@
+#pragma once
+
+#include "core/Clock.h"
+#include "core/Dialogs.h"
+#include "core/Events.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace kelvado {
+
+/// Questions asked in real windows, above `owner` once that is set.
+class DesktopDialogs : public Dialogs
+{
+public:
+    void SetOwner(QWidget* owner) { m_owner = owner; }
+
+    using Dialogs::MessageBox;
+    int MessageBox(const QString& text, int type, const QString& title) override;
+    QString InputBox(const QString& prompt, const QString& title, const QString& value) override;
+    void ShowOpen(FileDialog& dialog) override;
+    void ShowSave(FileDialog& dialog) override;
+    QString BrowseForFolder(const QString& title) override;
+    QString AskFieldEdit(const QString& value, qsizetype size, const QString& column) override;
+
+private:
+    QPointer<QWidget> m_owner;
+};
+
+class DesktopEvents : public Events
+{
+public:
+    void ServeEvents() override;
+    void Pause(int milliseconds) override;
+};
+
+class DesktopClock : public Clock
+{
+public:
+    QDateTime Now() const override { return QDateTime::currentDateTime(); }
+    qint64 Ticks() const override;
+};
+
+} // namespace kelvado

@@ -1,0 +1,630 @@
+#include "app/Form1.h"
+
+#include "app/mMenuOptions.h"
+#include "browse/SelectionMenus.h"
+#include "core/Paths.h"
+#include "core/Profile.h"
+#include "core/RuntimeError.h"
+#include "core/WindowLayout.h"
+#include "render/forms/frmPageView.h"
+#include "ui/SkinPictures.h"
+#include "ui/frmAbout.h"
+#include "ui_Form1.h"
+
+#include <QCloseEvent>
+#include <QCursor>
+#include <QDesktopServices>
+#include <QDir>
+#include <QMenu>
+#include <QTimer>
+
+namespace kelvado {
+
+namespace {
+
+struct ToolButton
+{
+    const char* key; ///< empty for a separator
+    const char* caption;
+    const char* toolTip;
+};
+
+constexpr ToolButton kToolButtons[] = {
+    {"Back", "Back", "Back"},
+    {"Forward", "Forward", "Forward"},
+    {"", "", ""},
+    {"New", "", "Create a new File..."},
+    {"Open", "", "Open an existing file ..."},
+    {"Save", "", "Save existing file in different location..."},
+    {"Print", "", "Print movie list..."},
+    {"", "", ""},
+    {"Refresh", "", "Refresh"},
+    {"AddFilter", "", "Add a new filter..."},
+    {"Delete", "", "Delete Selected Film..."},
+    {"", "", ""},
+    {"AddIMDb", "", "Add a movie from IMDb..."},
+    {"AddDVDEmp", "", "Add a movie from DVD Empire..."},
+    {"AddManual", "", "Manually enter a movie..."},
+};
+
+// Buttons that do what a menu entry does.
+struct ButtonEntry
+{
+    const char* key;
+    const char* entry;
+};
+constexpr ButtonEntry kButtonEntries[] = {
+    {"New", "mnuNew"},           {"Open", "mnuFileOpen"},        {"Save", "mnuFileSaveAs"}, {"Refresh", "mnuViewRefresh"},
+    {"Print", "MnuPrint"},       {"AddFilter", "mnuAddFilter"},  {"Delete", "mnuDeleteE"},  {"AddIMDb", "mnuImdb"},
+    {"AddDVDEmp", "mnuisonews"}, {"AddManual", "mnuManualEntry"}};
+
+constexpr int kStateMaximised = 2;
+constexpr int kTreeMargin = 1;
+
+QString Setting(const char* key)
+{
+    return ReadProfileValue(QStringLiteral("Settings"), QString::fromLatin1(key), SettingsFile());
+}
+
+} // namespace
+
+Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
+    : QMainWindow(parent), m_ui([this] {
+          auto ui = std::make_unique<Ui::Form1>();
+          ui->setupUi(this);
+          return ui;
+      }()),
+      m_dialogs(dialogs), m_events(events), m_menus(*this), m_tree({m_state, m_menus, events, *this, m_model}),
+      m_catalogFile(m_state, dialogs, *this), m_sections(m_state, dialogs, *this), m_pages(m_state, dialogs, *this, *this),
+      m_messages(*this, m_pages), m_pageView(new frmPageView(m_ui->PicForm))
+{
+    setWindowTitle(QStringLiteral("%1 %2 (Beta)").arg(frmAbout::ProductName(), frmAbout::Version()));
+    setWindowIcon(QIcon(AppPath() + QStringLiteral("/kelvado.png")));
+    m_ui->picGrabSelect->hide();
+    m_ui->FormScroll->hide();
+    m_ui->panelHost->addWidget(m_pageView);
+    m_pageView->hide();
+    m_ui->TreeView1->setModel(&m_model);
+    ConnectMenus();
+    ConnectControls();
+}
+
+Form1::~Form1()
+{
+    // The model's views go with the form's controls, before the model.
+    m_ui->TreeView1->setModel(nullptr);
+}
+
+void Form1::OnMenu(const char* name, void (Form1::*handler)())
+{
+    connect(&m_menus.Entry(QString::fromLatin1(name)), &QAction::triggered, this, [this, handler] { Guard([&] { (this->*handler)(); }); });
+}
+
+void Form1::ConnectMenus()
+{
+    const auto onFile = [this](const char* name, void (CatalogFile::*handler)()) {
+        connect(&m_menus.Entry(QString::fromLatin1(name)), &QAction::triggered, this,
+                [this, handler] { Guard([&] { (m_catalogFile.*handler)(); }); });
+    };
+    onFile("mnuNew", &CatalogFile::New);
+    onFile("mnuFileOpen", &CatalogFile::Open);
+    onFile("mnuFileSaveAs", &CatalogFile::SaveAs);
+    onFile("mnuFileDefault", &CatalogFile::SetDefault);
+    OnMenu("mnuViewRefresh", &Form1::RefreshCatalogTree);
+    OnMenu("MnuViewNfo", &Form1::ShowNfo);
+    OnMenu("MnuNfoView", &Form1::ShowNfo);
+    OnMenu("mnuHelpAbout", &Form1::ShowAbout);
+    connect(&m_menus.Entry(QStringLiteral("mnuExit")), &QAction::triggered, qApp, &QApplication::closeAllWindows);
+    connect(&m_menus.Entry(QStringLiteral("mnuImdb")), &QAction::triggered, this, [this] { Guard([&] { m_sections.Show(kMovieGrab); }); });
+}
+
+void Form1::ConnectControls()
+{
+    for (const ToolButton& button : kToolButtons) {
+        const QString key = QString::fromLatin1(button.key);
+        m_ui->cToolbar->Add({}, key.isEmpty() ? ctxToolbar::Style::Separator : ctxToolbar::Style::Button, key,
+                            QString::fromLatin1(button.caption), QString::fromLatin1(button.toolTip));
+    }
+    connect(m_ui->cToolbar, &ctxToolbar::ButtonClick, this, [this](const QString& key) { Guard([&] { OnButton(key); }); });
+    connect(m_ui->picTabs, &SectionTabRow::TabClick, this, [this](const QString& section) { Guard([&] { m_sections.Show(section); }); });
+    connect(m_ui->picSplitter, &PaneSplitter::Moved, this, &Form1::LayOutPanes);
+    connect(m_ui->TreeView1, &CatalogTreeView::NodeClick, this, [this] { Guard([&] { OnNodeClick(); }); });
+    connect(m_ui->TreeView1, &CatalogTreeView::MouseDown, this, [this] { Guard([&] { UpdateSelectionMenus(); }); });
+    connect(m_ui->TreeView1, &QTreeView::expanded, this, [this](const QModelIndex& node) { Guard([&] { OnExpand(node); }); });
+    connect(m_ui->TreeView1, &CatalogTreeView::MenuRequested, this, [this](const QPoint& place) {
+        Guard([&] {
+            UpdateSelectionMenus();
+            m_menus.Menu(QStringLiteral("mnuTreeview")).popup(place);
+        });
+    });
+    connect(m_ui->PicStatusBar, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& place) { m_menus.Menu(QStringLiteral("mnuStatus")).popup(m_ui->PicStatusBar->mapToGlobal(place)); });
+    connect(m_pageView, &frmPageView::Clicked, this, [this](const PageClick& click) { Guard([&] { m_messages.OnClick(click); }); });
+    connect(m_pageView, &frmPageView::ContextMenu, this, [this] { Guard([&] { m_messages.OnContextMenu(); }); });
+    connect(&m_tray, &TrayIcon::Message, this, &Form1::OnTray);
+}
+
+// --- Start ---------------------------------------------------------------------------------------------------------------------------
+
+void Form1::PaintBySkin()
+{
+    m_skinner.ApplySkin(m_state.skin);
+}
+
+void Form1::LoadToolRow()
+{
+    const qreal scale = devicePixelRatioF();
+    for (const ToolButton& button : kToolButtons) {
+        const QString key = QString::fromLatin1(button.key);
+        if (key.isEmpty())
+            continue;
+        const auto load = [&](const char* ending) {
+            return LoadSkinPicture(m_state.skin, QStringLiteral("Toolbar/") + key + QLatin1StringView(ending), scale);
+        };
+        m_ui->cToolbar->SetPictures(key, {load(".png"), load("-over.png"), load("-down.png"), load("-disabled.png")});
+    }
+    m_ui->cToolbar->SetSelectionColor(m_skinner.Values().progressFront);
+    m_ui->picTabs->LoadEnds(m_state.skin);
+    m_ui->Working->Load(AppPath());
+    std::array<QIcon, CatalogModel::kImages + 1> images;
+    for (int i = 1; i <= CatalogModel::kImages; ++i)
+        images[static_cast<std::size_t>(i)] = QIcon(LoadSkinPicture(m_state.skin, QStringLiteral("Tree/%1.png").arg(i), scale));
+    m_model.SetImages(std::move(images));
+}
+
+void Form1::LayOutAtStart()
+{
+    const cOptDisplay& display = m_state.gOptions->Display;
+    if (display.WindowState == kStateMaximised)
+        setWindowState(Qt::WindowMaximized);
+    ensurePolished();
+    m_ui->picSplitter->SetTag(SplitterPercent(display.LeftPane, width() * kTwipsPerPixel));
+    show();
+}
+
+void Form1::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!m_state.Activated && m_state.gOptions)
+        QTimer::singleShot(0, this, [this] {
+            if (!m_state.Activated)
+                Guard([&] { OnFirstActivation(); });
+            Q_EMIT Ready();
+        });
+}
+
+void Form1::OnFirstActivation()
+{
+    m_sections.Show(kMovieList);
+    m_state.Activated = true;
+    PaintBySkin();
+    LayOutPanes();
+    m_state.ComDiag.fileName.clear();
+    // The browser inside the page view is costly to make: the window is drawn and the tree filled first.
+    const struct Last
+    {
+        Form1& form;
+        ~Last()
+        {
+            form.m_menus.SetEnabled(QStringLiteral("mnuExportWebWizard"), -1, false);
+            QTimer::singleShot(0, form.m_pageView, &frmPageView::CreateBrowser);
+        }
+    } last{*this};
+    ApplyTray();
+    OpenDefaultCatalog();
+}
+
+void Form1::OpenDefaultCatalog()
+{
+    const QString catalog = Setting("Default");
+    if (catalog.isEmpty())
+        return;
+    if (!QFileInfo(catalog).isFile()) {
+        m_state.CatalogOpen = false;
+        m_state.comDiagFile.fileName.clear();
+        return;
+    }
+    m_state.comDiagFile.fileName = catalog;
+    m_state.CatalogOpen = true;
+    ApplyMenuRules();
+    RefreshCatalogTree();
+}
+
+// --- Layout --------------------------------------------------------------------------------------------------------------------------
+
+void Form1::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    if (!isMinimized())
+        m_lastWindowState = windowState() & Qt::WindowMaximized;
+    if (!isMinimized() && m_state.gOptions)
+        QTimer::singleShot(0, this, &Form1::LayOutPanes);
+}
+
+void Form1::LayOutPanes()
+{
+    const QWidget& area = *m_ui->picPanes;
+    const PaneLayout panes =
+        kelvado::LayOutPanes(m_ui->picSplitter->Tag(), area.width() * kTwipsPerPixel, 0, m_ui->picSplitter->width() * kTwipsPerPixel);
+    const auto pixels = [](int twips) { return twips / kTwipsPerPixel; };
+    m_ui->picLeftPane->setGeometry(0, 0, pixels(panes.leftWidth), area.height());
+    m_ui->picSplitter->setGeometry(pixels(panes.splitterLeft), 0, m_ui->picSplitter->width(), area.height());
+    m_ui->picRightPane->setGeometry(pixels(panes.rightLeft), 0, pixels(panes.rightWidth), area.height());
+    // The tree's border falls outside its pane.
+    m_ui->TreeView1->setGeometry(-kTreeMargin, -kTreeMargin, m_ui->picLeftPane->width() + 2 * kTreeMargin, area.height() + 2 * kTreeMargin);
+}
+
+// --- Shell ---------------------------------------------------------------------------------------------------------------------------
+
+void Form1::RefreshCatalogTree()
+{
+    // Events are served while the tree fills; a second fill out of one of them would work on half a tree.
+    if (m_filling)
+        return;
+    const struct Filling
+    {
+        Form1& form;
+        explicit Filling(Form1& f) : form(f)
+        {
+            form.m_filling = true;
+            form.m_ui->TreeView1->hide();
+            form.ShowWorking(true);
+        }
+        ~Filling()
+        {
+            form.m_filling = false;
+            form.m_ui->TreeView1->show();
+            form.ShowWorking(false);
+            if (form.m_closeAsked)
+                QTimer::singleShot(0, &form, &QWidget::close);
+        }
+    } filling(*this);
+    m_events.ServeEvents();
+    m_model.Clear();
+    m_events.ServeEvents();
+    const bool skinTree = m_state.gOptions->Display.SkinTree == 1;
+    m_model.SetColors(skinTree ? m_skinner.Values().treeItemText : QColor(), skinTree ? m_skinner.Values().treeItemBack : QColor());
+    const auto showGroups = [&] {
+        for (int group = 0; m_tree.GroupsExpanded() && group < m_model.GroupCount(); ++group)
+            m_ui->TreeView1->expand(m_model.index(group, 0));
+    };
+    try {
+        m_tree.FillTree();
+    } catch (const RuntimeError&) {
+        showGroups();
+        throw;
+    }
+    showGroups();
+}
+
+void Form1::ShowSelection()
+{
+    const std::optional<NodeRef> node = SelectedNode();
+    if (!node)
+        return;
+    if (node->tag == kTagActor)
+        m_ui->ID->setText(KeyPart(node->key, 1));
+    else if (node->tag == kTagFilm)
+        m_ui->ID->setText(KeyPart(node->key, 0));
+    if (m_state.CurrentSection == kMovieList) {
+        if (node->tag == kTagFilm)
+            m_pages.ShowFilmPage();
+        else if (node->tag == kTagGroup)
+            Navigate({});
+    } else if (m_state.CurrentSection == kActorInfo) {
+        if (node->tag == kTagFilm)
+            m_sections.Show(kMovieEdit);
+        else if (node->tag == kTagActor)
+            LoadPerson(ToLong(KeyPart(node->key, 1)));
+    } else if (m_state.CurrentSection == kMovieEdit && node->tag != kTagGroup) {
+        if (FilmHasChanges())
+            SaveFilm(ToLong(FilmId()));
+        if (node->tag == kTagActor)
+            m_sections.Show(kActorInfo);
+        else
+            LoadFilm(KeyPart(node->key, 0));
+    }
+}
+
+void Form1::ApplyMenuRules()
+{
+    kelvado::ApplyMenuRules(m_state.CatalogOpen, m_menus, [this](const QString& key, bool enabled) { EnableButton(key, enabled); });
+}
+
+void Form1::PushHistory(const QString& key, const QString& section, const QString& page)
+{
+    m_state.history.Push(key, section, page);
+    EnableButton(QStringLiteral("Back"), true);
+}
+
+void Form1::UpdateStatus(bool) {}
+
+void Form1::ShowWorking(bool busy)
+{
+    m_ui->Working->SetBusy(busy);
+}
+
+void Form1::ShowProgress(int percent)
+{
+    m_ui->ProgressMain->setValue(percent);
+}
+
+void Form1::EnableMainWindow(bool enabled)
+{
+    setEnabled(enabled);
+}
+
+void Form1::RetitleSelectedNode(const QString& title)
+{
+    m_model.SetFilmTitle(m_ui->TreeView1->Selected(), title);
+}
+
+void Form1::RekeySelectedNode(qint64 movieId)
+{
+    const QModelIndex node = m_ui->TreeView1->Selected();
+    const QStringList keys = m_tree.FilmNodeKeys(QString::number(movieId));
+    if (!node.isValid() || keys.isEmpty() || keys.contains(m_model.Key(node), Qt::CaseInsensitive))
+        return;
+    m_model.SetFilmValue(node, keys.constFirst().section(u'\n', 1).chopped(1));
+}
+
+// --- Sections and pages --------------------------------------------------------------------------------------------------------------
+
+std::optional<NodeRef> Form1::SelectedNode() const
+{
+    const QModelIndex node = m_ui->TreeView1->Selected();
+    if (!node.isValid())
+        return std::nullopt;
+    return NodeRef{m_model.Key(node), m_model.Tag(node)};
+}
+
+QString Form1::SelectedKey() const
+{
+    const std::optional<NodeRef> node = SelectedNode();
+    if (!node)
+        throw RuntimeError(kErrObjectNotSet);
+    return node->key;
+}
+
+void Form1::SelectNode(const QString& key)
+{
+    const QModelIndex node = m_model.Find(key);
+    if (!node.isValid())
+        throw RuntimeError(kErrElementNotFound);
+    m_ui->TreeView1->SelectSilently(node);
+}
+
+void Form1::EnableTree(bool enabled)
+{
+    m_ui->TreeView1->setEnabled(enabled);
+}
+
+void Form1::LoadTabPictures(const TabPictures& pictures)
+{
+    m_ui->picTabs->LoadPictures(m_state.skin, pictures);
+}
+
+void Form1::ShowPanel(QWidget* panel)
+{
+    m_ui->picGrabSelect->setVisible(m_state.CurrentSection == kMovieGrab);
+    m_pageView->setVisible(panel == m_pageView);
+    m_ui->FormScroll->setVisible(panel == m_ui->FormScroll);
+}
+
+void Form1::ShowPageView()
+{
+    ShowPanel(m_pageView);
+}
+
+void Form1::Navigate(const QString& path)
+{
+    m_pageView->Navigate(path.isEmpty() ? QStringLiteral("about:blank") : path);
+}
+
+void Form1::ShowAddPanel()
+{
+    ShowPanel(nullptr);
+}
+
+void Form1::ShowFilmPanel()
+{
+    ShowPanel(m_ui->FormScroll);
+}
+
+void Form1::ShowPersonPanel()
+{
+    ShowPanel(m_ui->FormScroll);
+}
+
+void Form1::EnableButton(const QString& key, bool enabled)
+{
+    const int index = m_ui->cToolbar->ButtonIndex(key);
+    m_ui->cToolbar->SetButtonEnabled(index, enabled);
+}
+
+void Form1::ShowFilmMenu()
+{
+    UpdateSelectionMenus();
+    PopupMenuAtCursor();
+}
+
+void Form1::PopupMenuAtCursor()
+{
+    m_menus.Menu(QStringLiteral("mnuTreeview")).popup(QCursor::pos());
+}
+
+void Form1::OpenOutside(const QUrl& address)
+{
+    QDesktopServices::openUrl(address);
+}
+
+// --- Handlers ------------------------------------------------------------------------------------------------------------------------
+
+void Form1::OnButton(const QString& key)
+{
+    if (key == u"Back")
+        return GoBack();
+    if (key == u"Forward")
+        return GoForward();
+    for (const ButtonEntry& button : kButtonEntries) {
+        if (key == QLatin1StringView(button.key))
+            m_menus.Entry(QString::fromLatin1(button.entry)).trigger();
+    }
+}
+
+void Form1::GoBack()
+{
+    m_sections.GoBack();
+}
+
+void Form1::GoForward()
+{
+    m_sections.GoForward();
+}
+
+void Form1::OnNodeClick()
+{
+    if (m_filling || m_tree.Expanding())
+        return;
+    UpdateSelectionMenus();
+    ShowSelection();
+}
+
+void Form1::OnExpand(const QModelIndex& node)
+{
+    if (m_filling || m_tree.Expanding() || m_model.Tag(node) != kTagFilm)
+        return;
+    QTreeView& view = *m_ui->TreeView1;
+    const QPersistentModelIndex film = node;
+    const struct Expanding
+    {
+        QTreeView& view;
+        const QPersistentModelIndex& film;
+        ~Expanding()
+        {
+            // Taking the children away folds the node again.
+            if (film.isValid())
+                view.expand(film);
+            view.setUpdatesEnabled(true);
+            view.setFocus();
+        }
+    } expanding{view, film};
+    view.setUpdatesEnabled(false);
+    m_tree.ExpandFilmNode(film);
+}
+
+void Form1::UpdateSelectionMenus()
+{
+    if (m_filling)
+        return;
+    for (const MenuRule& rule : SelectionRules(SelectedNode(), m_state.CatalogPath())) {
+        switch (rule.effect) {
+        case MenuRule::Effect::Enable:
+            m_menus.SetEnabled(rule.name, -1, rule.on);
+            break;
+        case MenuRule::Effect::Show:
+            m_menus.SetVisible(rule.name, -1, rule.on);
+            break;
+        case MenuRule::Effect::Button:
+            EnableButton(rule.name, rule.on);
+            break;
+        }
+    }
+}
+
+void Form1::ShowNfo()
+{
+    m_pages.ShowNfoPage();
+}
+
+void Form1::ShowAbout()
+{
+    auto* about = new frmAbout(this);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->show();
+    about->setFocus();
+}
+
+// --- Tray and end --------------------------------------------------------------------------------------------------------------------
+
+void Form1::ApplyTray()
+{
+    const cOptDisplay& display = m_state.gOptions->Display;
+    m_tray.SetIcon(windowIcon());
+    m_tray.SetTipText(windowTitle());
+    if (display.AlwaysInTray == 1 && TrayIcon::IsAvailable())
+        m_tray.ShowTrayIcon();
+}
+
+void Form1::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange || !m_state.gOptions)
+        return;
+    if (!isMinimized()) {
+        m_lastWindowState = windowState() & Qt::WindowMaximized;
+        return;
+    }
+    // Only where there is a tray to come back from.
+    if (m_state.gOptions->Display.InSysTray == 1 && TrayIcon::IsAvailable()) {
+        m_tray.ShowTrayIcon();
+        QTimer::singleShot(0, this, &QWidget::hide);
+    }
+}
+
+void Form1::OnTray(int message)
+{
+    const cOptDisplay& display = m_state.gOptions->Display;
+    if (display.InSysTray != 1 && display.AlwaysInTray != 1)
+        return;
+    switch (message) {
+    case kTrayLeftDown:
+        if (!isMinimized())
+            show();
+        break;
+    case kTrayDoubleClick:
+        RestoreWindow();
+        break;
+    case kTrayRightDown:
+        m_menus.Menu(QStringLiteral("mnuFile")).exec(QCursor::pos());
+        RestoreWindow();
+        break;
+    default:
+        break;
+    }
+}
+
+void Form1::RestoreWindow()
+{
+    if (m_saved)
+        return;
+    setWindowState(m_lastWindowState);
+    show();
+    raise();
+    activateWindow();
+}
+
+void Form1::SaveSettings()
+{
+    if (m_saved || !m_state.gOptions)
+        return;
+    m_saved = true;
+    WriteProfileValue(QStringLiteral("Settings"), QStringLiteral("Skin"), m_state.skin, SettingsFile());
+    m_tray.HideTrayIcon();
+    m_state.gOptions->Save();
+}
+
+void Form1::closeEvent(QCloseEvent* event)
+{
+    // A job that serves events is still at work in this window: close when it is done.
+    if (m_filling || m_tree.Expanding()) {
+        m_closeAsked = true;
+        event->ignore();
+        return;
+    }
+    SaveSettings();
+    QMainWindow::closeEvent(event);
+    qApp->quit();
+}
+
+} // namespace kelvado

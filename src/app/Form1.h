@@ -1,0 +1,146 @@
+#pragma once
+
+#include "app/DesktopSeams.h"
+#include "app/Guard.h"
+#include "app/Menus.h"
+#include "browse/CatalogModel.h"
+#include "browse/Tree.h"
+#include "core/AppState.h"
+#include "core/CatalogFile.h"
+#include "core/SectionTabs.h"
+#include "core/Shell.h"
+#include "render/PageHost.h"
+#include "render/PageMessages.h"
+#include "render/Pages.h"
+#include "ui/Skinner.h"
+#include "ui/TrayIcon.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+namespace Ui {
+class Form1;
+}
+
+namespace kelvado {
+
+class frmPageView;
+
+/// The main window: it owns the process-wide state and the panels, and turns what the user does into calls of the logic.
+class Form1 : public QMainWindow, public Shell, public SectionHost, public PageHost
+{
+    Q_OBJECT
+public:
+    /// `dialogs` and `events` outlive the window.
+    Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent = nullptr);
+    ~Form1() override;
+
+    AppState& State() { return m_state; }
+    Menus& MenuBar() { return m_menus; }
+    kelvado::Events& Events() { return m_events; }
+    frmPageView& PageView() { return *m_pageView; }
+    CatalogModel& Catalog() { return m_model; }
+
+    // What the start needs, in the order of its use.
+    void PaintBySkin();
+    void LoadToolRow();
+    /// Window state, pane widths; shows the window.
+    void LayOutAtStart();
+
+    // Shell
+    void RefreshCatalogTree() override;
+    void ShowSelection() override;
+    void ApplyMenuRules() override;
+    void PushHistory(const QString& key, const QString& section, const QString& page) override;
+    void UpdateStatus(bool recount) override;
+    void ShowWorking(bool busy) override;
+    void ShowProgress(int percent) override;
+    void EnableMainWindow(bool enabled) override;
+    void RetitleSelectedNode(const QString& title) override;
+    void RekeySelectedNode(qint64 movieId) override;
+
+    // SectionHost
+    bool PersonHasChanges() const override { return false; }
+    QString PersonName() const override { return {}; }
+    void SavePerson() override {}
+    bool FilmHasChanges() const override { return false; }
+    QString FilmTitle() const override { return {}; }
+    QString FilmId() const override { return {}; }
+    void SaveFilm(qint32) override {}
+    std::optional<NodeRef> SelectedNode() const override;
+    void SelectNode(const QString& key) override;
+    void EnableTree(bool enabled) override;
+    void LoadTabPictures(const TabPictures& pictures) override;
+    void ShowPageView() override;
+    void Navigate(const QString& path) override;
+    void ShowAddPanel() override;
+    void ShowFilmPanel() override;
+    void LoadFilm(const QString&) override {}
+    void ShowPersonPanel() override;
+    void LoadPerson(qint32) override {}
+    void EnableButton(const QString& key, bool enabled) override;
+
+    // PageHost
+    QString SelectedKey() const override;
+    void ShowFilmMenu() override;
+    void PopupMenuAtCursor() override;
+    void OpenOutside(const QUrl& address) override;
+
+Q_SIGNALS:
+    /// The first activation is done: the default catalog is open, or none is.
+    void Ready();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void ConnectMenus();
+    void ConnectControls();
+    void OnMenu(const char* name, void (Form1::*handler)());
+    void OnFirstActivation();
+    void OpenDefaultCatalog();
+    void OnButton(const QString& key);
+    void OnNodeClick();
+    void OnExpand(const QModelIndex& node);
+    void UpdateSelectionMenus();
+    void LayOutPanes();
+    void OnTray(int message);
+    void ApplyTray();
+    void RestoreWindow();
+    void SaveSettings();
+    void ShowPanel(QWidget* panel);
+    void ShowAbout();
+    void ShowNfo();
+    void GoBack();
+    void GoForward();
+    template<typename Handler>
+    void Guard(Handler&& handler)
+    {
+        Guarded(m_dialogs, std::forward<Handler>(handler));
+    }
+
+    std::unique_ptr<Ui::Form1> m_ui;
+    AppState m_state;
+    Dialogs& m_dialogs;
+    kelvado::Events& m_events;
+    Menus m_menus;
+    Skinner m_skinner;
+    TrayIcon m_tray;
+    CatalogModel m_model;
+    Tree m_tree;
+    CatalogFile m_catalogFile;
+    SectionTabs m_sections;
+    Pages m_pages;
+    PageMessages m_messages;
+    frmPageView* m_pageView;
+    Qt::WindowStates m_lastWindowState = Qt::WindowNoState; ///< normal or maximised, for the way back from the tray
+    bool m_filling = false;
+    bool m_closeAsked = false;
+    bool m_saved = false;
+};
+
+} // namespace kelvado

@@ -1,0 +1,66 @@
+#include "app/Menus.h"
+
+#include "core/RuntimeError.h"
+
+#include <QMainWindow>
+#include <QMenu>
+
+namespace kelvado {
+
+Menus::Menus(QMainWindow& window)
+{
+    for (QAction* action : window.findChildren<QAction*>())
+        if (!action->objectName().isEmpty())
+            m_entries.insert(action->objectName(), action);
+    for (QMenu* menu : window.findChildren<QMenu*>()) {
+        m_menus.insert(menu->objectName(), menu);
+        m_entries.insert(menu->objectName(), menu->menuAction());
+    }
+}
+
+QAction* Menus::Find(const QString& menu, int index) const
+{
+    return m_entries.value(index < 0 ? menu : menu + u'_' + QString::number(index));
+}
+
+void Menus::SetChecked(const QString& menu, int index, bool checked)
+{
+    if (QAction* entry = Find(menu, index))
+        entry->setChecked(checked);
+}
+
+bool Menus::IsChecked(const QString& menu, int index) const
+{
+    const QAction* entry = Find(menu, index);
+    return entry && entry->isChecked();
+}
+
+void Menus::SetEnabled(const QString& menu, int index, bool enabled)
+{
+    if (QAction* entry = Find(menu, index))
+        entry->setEnabled(enabled);
+}
+
+void Menus::SetVisible(const QString& menu, int index, bool visible)
+{
+    if (QAction* entry = Find(menu, index))
+        entry->setVisible(visible);
+}
+
+QAction& Menus::Entry(const QString& menu, int index) const
+{
+    QAction* entry = Find(menu, index);
+    if (!entry)
+        throw RuntimeError::WithDetail(kErrSubscript, menu);
+    return *entry;
+}
+
+QMenu& Menus::Menu(const QString& name) const
+{
+    QMenu* menu = m_menus.value(name);
+    if (!menu)
+        throw RuntimeError::WithDetail(kErrSubscript, name);
+    return *menu;
+}
+
+} // namespace kelvado

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/MenuMarks.h"
+
+#include <QAction>
+#include <QHash>
+
+class QMainWindow;
+class QMenu;
+
+namespace kelvado {
+
+/// The entries of a window's menus by name. An entry of a menu array is an action named `menu_index`.
+class Menus : public MenuMarks
+{
+public:
+    /// Takes all actions and menus that `window` has now.
+    explicit Menus(QMainWindow& window);
+
+    void SetChecked(const QString& menu, int index, bool checked) override;
+    bool IsChecked(const QString& menu, int index) const override;
+    void SetEnabled(const QString& menu, int index, bool enabled) override;
+    void SetVisible(const QString& menu, int index, bool visible);
+
+    /// The entry, or the action of a menu of that name. Raises 9 where there is none.
+    QAction& Entry(const QString& menu, int index = -1) const;
+    /// Raises 9 where there is none.
+    QMenu& Menu(const QString& name) const;
+
+private:
+    QAction* Find(const QString& menu, int index) const;
+
+    QHash<QString, QAction*> m_entries;
+    QHash<QString, QMenu*> m_menus;
+};
+
+} // namespace kelvado

@@ -1,0 +1,32 @@
+#include "app/DesktopSeams.h"
+#include "app/Form1.h"
+#include "app/Guard.h"
+#include "app/hMain.h"
+#include "core/Paths.h"
+#include "render/forms/PageEngine.h"
+#include "ui/frmAbout.h"
+
+#include <QApplication>
+#include <QDir>
+
+int main(int argc, char** argv)
+{
+    using namespace kelvado;
+    PreparePageEngine();
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(frmAbout::ProductName());
+    QApplication::setApplicationVersion(frmAbout::Version());
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    DesktopDialogs dialogs;
+    DesktopEvents events;
+    try {
+        QDir().mkpath(TempFolder());
+        Form1 window(dialogs, events);
+        dialogs.SetOwner(&window);
+        LoaderMain(window, QApplication::arguments().mid(1));
+        return QApplication::exec();
+    } catch (const RuntimeError& error) {
+        ReportError(dialogs, error);
+        return 1;
+    }
+}

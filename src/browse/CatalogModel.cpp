@@ -1,0 +1,265 @@
+#include "browse/CatalogModel.h"
+
+#include "core/NodeKey.h"
+
+#include <QFont>
+
+namespace kelvado {
+
+namespace {
+
+bool SameValue(QStringView a, QStringView b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+int TreeContent::AddGroup(const QString& value, const QString& text, int image)
+{
+    groups.push_back({value, text, image, {}});
+    return static_cast<int>(groups.size()) - 1;
+}
+
+void TreeContent::AddFilm(TreeFilm film, int group)
+{
+    TreeGroup& home = groups[static_cast<std::size_t>(group)];
+    film.group = group;
+    film.row = static_cast<int>(home.films.size());
+    home.films.push_back(static_cast<int>(films.size()));
+    films.push_back(std::move(film));
+}
+
+void CatalogModel::SetContent(TreeContent content)
+{
+    beginResetModel();
+    m_content = std::move(content);
+    m_casts.clear();
+    m_filmsById.clear();
+    endResetModel();
+}
+
+void CatalogModel::SetCast(const QModelIndex& film, std::vector<TreeActor> cast)
+{
+    if (!film.isValid() || KindOf(film) != Kind::Film)
+        return;
+    const int number = NumberOf(film);
+    const int old = rowCount(film);
+    if (old > 0) {
+        beginRemoveRows(film, 0, old - 1);
+        m_casts.insert(number, {});
+        endRemoveRows();
+    }
+    if (!cast.empty()) {
+        beginInsertRows(film, 0, static_cast<int>(cast.size()) - 1);
+        m_casts.insert(number, std::move(cast));
+        endInsertRows();
+    }
+}
+
+void CatalogModel::SetColors(const QColor& text, const QColor& back)
+{
+    m_textColor = text;
+    m_backColor = back;
+    if (GroupCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(GroupCount() - 1, 0));
+}
+
+void CatalogModel::SetImages(std::array<QIcon, kImages + 1> images)
+{
+    m_images = std::move(images);
+    if (GroupCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(GroupCount() - 1, 0));
+}
+
+QModelIndex CatalogModel::Find(const QString& key) const
+{
+    if (key.size() < 2)
+        return {};
+    if (!key.contains(u'\n')) {
+        const QStringView value = QStringView(key).sliced(1, key.size() - 2);
+        for (int i = 0; i < GroupCount(); ++i) {
+            if (SameValue(m_content.groups[static_cast<std::size_t>(i)].value, value))
+                return Make(i, Kind::Group, i);
+        }
+        return {};
+    }
+    if (m_filmsById.isEmpty()) {
+        m_filmsById.reserve(static_cast<qsizetype>(m_content.films.size()));
+        for (std::size_t i = 0; i < m_content.films.size(); ++i)
+            m_filmsById.insert(m_content.films[i].id, static_cast<int>(i));
+    }
+    const QString second = key.section(u'\n', 1).chopped(1);
+    const QList<int> films = m_filmsById.values(KeyPart(key, 0).toLongLong());
+    for (const int film : films) {
+        if (SameValue(m_content.films[static_cast<std::size_t>(film)].value, second))
+            return IndexOfFilm(film);
+    }
+    for (const int film : films) {
+        const auto cast = m_casts.constFind(film);
+        for (std::size_t i = 0; cast != m_casts.cend() && i < cast->size(); ++i) {
+            const QModelIndex actor = Make(static_cast<int>(i), Kind::Actor, film);
+            if (SameValue(KeyOf(actor), key))
+                return actor;
+        }
+    }
+    return {};
+}
+
+void CatalogModel::SetFilmTitle(const QModelIndex& film, const QString& title)
+{
+    if (!film.isValid() || KindOf(film) != Kind::Film)
+        return;
+    m_content.films[static_cast<std::size_t>(NumberOf(film))].title = title;
+    Q_EMIT dataChanged(film, film);
+}
+
+void CatalogModel::SetFilmValue(const QModelIndex& film, const QString& value)
+{
+    if (!film.isValid() || KindOf(film) != Kind::Film)
+        return;
+    m_content.films[static_cast<std::size_t>(NumberOf(film))].value = value;
+    Q_EMIT dataChanged(film, film);
+}
+
+QModelIndex CatalogModel::Make(int row, Kind kind, int number) const
+{
+    return createIndex(row, 0, (static_cast<quintptr>(number) << 2) | static_cast<quintptr>(kind));
+}
+
+QModelIndex CatalogModel::IndexOfFilm(int film) const
+{
+    return Make(m_content.films[static_cast<std::size_t>(film)].row, Kind::Film, film);
+}
+
+QModelIndex CatalogModel::index(int row, int column, const QModelIndex& parent) const
+{
+    if (row < 0 || column != 0 || row >= rowCount(parent))
+        return {};
+    if (!parent.isValid())
+        return Make(row, Kind::Group, row);
+    const int number = NumberOf(parent);
+    if (KindOf(parent) == Kind::Group)
+        return Make(row, Kind::Film, m_content.groups[static_cast<std::size_t>(number)].films[static_cast<std::size_t>(row)]);
+    return Make(row, m_casts.contains(number) ? Kind::Actor : Kind::Placeholder, number);
+}
+
+QModelIndex CatalogModel::parent(const QModelIndex& child) const
+{
+    if (!child.isValid())
+        return {};
+    switch (KindOf(child)) {
+    case Kind::Group:
+        return {};
+    case Kind::Film: {
+        const int group = m_content.films[static_cast<std::size_t>(NumberOf(child))].group;
+        return Make(group, Kind::Group, group);
+    }
+    default:
+        return IndexOfFilm(NumberOf(child));
+    }
+}
+
+int CatalogModel::rowCount(const QModelIndex& parent) const
+{
+    if (!parent.isValid())
+        return GroupCount();
+    const int number = NumberOf(parent);
+    switch (KindOf(parent)) {
+    case Kind::Group:
+        return static_cast<int>(m_content.groups[static_cast<std::size_t>(number)].films.size());
+    case Kind::Film: {
+        const auto cast = m_casts.constFind(number);
+        return cast == m_casts.cend() ? 1 : static_cast<int>(cast->size());
+    }
+    default:
+        return 0;
+    }
+}
+
+int CatalogModel::columnCount(const QModelIndex&) const
+{
+    return 1;
+}
+
+CatalogModel::Face CatalogModel::FaceOf(const QModelIndex& index) const
+{
+    const auto number = static_cast<std::size_t>(NumberOf(index));
+    switch (KindOf(index)) {
+    case Kind::Group:
+        return {m_content.groups[number].text, m_content.groups[number].image, true};
+    case Kind::Film:
+        return {m_content.films[number].title, m_content.films[number].image, false};
+    case Kind::Placeholder:
+        return {{}, 0, true};
+    case Kind::Actor: {
+        const TreeActor& actor = m_casts.constFind(NumberOf(index))->at(static_cast<std::size_t>(index.row()));
+        return {actor.name, actor.image, false};
+    }
+    }
+    return {};
+}
+
+QString CatalogModel::KeyOf(const QModelIndex& index) const
+{
+    const auto number = static_cast<std::size_t>(NumberOf(index));
+    switch (KindOf(index)) {
+    case Kind::Group:
+        return GroupKey(m_content.groups[number].value);
+    case Kind::Film:
+        return FilmKey(m_content.films[number].id, m_content.films[number].value);
+    case Kind::Placeholder:
+        return {};
+    case Kind::Actor: {
+        const TreeActor& actor = m_casts.constFind(NumberOf(index))->at(static_cast<std::size_t>(index.row()));
+        const qint64 film = m_content.films[number].id;
+        return actor.genre.isNull() ? FilmKey(film, QString::number(actor.id)) : ActorKeyInGenre(film, actor.id, actor.genre);
+    }
+    }
+    return {};
+}
+
+QVariant CatalogModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+        // A title may hold line ends; a row shows one line.
+        return FaceOf(index).text.simplified();
+    case Qt::ToolTipRole:
+        return KindOf(index) == Kind::Film ? FaceOf(index).text.left(1000).toHtmlEscaped() : QVariant();
+    case Qt::DecorationRole: {
+        const int image = FaceOf(index).image;
+        return image > 0 && !m_images[static_cast<std::size_t>(image)].isNull() ? m_images[static_cast<std::size_t>(image)] : QVariant();
+    }
+    case Qt::FontRole:
+        if (FaceOf(index).bold) {
+            QFont font;
+            font.setBold(true);
+            return font;
+        }
+        return {};
+    case Qt::ForegroundRole:
+        return m_textColor.isValid() ? m_textColor : QVariant();
+    case Qt::BackgroundRole:
+        return m_backColor.isValid() ? m_backColor : QVariant();
+    case KeyRole:
+        return KeyOf(index);
+    case TagRole:
+        switch (KindOf(index)) {
+        case Kind::Film:
+            return QString(kTagFilm);
+        case Kind::Actor:
+            return QString(kTagActor);
+        default:
+            return QString(kTagGroup);
+        }
+    case ImageRole:
+        return FaceOf(index).image;
+    default:
+        return {};
+    }
+}
+
+} // namespace kelvado

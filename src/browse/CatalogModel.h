@@ -1,0 +1,116 @@
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QColor>
+#include <QHash>
+#include <QIcon>
+#include <QString>
+
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace kelvado {
+
+/// A group of the first level. `value` is what stands in its key, `text` what is shown.
+struct TreeGroup
+{
+    QString value;
+    QString text;
+    int image = 0; ///< number of the picture, 0 for none
+    std::vector<int> films;
+};
+
+struct TreeFilm
+{
+    qint64 id = 0;
+    QString title;
+    QString value; ///< the second part of its key
+    int group = 0;
+    int row = 0; ///< its place in the group
+    int image = 0;
+};
+
+struct TreeActor
+{
+    qint64 id = 0;
+    QString name;
+    QString genre; ///< third part of the key, where the tree is sorted by genre
+    int image = 0;
+};
+
+/// The groups and films of a tree, in display order.
+struct TreeContent
+{
+    std::vector<TreeGroup> groups;
+    std::vector<TreeFilm> films;
+
+    int AddGroup(const QString& value, const QString& text, int image);
+    void AddFilm(TreeFilm film, int group);
+};
+
+/// The catalog tree over plain data: groups, the films of each, and under a film its cast, which comes later. A film whose cast has not
+/// been fetched has one empty placeholder child, which is what gives it its expand mark.
+class CatalogModel : public QAbstractItemModel
+{
+    Q_OBJECT
+public:
+    enum Role { KeyRole = Qt::UserRole + 1, TagRole, ImageRole };
+    static constexpr int kImages = 13; ///< pictures are numbered from 1
+    static constexpr int kImageGroup = 11;
+    static constexpr int kImageNoFormat = 5;
+    static constexpr int kImagePerson = 6;
+    static constexpr int kImagePersonRetrieved = 7;
+
+    using QAbstractItemModel::QAbstractItemModel;
+
+    void SetContent(TreeContent content);
+    void Clear() { SetContent({}); }
+    /// Puts `cast` under a film in place of all its children. Anything but a film is left alone.
+    void SetCast(const QModelIndex& film, std::vector<TreeActor> cast);
+
+    /// Colours of every node; an invalid colour leaves the view's own.
+    void SetColors(const QColor& text, const QColor& back);
+    void SetImages(std::array<QIcon, kImages + 1> images);
+
+    /// The node with this key, its values compared without regard to case; an invalid index where there is none.
+    QModelIndex Find(const QString& key) const;
+    QString Key(const QModelIndex& index) const { return index.data(KeyRole).toString(); }
+    QString Tag(const QModelIndex& index) const { return index.data(TagRole).toString(); }
+    void SetFilmTitle(const QModelIndex& film, const QString& title);
+    /// Gives a film the second part of its key; it stays where it stands.
+    void SetFilmValue(const QModelIndex& film, const QString& value);
+    int GroupCount() const { return static_cast<int>(m_content.groups.size()); }
+
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& child) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    bool hasChildren(const QModelIndex& parent = {}) const override { return rowCount(parent) > 0; }
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+
+private:
+    enum class Kind : quintptr { Group, Film, Placeholder, Actor };
+    static Kind KindOf(const QModelIndex& index) { return static_cast<Kind>(index.internalId() & 3); }
+    /// Group or film number of a group or film; the film's number of a placeholder or actor.
+    static int NumberOf(const QModelIndex& index) { return static_cast<int>(index.internalId() >> 2); }
+    QModelIndex Make(int row, Kind kind, int number) const;
+    QModelIndex IndexOfFilm(int film) const;
+
+    struct Face
+    {
+        QString text;
+        int image = 0;
+        bool bold = false;
+    };
+    Face FaceOf(const QModelIndex& index) const;
+    QString KeyOf(const QModelIndex& index) const;
+
+    TreeContent m_content;
+    QHash<int, std::vector<TreeActor>> m_casts;  ///< by film
+    mutable QMultiHash<qint64, int> m_filmsById; ///< made at the first search
+    QColor m_textColor, m_backColor;
+    std::array<QIcon, kImages + 1> m_images;
+};
+
+} // namespace kelvado

@@ -1,0 +1,131 @@
+#include "browse/SelectionMenus.h"
+
+#include "core/RuntimeError.h"
+#include "store/Recordset.h"
+
+#include <array>
+
+namespace kelvado {
+
+namespace {
+
+enum class Fact {
+    FilmSelected,
+    HasNfo,
+    IsRequest,
+    IsOwned,
+    CanLend,
+    AtHome,
+    OnLoan,
+    HasShopLink,
+    HasSiteLink,
+    NeedsRetrieval,
+    CanUpdate,
+    ActorSelected,
+    ActorHasLink,
+    CanEdit,
+    Count
+};
+using Facts = std::array<bool, static_cast<std::size_t>(Fact::Count)>;
+
+struct Entry
+{
+    const char* name;
+    MenuRule::Effect effect;
+    Fact fact;
+};
+
+using Effect = MenuRule::Effect;
+constexpr Entry kEntries[] = {
+    {"mnuDelete", Effect::Enable, Fact::FilmSelected},
+    {"mnuDeleteE", Effect::Enable, Fact::FilmSelected},
+    {"Delete", Effect::Button, Fact::FilmSelected},
+    {"MnuNfoView", Effect::Enable, Fact::HasNfo},
+    {"MnuViewNfo", Effect::Enable, Fact::HasNfo},
+    {"MnuMoveMyMovies", Effect::Enable, Fact::IsRequest},
+    {"MnuMoveMyMoviesE", Effect::Enable, Fact::IsRequest},
+    {"MnuMoveMyRequest", Effect::Enable, Fact::IsOwned},
+    {"MnuMoveMyRequestE", Effect::Enable, Fact::IsOwned},
+    {"mnuLoans", Effect::Enable, Fact::CanLend},
+    {"mnuLoansE", Effect::Enable, Fact::CanLend},
+    {"mnuLoanMovie", Effect::Enable, Fact::AtHome},
+    {"mnuLoanMovieE", Effect::Enable, Fact::AtHome},
+    {"mnuLoanReturn", Effect::Enable, Fact::OnLoan},
+    {"mnuLoanReturnE", Effect::Enable, Fact::OnLoan},
+    {"mnuisonewsvisit", Effect::Enable, Fact::HasShopLink},
+    {"mnuIsonewsVisitV", Effect::Enable, Fact::HasShopLink},
+    {"mnuImdbVisit", Effect::Enable, Fact::HasSiteLink},
+    {"mnuImdbVisitV", Effect::Enable, Fact::HasSiteLink},
+    {"mnuMovieRetrieve", Effect::Show, Fact::NeedsRetrieval},
+    {"mnuUpdateMovieInfo", Effect::Show, Fact::CanUpdate},
+    {"mnuActorRetreive", Effect::Show, Fact::ActorSelected},
+    {"mnuActorRetreive", Effect::Enable, Fact::ActorHasLink},
+    {"mnuMovieNightAdd", Effect::Enable, Fact::FilmSelected},
+    {"mnuEdit", Effect::Enable, Fact::CanEdit},
+};
+
+void Set(Facts& facts, Fact fact, bool on)
+{
+    facts[static_cast<std::size_t>(fact)] = on;
+}
+
+void OpenRow(Recordset& row, Connection& connection, const QString& sql, const QString& catalogPath)
+{
+    connection.Open(ConnectionString(catalogPath));
+    row.Open(sql, connection);
+    if (row.Eof())
+        throw RuntimeError(kErrNoCurrentRecord);
+}
+
+void ReadFilmFacts(Facts& facts, const QString& movieId, const QString& catalogPath)
+{
+    Connection connection;
+    Recordset film;
+    OpenRow(film, connection, QStringLiteral("SELECT * FROM Movie WHERE Movie_ID = ") + movieId, catalogPath);
+    const auto filled = [&](QStringView column) { return !film[column].IsNull() && !film[column].Get().Text().isEmpty(); };
+    const bool request = filled(u"Format") && film[u"Format"].Get().Text() == u"Request";
+    const bool home = film[u"Loan_ID"].IsNull() || film[u"Loan_ID"].Get().Number() == 0;
+    const bool onSite = filled(u"IMDB");
+    Set(facts, Fact::FilmSelected, true);
+    Set(facts, Fact::CanEdit, true);
+    Set(facts, Fact::HasNfo, filled(u"Nfo"));
+    Set(facts, Fact::IsRequest, request);
+    Set(facts, Fact::IsOwned, !request);
+    Set(facts, Fact::CanLend, !request);
+    Set(facts, Fact::AtHome, home);
+    Set(facts, Fact::OnLoan, !home);
+    Set(facts, Fact::HasShopLink, filled(u"iSONEWS"));
+    Set(facts, Fact::HasSiteLink, onSite);
+    Set(facts, Fact::NeedsRetrieval, !onSite);
+    Set(facts, Fact::CanUpdate, onSite);
+}
+
+void ReadActorFacts(Facts& facts, const QString& actorId, const QString& catalogPath)
+{
+    Connection connection;
+    Recordset actor;
+    OpenRow(actor, connection, QStringLiteral("SELECT * FROM Actor WHERE Actor_ID = ") + actorId, catalogPath);
+    const bool linked = !actor[u"IMDB_LINK"].IsNull();
+    Set(facts, Fact::ActorSelected, true);
+    Set(facts, Fact::ActorHasLink, linked);
+    Set(facts, Fact::HasSiteLink, linked);
+    Set(facts, Fact::CanEdit, true);
+}
+
+} // namespace
+
+std::vector<MenuRule> SelectionRules(const std::optional<NodeRef>& node, const QString& catalogPath)
+{
+    Facts facts{};
+    if (node && node->tag == kTagFilm)
+        ReadFilmFacts(facts, KeyPart(node->key, 0), catalogPath);
+    else if (node && node->tag == kTagActor)
+        ReadActorFacts(facts, KeyPart(node->key, 1), catalogPath);
+    std::vector<MenuRule> rules;
+    rules.reserve(std::size(kEntries));
+    for (const Entry& entry : kEntries)
+        rules.push_back({QString::fromLatin1(entry.name), entry.effect, facts[static_cast<std::size_t>(entry.fact)]});
+    return rules;
+}
+
+} // namespace kelvado

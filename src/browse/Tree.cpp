@@ -1,0 +1,411 @@
+#include "browse/Tree.h"
+
+#include "core/NodeKey.h"
+#include "core/RuntimeError.h"
+#include "store/Recordset.h"
+
+#include <QSet>
+
+namespace kelvado {
+
+namespace {
+
+const QString kByGenre = QStringLiteral("Genre.Genre");
+const QString kByLocation = QStringLiteral("Movie.IsRequest");
+const QString kByTitle = QStringLiteral("Movie.Title");
+const QString kByFormat = QStringLiteral("Movie.Format");
+const QString kNoValue = QStringLiteral("N/A");
+const QString kRequest = QStringLiteral("Request");
+const QString kAtHome = QStringLiteral("False");
+const QString kWanted = QStringLiteral("True");
+const QString kOnLoan = QStringLiteral("Loan");
+
+constexpr int kGroupsPerPump = 150;
+constexpr int kFilmsPerPump = 50;
+
+struct FormatPicture
+{
+    QLatin1StringView format;
+    int image;
+};
+constexpr FormatPicture kFormatPictures[] = {
+    {QLatin1StringView("DivX"), 1},  {QLatin1StringView("VCD"), 2},      {QLatin1StringView("DVD"), 3},
+    {QLatin1StringView("VHS"), 4},   {QLatin1StringView("SVCD"), 8},     {QLatin1StringView("LASERDISC"), 9},
+    {QLatin1StringView("XviD"), 10}, {QLatin1StringView("Request"), 13},
+};
+
+// The columns of the films' query, in their order.
+enum FilmColumn { kPrimaryColumn, kSecondaryColumn, kIdColumn, kTitleColumn, kFormatColumn, kLoanColumn };
+
+// The group of a title: the code of its first letter, 10 for a digit, 1 for anything else and for no title.
+int TitleGroup(const QString& title)
+{
+    const QString capital = title.left(1).toUpper();
+    const char16_t first = capital.size() == 1 ? capital.front().unicode() : u'\0';
+    if (first >= u'A' && first <= u'Z')
+        return first;
+    return first >= u'0' && first <= u'9' ? 10 : 1;
+}
+
+QString TitleGroupText(int group)
+{
+    if (group == 10)
+        return QStringLiteral("0-9");
+    return group == 1 ? QStringLiteral("*") : QString(QChar(static_cast<char16_t>(group)));
+}
+
+// Under which text the groups are kept while they are looked up: Null, the empty text and "N/A" are one group, and so are values that
+// differ in case only.
+QString GroupName(const QString& value)
+{
+    return value.isEmpty() ? kNoValue.toCaseFolded() : value.toCaseFolded();
+}
+
+QString Shown(const QString& text)
+{
+    return text.contains(u"&#") ? DecodeEntities(text) : text;
+}
+
+// The second part of a film's key under a sort that groups by the title's first character or by the place of the film.
+QString FilmValue(const QString& primary, const QString& value, const QString& format)
+{
+    if (primary == kByTitle)
+        return QString::number(TitleGroup(value));
+    if (primary == kByLocation)
+        return format == kRequest ? kWanted : kAtHome;
+    return value;
+}
+
+RuntimeError DuplicateKey(const QString& what)
+{
+    return RuntimeError::WithDetail(kErrDuplicateKey, what);
+}
+
+} // namespace
+
+int FormatImage(const QString& format)
+{
+    if (format.isNull())
+        return CatalogModel::kImageNoFormat;
+    for (const FormatPicture& picture : kFormatPictures) {
+        if (format == picture.format)
+            return picture.image;
+    }
+    return 0;
+}
+
+QString BuildLevelSql(const QString& primary, int level, const cOptView& view, const QString& filterWhere)
+{
+    const QString& p = primary;
+    const QString& s = view.SecondarySort;
+    if (level == 1) {
+        const QString order = QStringLiteral("ORDER BY ") + p + u' ' + view.PrimaryOrder;
+        if (p == kByGenre)
+            return QStringLiteral("SELECT Genre.Genre, Count(Genre.Genre) AS lCount FROM Movie "
+                                  "INNER JOIN (Genre INNER JOIN GenreLink ON Genre.Genre_ID = "
+                                  "GenreLink.Genre_ID) ON Movie.Movie_ID = GenreLink.Movie_ID "
+                                  "GROUP BY Genre.Genre ") +
+                   order;
+        if (p == kByLocation)
+            return QStringLiteral("SELECT ") + p + QStringLiteral(", Loan_ID FROM Movie ") + order;
+        return QStringLiteral("SELECT ") + p + QStringLiteral(", Count(") + p + QStringLiteral(") As lCount FROM Movie GROUP BY ") + p +
+               u' ' + order;
+    }
+
+    QString sql = QStringLiteral("SELECT ") + p + QStringLiteral(", ") + s +
+                  QStringLiteral(", Movie.Movie_ID, Movie.Title, Movie.Format, Movie.Loan_ID FROM ");
+    sql += p == kByGenre ? QStringLiteral("(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
+                                          "GenreLink.Genre_ID = Genre.Genre_ID ")
+                         : QStringLiteral("Movie ");
+    sql += filterWhere + QStringLiteral(" ORDER BY ") + s + u' ' + view.SecondaryOrder;
+
+    QString condition;
+    if (view.ViewMode == u"MovieNight")
+        condition = QStringLiteral("MovieNight = 1");
+    else if (view.ViewMode == u"Requests")
+        condition = QStringLiteral("Format = 'Request'");
+    else if (view.ViewMode == u"Loans")
+        condition = QStringLiteral("Loan_ID <> 0");
+    else
+        return sql;
+    if (sql.contains(u"WHERE"))
+        sql.replace(QStringLiteral("WHERE"), QStringLiteral("WHERE ") + condition + QStringLiteral(" AND"));
+    else
+        sql.replace(QStringLiteral("ORDER"), QStringLiteral("WHERE ") + condition + QStringLiteral(" ORDER"));
+    return sql;
+}
+
+/// One build of the tree: reads both levels into a content of its own and hands it to the model, also where it was cut short.
+class Tree::Filling
+{
+public:
+    explicit Filling(Tree& tree) : m_tree(tree), m_primary(tree.View().PrimarySort) {}
+    ~Filling() { m_tree.m_context.model.SetContent(std::move(m_content)); }
+    Filling(const Filling&) = delete;
+    Filling& operator=(const Filling&) = delete;
+
+    void ReadGroups(Connection& connection)
+    {
+        Recordset groups;
+        groups.Open(BuildLevelSql(m_primary, 1, m_tree.View(), m_tree.m_context.state.FilterWhere), connection);
+        if (m_primary == kByLocation) {
+            for (const auto& [value, text] :
+                 {std::pair(kAtHome, QStringLiteral("My Movies")), std::pair(kWanted, QStringLiteral("My Requests")),
+                  std::pair(kOnLoan, QStringLiteral("Loaned Movies"))})
+                m_groups.insert(GroupName(value), m_content.AddGroup(value, text, CatalogModel::kImageGroup));
+            return;
+        }
+        for (int records = 0; !groups.Eof(); groups.MoveNext()) {
+            const QString value = groups.Text(0);
+            if (m_primary == kByTitle) {
+                const int group = TitleGroup(value);
+                AddGroup(QString::number(group), TitleGroupText(group), 0);
+            } else {
+                const bool none = value.isEmpty() || value.compare(kNoValue, Qt::CaseInsensitive) == 0;
+                const int image = m_primary == kByFormat && !none ? FormatImage(value) : 0;
+                AddGroup(groups.IsNull(0) ? QString() : value, none ? kNoValue : value, image);
+            }
+            Pump(records, kGroupsPerPump);
+        }
+    }
+
+    void ReadFilms(Connection& connection)
+    {
+        Recordset films;
+        films.Open(BuildLevelSql(m_primary, 2, m_tree.View(), m_tree.m_context.state.FilterWhere), connection);
+        if (films.Eof())
+            return;
+        const qint64 count = films.RecordCount();
+        m_content.films.reserve(static_cast<std::size_t>(count));
+        int shownPercent = -1;
+        for (int records = 0; !films.Eof(); films.MoveNext()) {
+            Pump(records, kFilmsPerPump);
+            AddFilm(films);
+            const int percent = count > 0 ? static_cast<int>(films.AbsolutePosition() * 100 / count) : 0;
+            if (percent != shownPercent) {
+                shownPercent = percent;
+                m_tree.m_context.shell.ShowProgress(percent);
+            }
+        }
+    }
+
+    /// The first film that stood twice under one group; empty where there was none.
+    const QString& Duplicate() const { return m_duplicate; }
+
+private:
+    void Pump(int& records, int every)
+    {
+        if (++records < every)
+            return;
+        records = 0;
+        m_tree.m_context.events.ServeEvents();
+    }
+
+    void AddGroup(const QString& value, const QString& text, int image)
+    {
+        const QString name = GroupName(text);
+        if (!m_groups.contains(name))
+            m_groups.insert(name, m_content.AddGroup(value, text, image));
+    }
+
+    void AddFilm(const Recordset& films)
+    {
+        const QString format = films.IsNull(kFormatColumn) ? QString() : films.Text(kFormatColumn);
+        const QString value = films.Text(kPrimaryColumn);
+        TreeFilm film;
+        film.id = films.Integer(kIdColumn);
+        film.value = FilmValue(m_primary, value, format);
+        const int group = GroupOf(film, films);
+        if (m_primary == kByGenre && IsSecond(film.id, group)) {
+            if (m_duplicate.isEmpty())
+                m_duplicate = FilmKey(film.id, film.value);
+            return;
+        }
+        film.title = Shown(films.Text(kTitleColumn));
+        film.image = FormatImage(films.IsNull(kFormatColumn) ? QString() : (format.isNull() ? QStringLiteral("") : format));
+        m_content.AddFilm(std::move(film), group);
+    }
+
+    int GroupOf(TreeFilm& film, const Recordset& films)
+    {
+        // A loaned film stands under the loans, though its key ends like a request's.
+        QString parent = film.value;
+        if (m_primary == kByLocation && film.value == kAtHome && films.Integer(kLoanColumn) != 0) {
+            parent = kOnLoan;
+            film.value = kWanted;
+        } else if (m_primary == kByTitle) {
+            parent = TitleGroupText(film.value.toInt());
+        }
+        if (m_lastGroup >= 0 && parent == m_lastParent)
+            return m_lastGroup;
+        const auto found = m_groups.constFind(GroupName(parent));
+        if (found == m_groups.cend())
+            throw RuntimeError::WithDetail(kErrElementNotFound, parent);
+        m_lastParent = parent;
+        return m_lastGroup = *found;
+    }
+
+    bool IsSecond(qint64 id, int group)
+    {
+        const auto place = std::pair(id, group);
+        if (m_places.contains(place))
+            return true;
+        m_places.insert(place);
+        return false;
+    }
+
+    Tree& m_tree;
+    QString m_primary;
+    TreeContent m_content;
+    QHash<QString, int> m_groups;
+    QSet<std::pair<qint64, int>> m_places;
+    QString m_lastParent;
+    int m_lastGroup = -1;
+    QString m_duplicate;
+};
+
+Tree::Tree(const Context& context) : m_context(context) {}
+
+void Tree::Connect(Connection& connection) const
+{
+    connection.Open(ConnectionString(m_context.state.CatalogPath()));
+}
+
+bool Tree::GroupsExpanded() const
+{
+    return m_context.marks.IsChecked(QStringLiteral("mnuSortPrimExpanded"), -1);
+}
+
+void Tree::FillTree()
+{
+    QString duplicate;
+    {
+        Connection connection;
+        Connect(connection);
+        Filling filling(*this);
+        filling.ReadGroups(connection);
+        filling.ReadFilms(connection);
+        duplicate = filling.Duplicate();
+        connection.Close();
+    }
+    m_context.shell.UpdateStatus(true);
+    m_context.shell.ShowProgress(0);
+    if (!duplicate.isEmpty())
+        throw DuplicateKey(duplicate);
+}
+
+void Tree::ExpandFilmNode(const QModelIndex& node)
+{
+    if (m_context.model.Tag(node) != kTagFilm)
+        return;
+    struct Flag
+    {
+        bool& flag;
+        explicit Flag(bool& f) : flag(f) { flag = true; }
+        ~Flag() { flag = false; }
+    } const expanding(m_expanding);
+
+    const QPersistentModelIndex film = node;
+    m_context.model.SetCast(film, {});
+    std::vector<TreeActor> cast = ReadCast(film);
+    // An actor with two roles has one node; the second one's key is refused when the cast stands.
+    QSet<qint64> seen;
+    QString duplicate;
+    std::erase_if(cast, [&](const TreeActor& actor) {
+        if (!seen.contains(actor.id)) {
+            seen.insert(actor.id);
+            return false;
+        }
+        if (duplicate.isEmpty())
+            duplicate = actor.name;
+        return true;
+    });
+    const bool anyCast = !cast.empty();
+    m_context.model.SetCast(film, std::move(cast));
+    m_context.shell.ShowProgress(0);
+    if (!duplicate.isEmpty())
+        throw DuplicateKey(duplicate);
+    const bool underLoans = View().PrimarySort == kByLocation && m_context.model.Key(film.parent()) == GroupKey(kOnLoan);
+    if (underLoans && anyCast)
+        throw RuntimeError::WithDetail(kErrElementNotFound, FilmKey(KeyPart(m_context.model.Key(film), 0).toLongLong(), kOnLoan));
+}
+
+std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
+{
+    const QString& p = View().PrimarySort;
+    const QString& s = View().SecondarySort;
+    const QString key = m_context.model.Key(node);
+    const QString id = KeyPart(key, 0);
+    QString genre;
+    QString sql;
+    if (p == kByGenre) {
+        genre = KeyPart(key, 1);
+        sql = QStringLiteral("SELECT ") + p + QStringLiteral(", ") + s +
+              QStringLiteral(", Movie.Movie_ID, Genre.Genre, Actor.*, Movie.Loan_ID, Movie.Format"
+                             " FROM ((Movie INNER JOIN GenreLink ON Movie.Movie_ID = "
+                             "GenreLink.Movie_ID) INNER JOIN Genre ON GenreLink.Genre_ID = "
+                             "Genre.Genre_ID) INNER JOIN (Actor INNER JOIN ActorLink ON "
+                             "Actor.Actor_ID = ActorLink.Actor_ID) ON Movie.Movie_ID = "
+                             "ActorLink.Movie_ID WHERE Movie.Movie_ID = ") +
+              id + QStringLiteral("AND Genre.Genre = '") + genre + u'\'';
+    } else {
+        sql = QStringLiteral("SELECT ") + p + QStringLiteral(", ") + s +
+              QStringLiteral(",Movie.Movie_ID, Movie.Title, Actor.*, Movie.Loan_ID, Movie.Format "
+                             "FROM Movie INNER JOIN (Actor INNER JOIN ActorLink ON Actor.Actor_ID "
+                             "= ActorLink.Actor_ID) ON Movie.Movie_ID = ActorLink.Movie_ID "
+                             "WHERE Movie.Movie_ID = ") +
+              id;
+    }
+
+    Connection connection;
+    Connect(connection);
+    Recordset actors;
+    actors.Open(sql, connection);
+    m_context.events.ServeEvents();
+    std::vector<TreeActor> cast;
+    if (actors.Eof())
+        return cast;
+    const int idColumn = actors.ColumnIndex(u"Actor_ID");
+    const int nameColumn = actors.ColumnIndex(u"Actor");
+    const int retrievedColumn = actors.ColumnIndex(u"IsRetreived");
+    const qint64 most = m_context.state.gOptions->Display.MaxActors;
+    const qint64 count = actors.RecordCount();
+    for (; !actors.Eof(); actors.MoveNext()) {
+        if (most >= 1 && actors.AbsolutePosition() - 1 == most)
+            break;
+        TreeActor actor;
+        actor.id = actors.Integer(idColumn);
+        actor.name = DecodeEntities(actors.Text(nameColumn));
+        actor.genre = genre;
+        actor.image = actors.Number(retrievedColumn) != 0 ? CatalogModel::kImagePersonRetrieved : CatalogModel::kImagePerson;
+        cast.push_back(std::move(actor));
+        m_context.shell.ShowProgress(static_cast<int>(actors.AbsolutePosition() * 100 / count));
+    }
+    return cast;
+}
+
+QStringList Tree::FilmNodeKeys(const QString& filmId) const
+{
+    const QString& p = View().PrimarySort;
+    const QString columns = QStringLiteral("SELECT ") + p + QStringLiteral(" , Movie.Format, Movie.Loan_ID, Movie.Movie_ID FROM ");
+    const QString sql = p == kByGenre
+                            ? columns +
+                                  QStringLiteral("(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
+                                                 "GenreLink.Genre_ID = Genre.Genre_ID WHERE Movie_ID = ") +
+                                  filmId
+                            : columns + QStringLiteral("Movie WHERE Movie_ID = ") + filmId;
+    Connection connection;
+    Connect(connection);
+    Recordset film;
+    film.Open(sql, connection);
+    QStringList keys;
+    for (; !film.Eof(); film.MoveNext()) {
+        QString value = FilmValue(p, film.Text(0), film.Text(1));
+        if (p == kByLocation && film.Integer(2) != 0)
+            value = kWanted;
+        keys << FilmKey(film.Integer(3), value);
+    }
+    return keys;
+}
+
+} // namespace kelvado

@@ -1,0 +1,84 @@
+#include "ui/CatalogTreeView.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace kelvado {
+
+namespace {
+
+bool IsEnter(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+} // namespace
+
+CatalogTreeView::CatalogTreeView(QWidget* parent) : QTreeView(parent)
+{
+    setHeaderHidden(true);
+    setUniformRowHeights(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setTextElideMode(Qt::ElideRight);
+    setExpandsOnDoubleClick(true);
+}
+
+void CatalogTreeView::SelectSilently(const QModelIndex& index)
+{
+    m_silent = true;
+    setCurrentIndex(index);
+    if (index.isValid())
+        scrollTo(index);
+    m_silent = false;
+}
+
+QModelIndex CatalogTreeView::Selected() const
+{
+    return selectionModel() && selectionModel()->isSelected(currentIndex()) ? currentIndex() : QModelIndex();
+}
+
+void CatalogTreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTreeView::currentChanged(current, previous);
+    if (!m_silent && current.isValid())
+        QMetaObject::invokeMethod(this, &CatalogTreeView::NodeClick, Qt::QueuedConnection);
+}
+
+void CatalogTreeView::mousePressEvent(QMouseEvent* event)
+{
+    m_selectedAtPress = Selected();
+    QTreeView::mousePressEvent(event);
+    Q_EMIT MouseDown();
+}
+
+void CatalogTreeView::mouseReleaseEvent(QMouseEvent* event)
+{
+    QTreeView::mouseReleaseEvent(event);
+    const bool onNode = visualRect(indexAt(event->position().toPoint())).contains(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && onNode && m_selectedAtPress.isValid() &&
+        indexAt(event->position().toPoint()) == m_selectedAtPress)
+        Q_EMIT NodeClick();
+}
+
+void CatalogTreeView::keyPressEvent(QKeyEvent* event)
+{
+    if (!IsEnter(*event))
+        QTreeView::keyPressEvent(event);
+}
+
+void CatalogTreeView::keyReleaseEvent(QKeyEvent* event)
+{
+    if (!IsEnter(*event))
+        QTreeView::keyReleaseEvent(event);
+}
+
+void CatalogTreeView::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool byKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    Q_EMIT MenuRequested(byKeyboard ? viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()) : event->globalPos());
+}
+
+} // namespace kelvado

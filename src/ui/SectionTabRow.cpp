@@ -1,0 +1,129 @@
+#include "ui/SectionTabRow.h"
+
+#include "core/WindowLayout.h"
+#include "ui/SkinPictures.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace kelvado {
+
+namespace {
+
+struct PieceInfo
+{
+    TabPiece piece;
+    const char* name;
+    QLatin1StringView section; ///< empty for a piece that is no tab
+    const char* caption;
+};
+
+// In the order of the pictures.
+constexpr PieceInfo kPieces[kTabPieces] = {
+    {TabPiece::Left, "ImgTabLeft", {}, ""},
+    {TabPiece::MovieList, "ImgTabMovieList", kMovieList, "Movie List"},
+    {TabPiece::MovieGrab, "ImgTabMovieGrab", kMovieGrab, "Add Movies"},
+    {TabPiece::MovieEdit, "ImgTabMovieEdit", kMovieEdit, "Edit Movie"},
+    {TabPiece::ActorInfo, "ImgTabActorInfo", kActorInfo, "People"},
+    {TabPiece::End, "ImgTabTabber4", {}, ""},
+    {TabPiece::Joint1, "ImgTabTabber1", {}, ""},
+    {TabPiece::Joint2, "ImgTabTabber2", {}, ""},
+    {TabPiece::Joint3, "ImgTabTabber3", {}, ""},
+};
+
+// From left to right; what fills the row and the right end follow.
+constexpr TabPiece kPlaces[kTabPieces] = {TabPiece::Left,      TabPiece::MovieList, TabPiece::Joint1,
+                                          TabPiece::MovieGrab, TabPiece::Joint2,    TabPiece::MovieEdit,
+                                          TabPiece::Joint3,    TabPiece::ActorInfo, TabPiece::End};
+
+} // namespace
+
+TabImage::TabImage(const QString& name, QWidget* parent) : QAbstractButton(parent)
+{
+    setObjectName(name);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void TabImage::SetPicture(const QPixmap& picture)
+{
+    m_picture = picture;
+    update();
+}
+
+void TabImage::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(rect(), m_picture);
+    if (hasFocus()) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(3, 5, -3, -5), 4, 4);
+    }
+}
+
+void TabImage::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+SectionTabRow::SectionTabRow(QWidget* parent) : QWidget(parent)
+{
+    for (const PieceInfo& info : kPieces) {
+        auto* piece = new TabImage(QString::fromLatin1(info.name), this);
+        m_pieces[static_cast<std::size_t>(info.piece)] = piece;
+        if (info.section.isEmpty())
+            continue;
+        piece->setFocusPolicy(Qt::TabFocus);
+        piece->setAccessibleName(QString::fromLatin1(info.caption));
+        piece->setCursor(Qt::PointingHandCursor);
+        connect(piece, &QAbstractButton::clicked, this, [this, section = QString(info.section)] { Q_EMIT TabClick(section); });
+    }
+    m_spacer = new TabImage(QStringLiteral("ImgTabSpacer"), this);
+    m_right = new TabImage(QStringLiteral("ImgTabRight"), this);
+}
+
+void SectionTabRow::LoadPictures(const QString& skin, const TabPictures& pictures)
+{
+    for (std::size_t i = 0; i < pictures.size(); ++i)
+        m_pieces[i]->SetPicture(LoadSkinPicture(skin, QString::fromLatin1(pictures[i]), devicePixelRatioF()));
+    Arrange();
+}
+
+void SectionTabRow::LoadEnds(const QString& skin)
+{
+    m_spacer->SetPicture(LoadSkinPicture(skin, QStringLiteral("ToolSpacer.bmp"), devicePixelRatioF()));
+    m_right->SetPicture(LoadSkinPicture(skin, QStringLiteral("ToolRight.bmp"), devicePixelRatioF()));
+    Arrange();
+}
+
+void SectionTabRow::Arrange()
+{
+    int fixed = m_right->PictureSize().width();
+    int rowHeight = m_right->PictureSize().height();
+    for (const TabImage* piece : m_pieces) {
+        fixed += piece->PictureSize().width();
+        rowHeight = std::max(rowHeight, piece->PictureSize().height());
+    }
+    setFixedHeight(rowHeight);
+    int left = 0;
+    const auto place = [&](TabImage& piece, int pieceWidth) {
+        piece.setGeometry(left, 0, pieceWidth, rowHeight);
+        left += pieceWidth;
+    };
+    for (const TabPiece piece : kPlaces)
+        place(*Piece(piece), Piece(piece)->PictureSize().width());
+    // What the rule leaves free at the right edge is covered by the last piece, so that no bare strip shows.
+    place(*m_spacer, TabSpacerWidth(width() * kTwipsPerPixel, fixed * kTwipsPerPixel) / kTwipsPerPixel);
+    place(*m_right, std::max(m_right->PictureSize().width(), width() - left));
+}
+
+void SectionTabRow::resizeEvent(QResizeEvent*)
+{
+    Arrange();
+}
+
+} // namespace kelvado

@@ -1,0 +1,240 @@
+#include "ui/Skinner.h"
+
+#include "core/Paths.h"
+#include "core/Profile.h"
+#include "core/RuntimeError.h"
+#include "core/SafeFile.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QGroupBox>
+#include <QtWidgets>
+
+namespace kelvado {
+
+namespace {
+
+struct ColorKey
+{
+    const char* key;
+    QColor SkinValues::*value;
+};
+constexpr ColorKey kColorKeys[] = {
+    {"LabelBackColor", &SkinValues::labelBack},       {"LabelFontColor", &SkinValues::labelText},
+    {"TextFontColor", &SkinValues::boxText},          {"TextBackColor", &SkinValues::boxBack},
+    {"SubNavSelect", &SkinValues::subNavSelected},    {"SubNavInActive", &SkinValues::subNavIdle},
+    {"GeneralBackColor", &SkinValues::windowBack},    {"TreeBackColor", &SkinValues::treeBack},
+    {"TreeItemBack", &SkinValues::treeItemBack},      {"TreeItemFront", &SkinValues::treeItemText},
+    {"ProgressBarFront", &SkinValues::progressFront}, {"ProgressBarBack", &SkinValues::progressBack},
+    {"Status3Dlight", &SkinValues::statusLight},      {"StatusBackColor", &SkinValues::statusBack},
+    {"Status3Ddark", &SkinValues::statusDark},
+};
+
+struct MenuColorKey
+{
+    const char* name;
+    const char* key;
+};
+constexpr MenuColorKey kMenuColorKeys[] = {
+    {"MENU_BLOCK", "MenuBlockColor"},
+    {"MENU_BACK", "MenuBackColor"},
+    {"MENU_HIGHLIGHT", "MenuHighlightColor"},
+    {"MENUBAR_BACK", "MenuBarBackColor"},
+};
+
+bool IsDark(const QColor& color)
+{
+    return qGray(color.rgb()) < 128;
+}
+
+QColor ReadableOn(const QColor& back)
+{
+    return IsDark(back) ? Qt::white : QColor(0x1F, 0x29, 0x33);
+}
+
+void Paint(QWidget& widget, const QColor& back, const QColor& text)
+{
+    QPalette palette = widget.palette();
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base})
+        palette.setColor(role, back);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text}) {
+        palette.setColor(QPalette::Active, role, text);
+        palette.setColor(QPalette::Inactive, role, text);
+    }
+    widget.setPalette(palette);
+}
+
+} // namespace
+
+QColor ParseColor(const QString& text)
+{
+    if (text.startsWith(u"&H", Qt::CaseInsensitive)) {
+        QString digits = text.mid(2);
+        while (digits.endsWith(u'&'))
+            digits.chop(1);
+        const uint number = digits.toUInt(nullptr, 16);
+        return QColor(static_cast<int>(number & 0xFF), static_cast<int>(number >> 8 & 0xFF), static_cast<int>(number >> 16 & 0xFF));
+    }
+    const auto pair = [](const QString& digits) { return static_cast<int>(digits.toUInt(nullptr, 16) & 0xFF); };
+    return QColor(pair(text.left(2)), pair(text.mid(2, 2)), pair(text.right(2)));
+}
+
+QString Skinner::Read(const char* section, const char* key) const
+{
+    const QString skin = m_skin.isEmpty() ? ReadProfileValue(QStringLiteral("Settings"), QStringLiteral("Skin"), SettingsFile()) : m_skin;
+    return ReadProfileValue(QString::fromLatin1(section), QString::fromLatin1(key),
+                            FindFileCaseBlind(SkinFolder(skin), QStringLiteral("skin.ini")));
+}
+
+void Skinner::ApplySkin(const QString& skin)
+{
+    m_skin = skin;
+    InstallSkinFont();
+    LoadSkinValues();
+    QApplication::setPalette(WindowPalette());
+    QApplication::setPalette(MenuPalette(), "QMenu");
+    QApplication::setPalette(MenuPalette(), "QMenuBar");
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (qobject_cast<QMainWindow*>(window))
+            SkinMainWindow(*window);
+        else if (window->isVisible() && !qobject_cast<QMenu*>(window))
+            SkinForm(*window);
+    }
+}
+
+void Skinner::InstallSkinFont() const
+{
+    const QString folder = SkinFolder(m_skin);
+    const QString fontFile = Read("Skin", "FontFile");
+    const QString path = FindFileCaseBlind(folder, fontFile);
+    const bool named = !fontFile.isEmpty() && fontFile != u"0";
+    // A font made known to this process goes with it, so it is registered at every start; the marker says that the skin has been used.
+    if (named && QFileInfo(path).isFile())
+        QFontDatabase::addApplicationFont(path);
+    if (QFileInfo::exists(folder + QStringLiteral("/install.skn")))
+        return;
+    try {
+        WriteFileWhole(folder + QStringLiteral("/install.skn"), {});
+    } catch (const RuntimeError&) {
+        // A skin in a read-only folder works as well without its marker.
+    }
+}
+
+void Skinner::LoadSkinValues()
+{
+    for (const ColorKey& entry : kColorKeys)
+        m_values.*entry.value = ParseColor(Read("Skin", entry.key));
+    m_values.boxBorder = Read("Skin", "TextHasBorder");
+    m_values.fontName = Read("Skin", "Font");
+}
+
+QColor Skinner::GetMenuColor(const QString& name) const
+{
+    for (const MenuColorKey& entry : kMenuColorKeys) {
+        if (name == QLatin1StringView(entry.name))
+            return ParseColor(Read("Menu", entry.key));
+    }
+    return ParseColor({});
+}
+
+QPalette Skinner::WindowPalette() const
+{
+    const SkinValues& v = m_values;
+    const QColor button = IsDark(v.windowBack) ? v.windowBack.lighter(140) : v.windowBack.darker(104);
+    QPalette palette(button, v.windowBack);
+    const QColor faded((v.labelText.red() + v.windowBack.red()) / 2, (v.labelText.green() + v.windowBack.green()) / 2,
+                       (v.labelText.blue() + v.windowBack.blue()) / 2);
+    palette.setColor(QPalette::WindowText, v.labelText);
+    palette.setColor(QPalette::Base, v.boxBack);
+    palette.setColor(QPalette::AlternateBase, button);
+    palette.setColor(QPalette::Text, v.boxText);
+    palette.setColor(QPalette::PlaceholderText, faded);
+    palette.setColor(QPalette::ButtonText, ReadableOn(button));
+    palette.setColor(QPalette::ToolTipBase, v.boxBack);
+    palette.setColor(QPalette::ToolTipText, v.boxText);
+    palette.setColor(QPalette::Highlight, v.progressFront);
+    palette.setColor(QPalette::HighlightedText, ReadableOn(v.progressFront));
+    palette.setColor(QPalette::Link, v.subNavSelected);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, faded);
+    return palette;
+}
+
+QPalette Skinner::MenuPalette() const
+{
+    QPalette palette = WindowPalette();
+    const QColor back = GetMenuColor(QStringLiteral("MENU_BACK"));
+    const QColor bar = GetMenuColor(QStringLiteral("MENUBAR_BACK"));
+    const QColor highlight = GetMenuColor(QStringLiteral("MENU_HIGHLIGHT"));
+    palette.setColor(QPalette::Base, back);
+    palette.setColor(QPalette::Window, back);
+    palette.setColor(QPalette::Button, bar);
+    palette.setColor(QPalette::Highlight, highlight);
+    palette.setColor(QPalette::HighlightedText, ReadableOn(highlight));
+    palette.setColor(QPalette::Text, ReadableOn(back));
+    palette.setColor(QPalette::WindowText, ReadableOn(back));
+    palette.setColor(QPalette::ButtonText, ReadableOn(bar));
+    const QColor faded = IsDark(back) ? back.lighter(220) : back.darker(170);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, faded);
+    return palette;
+}
+
+void Skinner::SkinForm(QWidget& form) const
+{
+    const SkinValues& v = m_values;
+    Paint(form, v.windowBack, v.labelText);
+    for (QWidget* control : form.findChildren<QWidget*>()) {
+        if (qobject_cast<QGroupBox*>(control)) {
+            Paint(*control, v.labelBack, v.labelText);
+        } else if (auto* label = qobject_cast<QLabel*>(control)) {
+            const bool link = label->objectName().contains(u"URL");
+            Paint(*label, v.labelBack, link ? label->palette().color(QPalette::WindowText) : v.labelText);
+            if (!v.fontName.isEmpty())
+                label->setFont(QFont(v.fontName, label->font().pointSize()));
+        } else if (auto* line = qobject_cast<QLineEdit*>(control)) {
+            Paint(*line, v.boxBack, v.boxText);
+            line->setFrame(v.boxBorder != u"0");
+        } else if (qobject_cast<QTextEdit*>(control) || qobject_cast<QPlainTextEdit*>(control)) {
+            Paint(*control, v.boxBack, v.boxText);
+            static_cast<QFrame*>(control)->setFrameShape(v.boxBorder == u"0" ? QFrame::NoFrame : QFrame::StyledPanel);
+        } else if (qobject_cast<QPushButton*>(control)) {
+            if (!v.fontName.isEmpty())
+                control->setFont(QFont(v.fontName, control->font().pointSize()));
+        } else if (qobject_cast<QAbstractItemView*>(control) || qobject_cast<QComboBox*>(control)) {
+            Paint(*control, v.boxBack, v.boxText);
+        }
+    }
+}
+
+void Skinner::SkinMainWindow(QWidget& window) const
+{
+    const SkinValues& v = m_values;
+    Paint(window, v.windowBack, v.labelText);
+    for (QLabel* label : window.findChildren<QLabel*>()) {
+        Paint(*label, v.labelBack, v.labelText);
+        if (!v.fontName.isEmpty())
+            label->setFont(QFont(v.fontName, label->font().pointSize()));
+    }
+    for (QTreeView* tree : window.findChildren<QTreeView*>()) {
+        Paint(*tree, v.treeBack, v.treeItemText);
+        // A selected row stays as strong while the focus is elsewhere.
+        QPalette palette = tree->palette();
+        palette.setColor(QPalette::Highlight, v.progressFront);
+        palette.setColor(QPalette::HighlightedText, ReadableOn(v.progressFront));
+        tree->setPalette(palette);
+    }
+    for (QProgressBar* bar : window.findChildren<QProgressBar*>()) {
+        QPalette palette = bar->palette();
+        palette.setColor(QPalette::Highlight, v.progressFront);
+        palette.setColor(QPalette::Base, v.progressBack);
+        palette.setColor(QPalette::Window, v.progressBack);
+        bar->setPalette(palette);
+    }
+    for (QWidget* menu : window.findChildren<QWidget*>()) {
+        if (qobject_cast<QMenu*>(menu) || qobject_cast<QMenuBar*>(menu))
+            menu->setPalette(MenuPalette());
+    }
+}
+
+} // namespace kelvado

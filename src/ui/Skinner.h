@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+#include <QString>
+
+class QWidget;
+
+namespace kelvado {
+
+/// The values of a skin's `skin.ini`, held for the life of the process.
+struct SkinValues
+{
+    QColor labelBack, labelText, boxText, boxBack;
+    QString boxBorder; ///< "0" for boxes without a border
+    QColor subNavSelected, subNavIdle, windowBack, treeBack, treeItemBack, treeItemText, progressFront, progressBack;
+    QColor statusLight, statusBack, statusDark;
+    QString fontName;
+};
+
+/// Six hexadecimal digits, red, green and blue; a text beginning with "&H" is the system's own number, blue first. A pair that is no
+/// number, as in an empty text, counts as 0.
+QColor ParseColor(const QString& text);
+
+/// Reads a skin's folder and repaints windows by it.
+class Skinner
+{
+public:
+    /// Reads the skin and gives every window that is open, and all that open later, its colours.
+    void ApplySkin(const QString& skin);
+
+    /// Makes the skin's own font known, once for each skin: an empty "install.skn" marks that it was done.
+    void InstallSkinFont() const;
+    void LoadSkinValues();
+    /// A menu colour by "MENU_BLOCK", "MENU_BACK", "MENU_HIGHLIGHT" or "MENUBAR_BACK"; any other name gives what an empty text gives.
+    QColor GetMenuColor(const QString& name) const;
+
+    /// Repaints one window and all its controls by kind. Labels whose name holds "URL" keep their text colour.
+    void SkinForm(QWidget& form) const;
+    /// The window's own colours and those of its menus.
+    void SkinMainWindow(QWidget& window) const;
+
+    const SkinValues& Values() const { return m_values; }
+    const QString& Skin() const { return m_skin; }
+
+private:
+    QString Read(const char* section, const char* key) const;
+    QPalette WindowPalette() const;
+    QPalette MenuPalette() const;
+
+    QString m_skin;
+    SkinValues m_values;
+};
+
+} // namespace kelvado

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QWidget>
+
+namespace kelvado {
+
+/// The window with the program's name and version: shown while the program starts, and from the Help menu, where a click or any key
+/// closes it.
+class frmAbout : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit frmAbout(QWidget* parent = nullptr);
+
+    static QString ProductName() { return QStringLiteral("Kelvado"); }
+    static QString Version() { return QStringLiteral("2.0"); }
+    static int BuildNumber() { return 2247; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+} // namespace kelvado
