@@ -7,6 +7,7 @@
 #include <QFontMetricsF>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
 
 namespace kelvado {
@@ -25,8 +26,8 @@ struct Measures
     int top;       // above the card
     qreal caption; // size of the caption
 };
-constexpr Measures kSections{40, 14, 14, 8, 8, 20, 5, 1.0};
-constexpr Measures kSearch{36, 12, 12, 7, 7, 18, 4, 1.0};
+constexpr Measures kSections{40, 16, 16, 7, 8, 20, 5, 1.0};
+constexpr Measures kSearch{36, 16, 16, 5, 7, 18, 4, 1.0};
 
 struct Tab
 {
@@ -86,8 +87,8 @@ void Row::PaintEdge(const QString& name, int width, Card card, bool divides) con
             painter.translate(width, 0);
             painter.scale(-1, 1);
         }
-        const qreal radius = m_palette.Radius();
         const qreal edge = width / 2.0;
+        const qreal radius = std::min(m_palette.Radius(), edge - 1); // a wider corner would reach into the tab and show a seam
         const qreal top = m_measures.top;
         QPainterPath outline(QPointF(-1, top));
         outline.lineTo(edge - radius, top);
