@@ -1,0 +1,298 @@
+#include "store/FilmLinks.h"
+
+#include "core/RuntimeError.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <functional>
+
+namespace kelvado {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kShortestName = 3;
+
+// A table of names and its links to the films. The column of the names is called like the table.
+struct NameTable
+{
+    QString table;
+    QString idColumn;
+    QString linkTable;
+};
+
+const NameTable kGenre{u"Genre"_s, u"Genre_ID"_s, u"GenreLink"_s};
+const NameTable kWriter{u"Writer"_s, u"Writer_ID"_s, u"WriterLink"_s};
+const NameTable kDirector{u"Director"_s, u"Director_ID"_s, u"DirectorLink"_s};
+const NameTable kProducer{u"Producer"_s, u"Producer_ID"_s, u"ProducerLink"_s};
+const NameTable kActor{u"Actor"_s, u"Actor_ID"_s, u"ActorLink"_s};
+const NameTable kCompany{u"Company"_s, u"Company_ID"_s, u"CompanyLink"_s};
+
+// Markup that a page left in a text shows by its bracket.
+bool IsUsable(const QString& text)
+{
+    return text.size() >= kShortestName && !text.contains(u'>');
+}
+
+class LinkWriter
+{
+public:
+    LinkWriter(const Value& movieId, LinkMode mode, const WriterContext& context, Connection& connection)
+        : m_movieId(movieId), m_mode(mode), m_context(context), m_connection(connection)
+    {
+    }
+
+    void StoreGenres(const FilmRecord& film);
+    void StoreWriters(const FilmRecord& film) { StoreCrew(kWriter, film.Writers); }
+    void StoreDirectors(const FilmRecord& film) { StoreCrew(kDirector, film.Directors); }
+    void StoreProducers(const FilmRecord& film) { StoreCrew(kProducer, film.Producers); }
+    void StoreActors(const FilmRecord& film);
+    void StoreCompanies(const FilmRecord& film);
+
+private:
+    using FillRow = std::function<void(Recordset&)>;
+
+    void StoreCrew(const NameTable& names, const QList<FilmPerson>& people);
+    /// Links the film to the row called `name`; a row that has to be added is filled by `fillName`.
+    void StoreName(const NameTable& names, const QString& name, const FillRow& fillName, const FillRow& fillLink);
+    void FillPerson(Recordset& row, const NameTable& names, const FilmPerson& person) const;
+
+    Value m_movieId;
+    LinkMode m_mode;
+    const WriterContext& m_context;
+    Connection& m_connection;
+};
+
+// Unlike all other names, a genre's goes into the query as it stands: one with an apostrophe fails there.
+void LinkWriter::StoreGenres(const FilmRecord& film)
+{
+    for (const FilmGenre& genre : film.Genres) {
+        if (genre.Genre.isEmpty())
+            continue;
+        Recordset link;
+        link.Open(u"SELECT * FROM GenreLink"_s, m_connection);
+        Recordset match;
+        match.Open(u"SELECT Genre_ID, Genre FROM Genre WHERE Genre = '"_s + genre.Genre + u'\'', m_connection);
+        if (match.Eof()) {
+            match.AddNew();
+            match[u"Genre"].Set(TrimBlanks(genre.Genre));
+            match.Update();
+        }
+        link.AddNew();
+        link[u"Genre_ID"].Set(match[u"Genre_ID"].Get());
+        link[u"Movie_ID"].Set(m_movieId);
+        link.Update();
+    }
+}
+
+void LinkWriter::StoreCrew(const NameTable& names, const QList<FilmPerson>& people)
+{
+    for (const FilmPerson& person : people) {
+        if (!IsUsable(person.Name))
+            continue;
+        StoreName(
+            names, person.Name, [&](Recordset& row) { FillPerson(row, names, person); },
+            [&](Recordset& link) {
+                Value note = person.Extended;
+                PutField(note, u"Extended"_s, link, m_context);
+            });
+    }
+}
+
+void LinkWriter::StoreActors(const FilmRecord& film)
+{
+    int order = 0;
+    for (const FilmPerson& actor : film.Actors) {
+        ++order; // an actor that is left out uses up a number too
+        if (!IsUsable(actor.Name))
+            continue;
+        StoreName(
+            kActor, actor.Name, [&](Recordset& row) { FillPerson(row, kActor, actor); },
+            [&](Recordset& link) {
+                link[u"Order"].Set(order);
+                if (IsUsable(actor.Character))
+                    link[u"Character"].Set(TrimBlanks(actor.Character));
+            });
+    }
+}
+
+void LinkWriter::StoreCompanies(const FilmRecord& film)
+{
+    for (const FilmCompany& company : film.Companies) {
+        if (!IsUsable(company.Company))
+            continue;
+        StoreName(
+            kCompany, company.Company, [&](Recordset& row) { row[kCompany.table].Set(TrimBlanks(company.Company)); },
+            [&](Recordset& link) {
+                Value note = company.Extended;
+                PutField(note, u"Extended"_s, link, m_context);
+                Value type = company.Type;
+                PutField(type, u"Type"_s, link, m_context);
+            });
+    }
+}
+
+void LinkWriter::StoreName(const NameTable& names, const QString& name, const FillRow& fillName, const FillRow& fillLink)
+{
+    Recordset link;
+    link.Open(u"SELECT * FROM "_s + names.linkTable, m_connection);
+    QString quoted = TrimBlanks(name);
+    quoted.replace(u'\'', u"''"_s);
+    Recordset match;
+    match.Open(u"SELECT "_s + names.table + u", "_s + names.idColumn + u" FROM "_s + names.table + u" WHERE "_s + names.table + u" = '"_s +
+                   quoted + u'\'',
+               m_connection);
+    Recordset all;
+    all.Open(u"SELECT * FROM "_s + names.table, m_connection);
+
+    Value id;
+    if (match.Eof()) {
+        all.AddNew();
+        fillName(all);
+        id = all[names.idColumn].Get();
+    } else {
+        id = match[names.idColumn].Get();
+    }
+    link.AddNew();
+    link[names.idColumn].Set(id);
+    fillLink(link);
+    link[u"Movie_ID"].Set(m_movieId);
+    all.Update();
+    link.Update();
+}
+
+// The columns of a person who is new to the catalog. Users' catalogs hold what these rules gave, so they stay as they are:
+// a producer's link column holds the name, and an added producer without a link has no name.
+void LinkWriter::FillPerson(Recordset& row, const NameTable& names, const FilmPerson& person) const
+{
+    const bool isProducer = &names == &kProducer;
+    const bool isUpdate = m_mode == LinkMode::Update;
+    const QString name = TrimBlanks(person.Name);
+    const QString link = isProducer ? name : TrimBlanks(person.IMDB_Link);
+    if (!isProducer || isUpdate || !person.IMDB_Link.isEmpty())
+        row[names.table].Set(name);
+    if (isProducer || isUpdate || !person.IMDB_Link.isEmpty())
+        row[u"IMDB_LINK"].Set(link);
+}
+
+template<typename Entry>
+bool AnyUsable(const QList<Entry>& list, QString Entry::*name)
+{
+    return std::ranges::any_of(list, [name](const Entry& entry) { return IsUsable(entry.*name); });
+}
+
+// One list of a film, on its way into the catalog. The table stands in the order of storing.
+struct ListStep
+{
+    QString name;
+    const NameTable& names;
+    std::int32_t cOptIMDbFilm::*gate;
+    bool (*hasRecords)(const FilmRecord&);
+    void (LinkWriter::*store)(const FilmRecord&);
+};
+
+const ListStep kListSteps[] = {
+    {u"genres"_s, kGenre, &cOptIMDbFilm::Genres,
+     [](const FilmRecord& film) { return std::ranges::any_of(film.Genres, [](const FilmGenre& g) { return !g.Genre.isEmpty(); }); },
+     &LinkWriter::StoreGenres},
+    {u"writers"_s, kWriter, &cOptIMDbFilm::Writers, [](const FilmRecord& film) { return AnyUsable(film.Writers, &FilmPerson::Name); },
+     &LinkWriter::StoreWriters},
+    {u"directors"_s, kDirector, &cOptIMDbFilm::Directors,
+     [](const FilmRecord& film) { return AnyUsable(film.Directors, &FilmPerson::Name); }, &LinkWriter::StoreDirectors},
+    {u"producers"_s, kProducer, &cOptIMDbFilm::Producers,
+     [](const FilmRecord& film) { return AnyUsable(film.Producers, &FilmPerson::Name); }, &LinkWriter::StoreProducers},
+    {u"actors"_s, kActor, &cOptIMDbFilm::Actors, [](const FilmRecord& film) { return AnyUsable(film.Actors, &FilmPerson::Name); },
+     &LinkWriter::StoreActors},
+    {u"companies"_s, kCompany, &cOptIMDbFilm::Companies,
+     [](const FilmRecord& film) { return AnyUsable(film.Companies, &FilmCompany::Company); }, &LinkWriter::StoreCompanies},
+};
+
+void ReadCrew(QList<FilmPerson>& people, const NameTable& names, QLatin1StringView note, QString FilmPerson::*noteMember, qint64 movieId,
+              Connection& connection)
+{
+    // "SELECT Writer.Writer_ID, Writer.Writer, Writer.IMDB_Link, WriterLink.Extended FROM Writer INNER JOIN WriterLink ON …"
+    const QString sql = u"SELECT %1.%2, %1.%1, %1.IMDB_Link, %3.%4 FROM %1 INNER JOIN %3 ON %1.%2 = %3.%2 WHERE %3.Movie_ID = "_s.arg(
+        names.table, names.idColumn, names.linkTable, note);
+    Recordset rows;
+    for (rows.Open(sql + QString::number(movieId), connection); !rows.Eof(); rows.MoveNext()) {
+        FilmPerson person;
+        person.ID = rows.Integer(0);
+        person.Name = rows.Text(1);
+        person.IMDB_Link = rows.Text(2);
+        person.*noteMember = rows.Text(3);
+        people.append(person);
+    }
+}
+
+} // namespace
+
+QString TrimBlanks(const QString& text)
+{
+    qsizetype from = 0;
+    qsizetype to = text.size();
+    while (from < to && text[from] == u' ')
+        ++from;
+    while (to > from && text[to - 1] == u' ')
+        --to;
+    return text.mid(from, to - from);
+}
+
+void StoreFilmLinks(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options, const WriterContext& context,
+                    Connection& connection)
+{
+    LinkWriter writer(movieId, mode, context, connection);
+    const auto isDue = [&](const ListStep& step) { return options.*step.gate > 0 && step.hasRecords(film); };
+    for (const ListStep& step : kListSteps) {
+        if (!isDue(step))
+            continue;
+        try {
+            if (mode == LinkMode::Update && !movieId.IsNull())
+                connection.Execute(u"DELETE FROM "_s + step.names.linkTable + u" WHERE Movie_ID = "_s + movieId.Text());
+            (writer.*step.store)(film);
+        } catch (const RuntimeError& error) {
+            QStringList missing;
+            for (const ListStep* later = &step; later != std::end(kListSteps); ++later) {
+                if (isDue(*later))
+                    missing.append(later->name);
+            }
+            throw RuntimeError(error.Number(), error.Description() + u"\r\n\""_s + film.Title +
+                                                   u"\" is in the catalog, but these lists are missing or not complete: "_s +
+                                                   missing.join(u", "_s));
+        }
+    }
+}
+
+void ReadFilmLinks(FilmRecord& film, qint64 movieId, Connection& connection)
+{
+    const QString id = QString::number(movieId);
+    Recordset rows;
+    for (rows.Open(u"SELECT Genre.Genre, Genre.Genre_ID FROM Genre INNER JOIN GenreLink ON "
+                   "Genre.Genre_ID = GenreLink.Genre_ID WHERE GenreLink.Movie_ID = "_s +
+                       id,
+                   connection);
+         !rows.Eof(); rows.MoveNext())
+        film.Genres.append({rows.Text(0), rows.Integer(1)});
+    for (rows.Open(u"SELECT Features.Feature, Features.Feature_ID FROM Features INNER JOIN Feature_Link ON "
+                   "Features.Feature_ID = Feature_Link.Feature_ID WHERE Feature_Link.Movie_ID = "_s +
+                       id,
+                   connection);
+         !rows.Eof(); rows.MoveNext())
+        film.Features.append({rows.Text(0), rows.Integer(1)});
+
+    const QLatin1StringView note("Extended");
+    ReadCrew(film.Writers, kWriter, note, &FilmPerson::Extended, movieId, connection);
+    ReadCrew(film.Producers, kProducer, note, &FilmPerson::Extended, movieId, connection);
+    ReadCrew(film.Directors, kDirector, note, &FilmPerson::Extended, movieId, connection);
+    ReadCrew(film.Actors, kActor, QLatin1StringView("Character"), &FilmPerson::Character, movieId, connection);
+
+    for (rows.Open(u"SELECT Company.Company_ID, Company.Company, CompanyLink.Type, CompanyLink.Extended FROM Company INNER JOIN "
+                   "CompanyLink ON Company.Company_ID = CompanyLink.Company_ID WHERE CompanyLink.Movie_ID = "_s +
+                       id,
+                   connection);
+         !rows.Eof(); rows.MoveNext())
+        film.Companies.append({rows.Text(1), rows.Integer(0), rows.Text(2), rows.Text(3)});
+}
+
+} // namespace kelvado
