@@ -203,6 +203,26 @@ void DrawTreePicture(QPainter& painter, const Palette& palette, int number)
     }
 }
 
+/// `picture` with a white rim of `width` pixels, which keeps it visible on the coloured ground of a selected row.
+QImage Rimmed(const QImage& picture, int width)
+{
+    QImage silhouette = picture;
+    QPainter whiten(&silhouette);
+    whiten.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    whiten.fillRect(silhouette.rect(), Qt::white);
+    whiten.end();
+
+    QImage rimmed(picture.size(), picture.format());
+    rimmed.fill(Qt::transparent);
+    QPainter painter(&rimmed);
+    for (int y = -width; y <= width; ++y) {
+        for (int x = -width; x <= width; ++x)
+            painter.drawImage(x, y, silhouette);
+    }
+    painter.drawImage(0, 0, picture);
+    return rimmed;
+}
+
 struct Button
 {
     const char* key;
@@ -302,8 +322,12 @@ void PaintToolbar(const Palette& palette, const QString& folder)
 void PaintTree(const Palette& palette, const QString& folder)
 {
     for (int number = 1; number <= 13; ++number) {
-        SavePair(folder, QString::number(number) + u".png"_qs, 16, 16, Qt::transparent,
-                 [&](QPainter& painter) { DrawTreePicture(painter, palette, number); });
+        for (const int scale : {1, 2}) {
+            const QImage picture =
+                Paint(16, 16, scale, Qt::transparent, [&](QPainter& painter) { DrawTreePicture(painter, palette, number); });
+            const QString name = QString::number(number) + u".png"_qs;
+            SavePicture(Rimmed(picture, scale), folder + u'/' + (scale == 1 ? name : DoubleName(name)));
+        }
     }
 }
 
