@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 
 namespace kelvado {
 
@@ -249,21 +250,24 @@ void ConnectionImpl::BeginWrite()
 
 qint64 ConnectionImpl::ReserveKey(const QString& table)
 {
-    const auto highest = [this](const QString& sql, const Value& name) {
+    const auto highest = [this](const QString& sql, const Value& name) -> std::optional<qint64> {
         Statement& statement = Prepared(sql);
         if (!name.IsNull())
             statement.Bind(1, name);
-        const qint64 key = statement.Step() ? statement.Integer(0) : 0;
+        const std::optional<qint64> key = statement.Step() ? std::optional<qint64>(statement.Integer(0)) : std::nullopt;
         statement.Reset();
         return key;
     };
-    qint64& last = m_reserved[table.toLower()];
-    last = std::max(last, highest(u"SELECT max(_rowid_) FROM "_s + Quoted(table), {}));
+    std::optional<qint64> used;
     try {
-        last = std::max(last, highest(u"SELECT seq FROM sqlite_sequence WHERE name = ? COLLATE NOCASE"_s, table));
+        used = highest(u"SELECT seq FROM sqlite_sequence WHERE name = ? COLLATE NOCASE"_s, table);
     } catch (const RuntimeError&) { // NOLINT(bugprone-empty-catch): no table of this catalog remembers its keys
     }
-    return ++last;
+    if (!used)
+        used = highest(u"SELECT max(_rowid_) FROM "_s + Quoted(table), {});
+    qint64& last = m_reserved[table.toLower()];
+    last = std::max(last, used.value_or(0)) + 1;
+    return last;
 }
 
 void ConnectionImpl::BurnKey(const QString& table, qint64 key)

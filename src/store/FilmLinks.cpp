@@ -138,12 +138,9 @@ void LinkWriter::StoreName(const NameTable& names, const QString& name, const Fi
 {
     Recordset link;
     link.Open(u"SELECT * FROM "_s + names.linkTable, m_connection);
-    QString quoted = TrimBlanks(name);
-    quoted.replace(u'\'', u"''"_s);
     Recordset match;
-    match.Open(u"SELECT "_s + names.table + u", "_s + names.idColumn + u" FROM "_s + names.table + u" WHERE "_s + names.table + u" = '"_s +
-                   quoted + u'\'',
-               m_connection);
+    match.Open(u"SELECT "_s + names.table + u", "_s + names.idColumn + u" FROM "_s + names.table + u" WHERE "_s + names.table + u" = ?"_s,
+               {Value(TrimBlanks(name))}, m_connection);
     Recordset all;
     all.Open(u"SELECT * FROM "_s + names.table, m_connection);
 
