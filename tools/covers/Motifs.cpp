@@ -437,8 +437,8 @@ void Houses(QPainter& painter, const QRectF& place, const CoverColours& colours,
                 {{x - width * 0.05, floor - height}, {x + width / 2, floor - height - roof}, {x + width * 1.05, floor - height}}));
             for (int window = 0; window < 4; ++window) {
                 const bool lit = Pick(dice, 3) == 0;
-                const QPointF at(x + width * (window % 2 == 0 ? 0.2 : 0.58),
-                                 floor - height + width * (0.22 + 0.5 * static_cast<qreal>(window / 2)));
+                const int storey = window / 2;
+                const QPointF at(x + width * (window % 2 == 0 ? 0.2 : 0.58), floor - height + width * (0.22 + 0.5 * storey));
                 painter.fillRect(QRectF(at, QSizeF(width * 0.22, width * 0.3)), lit ? colours.mark : Mix(wall, colours.ink, 0.55));
             }
             x += width * Between(dice, 1.0, 1.12);

@@ -78,9 +78,9 @@ void Row::PaintEdge(const QString& name, int width, Card card, bool divides) con
     SavePair(m_folder, name, width, m_measures.height, m_strip, [&](QPainter& painter) {
         Ground(painter, width);
         if (card == Card::None) {
+            const int middle = width / 2; // on a whole pixel, so that the line is sharp
             if (divides)
-                painter.fillRect(QRectF(width / 2, m_measures.top + 8, 1, m_measures.height - m_measures.top - 17),
-                                 m_palette.Colour("Line"));
+                painter.fillRect(QRectF(middle, m_measures.top + 8, 1, m_measures.height - m_measures.top - 17), m_palette.Colour("Line"));
             return;
         }
         if (card == Card::FromRight) {
