@@ -1,1 +1,235 @@
+#include "render/HtmlOutput.h"
 
+#include "core/RuntimeError.h"
+#include "render/SiteAddress.h"
+#include "support/TempCatalog.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace kelvado {
+namespace {
+
+/// A catalog with one film, number 1, and a program folder with the skin "Plain".
+class Tokens : public ::testing::Test
+{
+protected:
+    Tokens()
+    {
+        qputenv("KELVADO_HOME", m_home.path().toUtf8());
+        catalog.Run("INSERT INTO Movie(Movie_ID, Title) VALUES (1, 'One')");
+        connection.Open(ConnectionString(catalog.Path()));
+    }
+    ~Tokens() override { qunsetenv("KELVADO_HOME"); }
+
+    /// Sets one column of the film; `value` is an SQL expression.
+    void Set(const char* column, const char* value)
+    {
+        catalog.Run((QByteArray("UPDATE Movie SET \"") + column + "\" = " + value + " WHERE Movie_ID = 1").constData());
+    }
+
+    /// `text` with the film's single tokens filled and the program folder's path cut to "HOME".
+    std::string Film(const char* text, bool exported = false)
+    {
+        QString page = QString::fromUtf8(text);
+        Recordset film;
+        film.Open(QStringLiteral("SELECT * FROM Movie WHERE Movie_ID = 1"), connection);
+        FillFilmTokens(page, film, {QStringLiteral("Plain"), QStringLiteral("http://site"), exported});
+        return page.replace(m_home.path(), QStringLiteral("HOME")).toStdString();
+    }
+
+    std::string Fill(void (*fill)(QString&, Connection&, const QString&), const char* text)
+    {
+        QString page = QString::fromUtf8(text);
+        fill(page, connection, QStringLiteral("1"));
+        return page.toStdString();
+    }
+
+    QTemporaryDir m_home;
+    TempCatalog catalog;
+    Connection connection;
+};
+
+TEST_F(Tokens, NullBecomesNoneAndAnEmptyTextIsAValue)
+{
+    EXPECT_EQ(Film("!!TITLE!!|!!YEAR!!|!!PLOT!!|!!IMDB!!|!!IMDBNUM!!|!!title!!|!!TITLE!!|!!UNKNOWN!!"),
+              "One|N/A|N/A|http://site||!!title!!|One|!!UNKNOWN!!");
+    Set("Plot", "''");
+    Set("Title", "'Cops & <Robbers>'");
+    Set("IMDB", "'0047478'");
+    Set("LastViewing", "'1899-12-30'");
+    EXPECT_EQ(Film("!!TITLE!!|!!PLOT!!|!!IMDB!!|!!IMDBNUM!!|!!LASTVIEWING!!"), "Cops & <Robbers>||http://site/Title?0047478|0047478|");
+    Set("LastViewing", "'2024-02-29'");
+    EXPECT_EQ(Film("!!LASTVIEWING!!"), "2024-02-29");
+}
+
+TEST_F(Tokens, AValueIsScannedForLaterTokensOnly)
+{
+    Set("Year", "1954");
+    Set("Index", "'C-07'");
+    Set("Language", "'!!TRAILERURL!! !!QUALITY!!'");
+    Set("Plot", "'!!INDEX!! !!YEAR!!'");
+    Set("Rating", "'N/A'");
+    Set("TrailerURL", "'!!RATING!!'");
+    EXPECT_EQ(Film("!!PLOT!!|!!LANGUAGE!!"), "C-07 !!YEAR!!|N/A !!QUALITY!!");
+}
+
+TEST_F(Tokens, YesAndNo)
+{
+    const struct
+    {
+        const char* value;
+        const char* word;
+    } cases[] = {{"0", "No"}, {"'0'", "No"}, {"' 0.0 '", "No"}, {"1", "Yes"}, {"'English'", "Yes"}, {"''", "Yes"}, {"NULL", "Yes"}};
+    for (const auto& test : cases) {
+        Set("SubTitles", test.value);
+        EXPECT_EQ(Film("!!SUBTITLES!!"), test.word) << test.value;
+    }
+}
+
+TEST_F(Tokens, CertificatesMatchToTheLetter)
+{
+    const struct
+    {
+        const char* rated;
+        const char* page;
+        const char* exported;
+    } cases[] = {
+        {"NULL", "N/A HOME/Skins/Plain/ratings/NA.Gif", "N/A Images\\NA.Gif"},
+        {"'G'", "G HOME/Skins/Plain/ratings/G.Gif", "G Images\\G.Gif"},
+        {"'PG-13'", "PG-13 HOME/Skins/Plain/ratings/PG-13.Gif", "PG-13 Images\\PG-13.Gif"},
+        {"'NC17'", "NC17 HOME/Skins/Plain/ratings/NC-17.Gif", "NC17 Images\\NC-17.Gif"},
+        {"'NC-17'", "NC-17 HOME/Skins/Plain/ratings/NA.Gif", "NC-17 !!RATEDIMG!!"},
+        {"'r'", "r HOME/Skins/Plain/ratings/NA.Gif", "r !!RATEDIMG!!"},
+        {"''", " HOME/Skins/Plain/ratings/NA.Gif", " !!RATEDIMG!!"},
+    };
+    for (const auto& test : cases) {
+        Set("Rated", test.rated);
+        EXPECT_EQ(Film("!!RATEDTXT!! !!RATEDIMG!!"), test.page);
+        EXPECT_EQ(Film("!!RATEDTXT!! !!RATEDIMG!!", true), test.exported);
+    }
+}
+
+TEST_F(Tokens, RatingBars)
+{
+    const auto count = [](const std::string& text, const char* part) {
+        return QString::fromStdString(text).count(QLatin1StringView(part));
+    };
+    const struct
+    {
+        const char* rating;
+        int yes, half, no;
+    } cases[] = {{"'7.4'", 7, 0, 3}, {"'7.5'", 7, 0, 2}, {"'7.6'", 7, 1, 2}, {"'10'", 1, 0, 9}, {"'9.9'", 9, 1, 0}, {"'0.0'", 0, 0, 10}};
+    for (const auto& test : cases) {
+        Set("Rating", test.rating);
+        const std::string bar = Film("!!RATINGBAR!!", true);
+        EXPECT_EQ(count(bar, "barYes.gif\"/>"), test.yes) << test.rating;
+        EXPECT_EQ(count(bar, "barHalf.gif\"/>"), test.half) << test.rating;
+        EXPECT_EQ(count(bar, "barNo.gif\"/>"), test.no) << test.rating;
+    }
+    Set("Rating", "'9.0'");
+    std::string bar = "<NOBR><IMG SRC=\"HOME/Skins/Plain/RatingBar/barLeft.gif\"/>";
+    for (int i = 0; i < 9; ++i)
+        bar += "<IMG SRC=\"HOME/Skins/Plain/RatingBar/barYes.gif\"/>";
+    bar += "<IMG SRC=\"HOME/Skins/Plain/RatingBar/barNo.gif\"/><IMG SRC=\"HOME/Skins/Plain/RatingBar/barRight.gif\"/></NOBR>";
+    EXPECT_EQ(Film("!!RATINGBAR!!!!RATING!!"), bar + "9.0");
+
+    Set("Rating", "NULL"); // the one tag that does not close itself
+    EXPECT_EQ(Film("!!RATINGBAR!! !!RATING!!", true), "<IMG SRC=\"Images\\RatingBar\\barna.gif\"> N/A");
+    for (const char* text : {"N/A", "", "(7)"}) {
+        Set("Rating", ("'" + QByteArray(text) + "'").constData());
+        EXPECT_EQ(Film("!!RATINGBAR!! !!RATING!!", true), std::string("<IMG SRC=\"Images\\RatingBar\\barna.gif\"/> ") + text);
+    }
+    Set("Rating", "'7.x'");
+    EXPECT_THROW(Film(""), RuntimeError);
+}
+
+TEST_F(Tokens, SkinPicturesAreFoundInAnySpelling)
+{
+    QDir(m_home.path()).mkpath(QStringLiteral("Skins/Plain/Ratings"));
+    QFile(m_home.filePath(QStringLiteral("Skins/Plain/Ratings/na.gif"))).open(QIODevice::WriteOnly);
+    EXPECT_EQ(Film("!!RATEDIMG!!"), "HOME/Skins/Plain/Ratings/na.gif");
+    EXPECT_EQ(PathForPage(QStringLiteral("C:\\100% #1\\a?.gif")), QStringLiteral("C:/100%25 %231/a%3F.gif"));
+}
+
+TEST_F(Tokens, GenresKeepTheBlankInFront)
+{
+    EXPECT_EQ(Fill(FillGenreToken, "!!GENRE!!"), "N/A");
+    catalog.Run("DELETE FROM Genre; INSERT INTO Genre(Genre_ID, Genre) VALUES (1, 'Zombie'), (2, 'Action');"
+                "INSERT INTO GenreLink(Movie_ID, Genre_ID) VALUES (1, 1)");
+    EXPECT_EQ(Fill(FillGenreToken, "!!GENRE!!"), " Zombie");
+    catalog.Run("INSERT INTO GenreLink(Movie_ID, Genre_ID) VALUES (1, 2)");
+    EXPECT_EQ(Fill(FillGenreToken, "!!GENRE!!"), " Zombie, Action");
+}
+
+TEST_F(Tokens, NumberedTokensEndInNone)
+{
+    const char* page = "!!ACTOR0!! !!ACTOR1!! !!CHARACTER1!! !!ACTOR2!! !!ACTOR10!! !!ACTOR50!! !!ACTOR51!!";
+    EXPECT_EQ(Fill(FillActorTokens, page), "N/A N/A N/A N/A N/A N/A !!ACTOR51!!");
+    catalog.Run("INSERT INTO Actor(Actor_ID, Actor) VALUES (9, 'Nine'), (4, '!!CHARACTER1!!')");
+    catalog.Run("INSERT INTO ActorLink(Movie_ID, Actor_ID, Character, \"Order\") VALUES (1, 9, NULL, 2), (1, 4, 'Four', 1)");
+    // In the order of the links; a role that is Null is empty, and a name may not reach back.
+    EXPECT_EQ(Fill(FillActorTokens, "!!ACTOR1!!|!!CHARACTER1!!|!!ACTOR2!!|!!CHARACTER2!!|!!ACTOR3!!|!!ACTOR0!!"),
+              "Nine||!!CHARACTER1!!|Four|N/A|!!ACTOR0!!");
+
+    const struct
+    {
+        void (*fill)(QString&, Connection&, const QString&);
+        const char* role;
+    } crews[] = {{FillProducerTokens, "Producer"}, {FillDirectorTokens, "Director"}, {FillWriterTokens, "Writer"}};
+    for (const auto& crew : crews) {
+        const QByteArray role = crew.role;
+        const QByteArray stem = "!!" + role.toUpper();
+        const QByteArray text = stem + "0!!|" + stem + "1!!|" + stem + "2!!|" + stem + "50!!|" + stem + "51!!";
+        EXPECT_EQ(Fill(crew.fill, text.constData()), "N/A|N/A|N/A|N/A|" + stem.toStdString() + "51!!");
+        catalog.Run(("INSERT INTO " + role + "(" + role + "_ID, " + role + ") VALUES (7, NULL), (3, 'Three')").constData());
+        catalog.Run(("INSERT INTO " + role + "Link(Movie_ID, " + role + "_ID) VALUES (1, 7), (1, 3)").constData());
+        EXPECT_EQ(Fill(crew.fill, text.constData()), stem.toStdString() + "0!!|N/A|Three|N/A|" + stem.toStdString() + "51!!");
+    }
+}
+
+TEST_F(Tokens, AllOfALongCastIsPutIn)
+{
+    catalog.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 300) INSERT INTO Actor(Actor_ID, Actor) "
+                "SELECT i, 'A' || i FROM n");
+    catalog.Run("INSERT INTO ActorLink(Movie_ID, Actor_ID, Character) SELECT 1, Actor_ID, 'C' FROM Actor ORDER BY Actor_ID");
+    EXPECT_EQ(Fill(FillActorTokens, "!!ACTOR49!! !!ACTOR50!! !!ACTOR51!! !!ACTOR300!! !!ACTOR301!!"), "A49 A50 A51 A300 !!ACTOR301!!");
+}
+
+TEST(PageTokens, NeighboursOfAPage)
+{
+    const auto fill = [](qint64 page, qint64 pages) {
+        QString text = QStringLiteral("!!NAVPREV!! !!NAVNEXT!! !!CURRENTPAGE!!/!!TOTALPAGES!! !!PAGESIZE!! !!TOTALFILMS!!");
+        FillPageTokens(text, page, pages, 20, 55);
+        return text.toStdString();
+    };
+    EXPECT_EQ(fill(1, 3), "# index2.html 1/3 20 55");
+    EXPECT_EQ(fill(2, 3), "index1.html index3.html 2/3 20 55");
+    EXPECT_EQ(fill(3, 3), "index2.html # 3/3 20 55");
+}
+
+TEST_F(Tokens, BarPicturesAreExportedUnderTheirOwnNames)
+{
+    QDir(m_home.path()).mkpath(QStringLiteral("Skins/Plain/RatingBar"));
+    for (const char* name : {"barna.gif", "barYes.gif"})
+        QFile(m_home.filePath(QStringLiteral("Skins/Plain/RatingBar/") + QLatin1StringView(name))).open(QIODevice::WriteOnly);
+    CopyRatingBarImages(QStringLiteral("Plain"));
+    EXPECT_EQ(QDir(m_home.filePath(QStringLiteral("Export/Web/Images"))).entryList(QDir::Files),
+              (QStringList{QStringLiteral("BarNA.Gif"), QStringLiteral("baryes.Gif")}));
+}
+
+TEST_F(Tokens, TheSiteIsASetting)
+{
+    const QString settings = m_home.filePath(QStringLiteral("Settings.ini"));
+    EXPECT_EQ(SiteAddress(settings), QStringLiteral("http://127.0.0.1:8047"));
+    QFile file(settings);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[Hosts]\nImdbMainHost=films.example.org:81\n");
+    file.close();
+    EXPECT_EQ(SiteAddress(settings), QStringLiteral("http://films.example.org:81"));
+}
+
+} // namespace
+} // namespace kelvado

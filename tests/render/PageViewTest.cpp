@@ -160,12 +160,14 @@ TEST_F(PageView, LoadsNothingFromOutsideTheProgramFolder)
     const QByteArray site = "127.0.0.1:" + QByteArray::number(server.serverPort());
     const QByteArray data = "data:image/gif;base64,R0lGODlhAQABAIAAAP///wAAACwAAAAAAQABAAACAkQBADs=";
     view.CreateBrowser();
-    Show(Write("home/temp/page.html", "<img src=\"inside.png\"><img src=\"" + data + "\"><img src=\"../../outside.png\"><img src=\"link.png\">" +
-                                          "<img src=\"http://" + site + "/a.png\"><iframe src=\"file://" + File("outside.png").toUtf8() +
-                                          "\"></iframe><iframe src=\"http://" + site + "/\"></iframe><link rel=\"stylesheet\" href=\"http://" + site +
-                                          "/a.css\"><script src=\"http://" + site + "/a.js\"></script>"));
+    Show(Write("home/temp/page.html",
+               "<img src=\"inside.png\"><img src=\"" + data + "\"><img src=\"../../outside.png\"><img src=\"link.png\">" +
+                   "<img src=\"http://" + site + "/a.png\"><iframe src=\"file://" + File("outside.png").toUtf8() +
+                   "\"></iframe><iframe src=\"http://" + site + "/\"></iframe><link rel=\"stylesheet\" href=\"http://" + site +
+                   "/a.css\"><script src=\"http://" + site + "/a.js\"></script>"));
     EXPECT_EQ(Ask("[...document.images].map(image => image.naturalWidth).join()").toString(), QStringLiteral("4,1,0,0,0"));
-    const QByteArray attempts = "window.done = []; for (const attempt of [() => fetch('http://" + site + "/'), () => fetch('file:///etc/passwd'), " +
+    const QByteArray attempts = "window.done = []; for (const attempt of [() => fetch('http://" + site +
+                                "/'), () => fetch('file:///etc/passwd'), " +
                                 "() => new Promise((good, bad) => { const socket = new WebSocket('ws://" + site +
                                 "/'); socket.onopen = good; socket.onerror = bad; }), () => navigator.sendBeacon('http://" + site +
                                 "/', 'x') && Promise.reject()]) attempt().then(() => done.push('in'), () => done.push('out'));";
@@ -180,8 +182,8 @@ TEST_F(PageView, GoesOnlyWhereTheProgramSendsIt)
     view.CreateBrowser();
     const QString page = Write("home/temp/page.html", "<form action=\"two.html\"><button id=\"javascript:send\">send</button></form>");
     const QString two = Write("home/temp/two.html", "two");
-    for (const char* attempt : {"location.href = 'two.html'", "window.open('two.html')", "history.back()",
-                                "document.forms[0].submit()", "location.reload()", "document.forms[0].requestSubmit()", "alert('modal')"}) {
+    for (const char* attempt : {"location.href = 'two.html'", "window.open('two.html')", "history.back()", "document.forms[0].submit()",
+                                "location.reload()", "document.forms[0].requestSubmit()", "alert('modal')"}) {
         Show(two);
         Show(page);
         Ask("window.kept = true");
@@ -189,6 +191,19 @@ TEST_F(PageView, GoesOnlyWhereTheProgramSendsIt)
         for (int round = 0; round < 20; ++round)
             EXPECT_TRUE(Ask("window.kept === true").toBool()) << attempt;
     }
+}
+
+TEST_F(PageView, AnEndlessScriptDoesNotHoldUpTheNextPage)
+{
+    view.SetPatience(1000);
+    view.CreateBrowser();
+    Show(Write("home/temp/endless.html", "<script>setTimeout(() => { while (true); }, 1)</script>"));
+    Show(Write("home/temp/two.html", "two"));
+    EXPECT_EQ(Ask("document.body.textContent").toString(), QStringLiteral("two"));
+    Show(Write("home/temp/endless.html", "<script>while (true);</script>")); // blank in the end
+    EXPECT_EQ(Ask("location.href").toString(), QStringLiteral("about:blank"));
+    Show(File("home/temp/missing.html"));
+    EXPECT_EQ(Ask("location.href").toString(), QStringLiteral("about:blank"));
 }
 
 TEST_F(PageView, APageCannotReachTheBridge)

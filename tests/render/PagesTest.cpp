@@ -1,1 +1,184 @@
+#include "render/Pages.h"
 
+#include "RecordingHost.h"
+#include "core/NodeKey.h"
+#include "support/RecordingShell.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempCatalog.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace kelvado {
+namespace {
+
+/// A catalog with the film 5, selected in the tree, and a program folder with the skin "Plain".
+class FilmPages : public ::testing::Test
+{
+protected:
+    FilmPages()
+    {
+        qputenv("KELVADO_HOME", m_home.path().toUtf8());
+        Write("Skins/Plain/skin.ini", "[Template]\nType=Template\n");
+        Write("Skins/Plain/No Image.jpg", "picture");
+        catalog.Run("INSERT INTO Movie(Movie_ID, Title) VALUES (5, 'Cops & <Robbers>')");
+        state.skin = QStringLiteral("Plain");
+        state.CurrentSection = kMovieList;
+        state.comDiagFile.fileName = catalog.Path();
+        host.key = FilmKey(5, u"C");
+    }
+    ~FilmPages() override { qunsetenv("KELVADO_HOME"); }
+
+    void Write(const char* name, const QByteArray& bytes)
+    {
+        QFile file(m_home.filePath(QString::fromUtf8(name)));
+        QDir().mkpath(QFileInfo(file).path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    /// The text of the page that was opened last, with the program folder's path cut to "HOME" and without its line end.
+    std::string Page() const
+    {
+        QFile file(host.calls.isEmpty() ? QString() : host.calls.last().mid(QStringLiteral("navigate ").size()));
+        if (!file.open(QIODevice::ReadOnly))
+            return "<no page>";
+        QString text = QString::fromUtf8(file.readAll());
+        EXPECT_TRUE(text.endsWith(QStringLiteral("\r\n")));
+        text.chop(2);
+        return text.replace(m_home.path(), QStringLiteral("HOME")).toStdString();
+    }
+
+    std::string FilmPage()
+    {
+        pages.ShowFilmPage();
+        return Page();
+    }
+
+    int FilmPageError()
+    {
+        try {
+            pages.ShowFilmPage();
+        } catch (const RuntimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    }
+
+    QTemporaryDir m_home;
+    TempCatalog catalog;
+    AppState state;
+    ScriptedDialogs dialogs;
+    RecordingShell shell;
+    RecordingHost host;
+    Pages pages{state, dialogs, shell, host};
+};
+
+TEST_F(FilmPages, AFilmBecomesAStepOfTheHistory)
+{
+    Write("Skins/Plain/templates/Default.HTML", "<h1>!!TITLE!!</h1>!!GENRE!!<a id=\"!!NAVCREDITS!!\">!!WRITER1!!");
+    EXPECT_EQ(FilmPage(), "<h1>Cops & <Robbers></h1>N/A<a id=\"SendMessage:PAGE_CREDITS:5\">N/A");
+    EXPECT_EQ(shell.calls.join(u'|').toStdString(), "PushHistory \"5\nC\" MovieList htmltemp0.html");
+    EXPECT_EQ(host.calls, QStringList{QStringLiteral("navigate ") + m_home.filePath(QStringLiteral("temp/htmltemp0.html"))});
+}
+
+TEST_F(FilmPages, TemplatesAreReadAsUtf8OrElseWindows1252)
+{
+    Write("Skins/Plain/Templates/default.html", "\xE2\x82\xAC \xC3\xA9");
+    EXPECT_EQ(FilmPage(), "\xE2\x82\xAC \xC3\xA9");
+    Write("Skins/Plain/Templates/default.html", "\x80 \xE9");
+    EXPECT_EQ(FilmPage(), "\xE2\x82\xAC \xC3\xA9");
+}
+
+TEST_F(FilmPages, PagesAndPicturesGoRound)
+{
+    Write("Skins/Plain/Templates/default.html", "!!IMAGE!! !!IMAGEBACK!!");
+    EXPECT_EQ(FilmPage(), "HOME/Skins/Plain/No Image.jpg HOME/Skins/Plain/No Image.jpg");
+    catalog.Run("INSERT INTO Images(Image_ID, Image, Extention) VALUES (1, x'FFD8FF', 'JPG'), (2, x'474946', 'GIF')");
+    catalog.Run("UPDATE Movie SET Image_ID = 1, ImageBack_ID = 2");
+    for (int i = 0; i < 12; ++i)
+        EXPECT_EQ(FilmPage(), QStringLiteral("HOME/temp/MImage%1.JPG HOME/temp/MImage%2.GIF").arg(2 * i + 1).arg(2 * i + 2).toStdString());
+    EXPECT_EQ(FilmPage(), "HOME/temp/MImage25.JPG HOME/temp/MImage1.GIF");
+    EXPECT_TRUE(host.calls[9].endsWith(QStringLiteral("/htmltemp9.html")));
+    EXPECT_TRUE(host.calls[10].endsWith(QStringLiteral("/htmltemp0.html")));
+
+    catalog.Run("UPDATE Movie SET Image_ID = 99, ImageBack_ID = NULL"); // a picture that is lost, and none
+    EXPECT_EQ(FilmPage(), "HOME/Skins/Plain/No Image.jpg HOME/Skins/Plain/No Image.jpg");
+}
+
+TEST_F(FilmPages, FailuresLeaveTheViewAndTheHistoryAlone)
+{
+    pages.ShowFilmPage();
+    ASSERT_EQ(dialogs.boxes.size(), 1);
+    EXPECT_TRUE(dialogs.boxes[0].text.contains(QStringLiteral("default.html")));
+    Write("Skins/Plain/Templates/default.html", "!!TITLE!!");
+    host.key = FilmKey(6, u"C");
+    EXPECT_EQ(FilmPageError(), kErrNoCurrentRecord);
+    host.key = GroupKey(u"C");
+    EXPECT_EQ(FilmPageError(), kErrTypeMismatch);
+    host.key = FilmKey(5, u"C");
+    Write("Skins/Plain/skin.ini", "[template]\ntype=XML\n");
+    EXPECT_EQ(FilmPageError(), kErrInvalidCall);
+    EXPECT_TRUE(host.calls.isEmpty());
+    EXPECT_TRUE(shell.calls.isEmpty());
+}
+
+TEST_F(FilmPages, CreditsKeepTheirOddTokensAndMarkers)
+{
+    catalog.Run("INSERT INTO Actor(Actor_ID, Actor, IMDB_LINK) VALUES (1, 'Ann', '/name/1'), (2, 'Bo', NULL);"
+                "INSERT INTO ActorLink(Movie_ID, Actor_ID, Character) VALUES (5, 1, 'Queen'), (5, 2, NULL);"
+                "INSERT INTO Writer(Writer_ID, Writer) VALUES (3, 'Wu');"
+                "INSERT INTO WriterLink(Movie_ID, Writer_ID, Extended) VALUES (5, 3, '(novel)');"
+                "INSERT INTO Director(Director_ID, Director) VALUES (4, 'Di')");
+    catalog.Run("INSERT INTO DirectorLink(Movie_ID, Director_ID) VALUES (5, 4)");
+    Write("Settings.ini", "[Hosts]\nImdbMainHost=site\n");
+    Write("Skins/Plain/Templates/credits.html",
+          "(<!--START_ACTOR_CREDIT-->[!!ACTOR!!,!!CHARACTER!!,!!ACTORNAV!!,!!ACTORIMDB!!]<!--END_ACTOR_CREDIT-->)"
+          "(<!--START_WRITER_CREDIT-->[!!WRITER!!,!!EXTENDED!!,!!ACTORNAV!!]<!--START_ACTOR_CREDIT--><!--END_WRITER_CREDIT-->)"
+          "(<!--START_DIRECTOR_CREDIT-->[!!DIRECTOR!!,!!EXTENDED!!,!!DIRECTORNAV!!,!!WRITERNAV!!]<!--END_DIRECTOR_CREDIT-->)");
+    const QString path = pages.ShowCreditsPage(QStringLiteral("5"));
+    EXPECT_EQ(host.calls, QStringList{QStringLiteral("navigate ") + path});
+    EXPECT_EQ(Page(), "([Ann,Queen,SendMessage:ACTORID:1,http://site/name/1][Bo,,SendMessage:ACTORID:2,http://site])"
+                      "(<!--START_WRITER_CREDIT-->[Wu,(novel),SendMessage:WRITERID:3]<!--END_WRITER_CREDIT-->)"
+                      "(<!--START_DIRECTOR_CREDIT-->[Di,,SendMessage:WRITERID:4,!!WRITERNAV!!]<!--END_DIRECTOR_CREDIT-->)");
+
+    // A block with one marker only is left alone; a film without people leaves nothing of the block.
+    catalog.Run("DELETE FROM ActorLink");
+    Write("Skins/Plain/Templates/credits.html", "<!--START_ACTOR_CREDIT-->x<!--END_ACTOR_CREDIT-->!!WRITER!!<!--END_WRITER_CREDIT-->");
+    pages.ShowCreditsPage(QStringLiteral("5"));
+    EXPECT_EQ(Page(), "!!WRITER!!<!--END_WRITER_CREDIT-->");
+}
+
+TEST_F(FilmPages, CreditsWithoutATemplateAreToldOnce)
+{
+    const ScriptedDialogs::Box box{
+        QStringLiteral("The credits template file for skin Plain could not be located.  Please contact Kelvado support."), kBoxCritical,
+        QStringLiteral("Credits Page Error")};
+    EXPECT_EQ(pages.ShowCreditsPage(QStringLiteral("5")), QString());
+    EXPECT_EQ(dialogs.boxes, QList<ScriptedDialogs::Box>{box});
+    Write("Skins/Plain/Templates/credits.html", "");
+    EXPECT_EQ(pages.ShowCreditsPage(QStringLiteral("5")), QString());
+    EXPECT_EQ(dialogs.boxes, (QList<ScriptedDialogs::Box>{box, box}));
+    EXPECT_TRUE(host.calls.isEmpty());
+
+    Write("Skins/Plain/skin.ini", "[Template]\nType=XML\n");
+    EXPECT_TRUE(pages.ShowCreditsPage(QStringLiteral("5")).endsWith(QStringLiteral("/temp/htmltemp0.xml")));
+    EXPECT_EQ(Page(), "");
+}
+
+TEST_F(FilmPages, TheNfoPageIsNoStepOfTheHistory)
+{
+    Write("Skins/Plain/Templates/nfo.html", "<pre>!!NFO!!</pre>");
+    pages.ShowNfoPage();
+    EXPECT_EQ(Page(), "<pre>N/A</pre>");
+    catalog.Run("UPDATE Movie SET Nfo = 'a' || char(13, 10) || '!!TITLE!!'");
+    pages.ShowNfoPage();
+    EXPECT_EQ(Page(), "<pre>a\r\n!!TITLE!!</pre>");
+    EXPECT_EQ(host.calls.last(), QStringLiteral("navigate ") + m_home.filePath(QStringLiteral("htmltemp.html")));
+    EXPECT_TRUE(shell.calls.isEmpty());
+}
+
+} // namespace
+} // namespace kelvado

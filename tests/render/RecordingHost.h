@@ -22,7 +22,7 @@ public:
     void Navigate(const QString& path) override { calls << QStringLiteral("navigate ") + path; }
     void ShowFilmMenu() override { calls << QStringLiteral("film menu"); }
     void PopupMenuAtCursor() override { calls << QStringLiteral("popup"); }
-    void OpenOutside(const QUrl& address) override { calls << QStringLiteral("outside ") + address.toString(); }
+    void OpenOutside(const QUrl& address) override { calls << QStringLiteral("outside ") + address.toString(QUrl::FullyEncoded); }
 
     QString key;
     QStringList missingKeys;

@@ -2,12 +2,15 @@
 
 #include "render/forms/PageEngine.h"
 
+#include <QFileInfo>
 #include <QVBoxLayout>
 #include <QWebChannel>
 #include <QWebEngineHistory>
 #include <QWebEngineScript>
 #include <QWebEngineScriptCollection>
 #include <QWebEngineView>
+
+#include <csignal>
 
 namespace kelvado {
 
@@ -24,6 +27,9 @@ frmPageView::frmPageView(QWidget* parent) : QWidget(parent), m_path(kBlank)
     setAccessibleName(tr("Page"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    m_watch.setSingleShot(true);
+    m_watch.setInterval(10000);
+    connect(&m_watch, &QTimer::timeout, this, &frmPageView::EndHungPage);
 }
 
 frmPageView::~frmPageView()
@@ -55,9 +61,15 @@ void frmPageView::CreateBrowser()
     m_document->scripts().insert(script);
 
     connect(m_document.get(), &QWebEnginePage::loadFinished, this, [this](bool loaded) {
+        if (m_ending)
+            return;
+        m_watch.stop();
         m_document->history()->clear(); // each page is left for good
         Q_EMIT DocumentComplete(m_path, loaded);
     });
+
+    // Queued: the engine must have put its dead process away before it is told to open a page.
+    connect(m_document.get(), &QWebEnginePage::renderProcessTerminated, this, &frmPageView::Recover, Qt::QueuedConnection);
 
     m_view = new QWebEngineView(this);
     m_view->setObjectName(QStringLiteral("WebBrowser1"));
@@ -74,8 +86,31 @@ void frmPageView::CreateBrowser()
 void frmPageView::Navigate(const QString& path)
 {
     m_path = path;
+    m_recoveries = 0;
     if (m_document)
-        m_document->Open(path == kBlank ? QUrl(path) : QUrl::fromLocalFile(path));
+        Open(path);
+}
+
+void frmPageView::Open(const QString& path)
+{
+    m_watch.start();
+    m_document->Open(QFileInfo(path).isFile() ? QUrl::fromLocalFile(path) : QUrl(kBlank));
+}
+
+void frmPageView::EndHungPage()
+{
+    const qint64 process = m_document->renderProcessPid();
+    m_ending = process > 0 && ::kill(static_cast<pid_t>(process), SIGKILL) == 0;
+}
+
+void frmPageView::Recover()
+{
+    m_ending = false;
+    ++m_recoveries;
+    if (m_recoveries == 1)
+        Open(m_path);
+    else if (m_recoveries == 2)
+        Open(kBlank);
 }
 
 } // namespace kelvado
