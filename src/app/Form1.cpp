@@ -167,6 +167,9 @@ void Form1::LoadToolRow()
     m_ui->picTabs->LoadEnds(m_state.skin);
     m_ui->Working->Load(AppPath());
     std::array<QIcon, CatalogModel::kImages + 1> images;
+    QPixmap blank(LoadSkinPicture(m_state.skin, QStringLiteral("Tree/1.png"), scale));
+    blank.fill(Qt::transparent);
+    images[0] = QIcon(blank);
     for (int i = 1; i <= CatalogModel::kImages; ++i)
         images[static_cast<std::size_t>(i)] = QIcon(LoadSkinPicture(m_state.skin, QStringLiteral("Tree/%1.png").arg(i), scale));
     m_model.SetImages(std::move(images));

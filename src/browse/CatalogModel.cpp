@@ -230,8 +230,11 @@ QVariant CatalogModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return KindOf(index) == Kind::Film ? FaceOf(index).text.left(1000).toHtmlEscaped() : QVariant();
     case Qt::DecorationRole: {
+        // Number 0 is a blank picture: a film of a carrier without one keeps in line with its neighbours.
         const int image = FaceOf(index).image;
-        return image > 0 && !m_images[static_cast<std::size_t>(image)].isNull() ? m_images[static_cast<std::size_t>(image)] : QVariant();
+        if (image == 0 && KindOf(index) != Kind::Film)
+            return {};
+        return m_images[static_cast<std::size_t>(image)];
     }
     case Qt::FontRole:
         if (FaceOf(index).bold) {

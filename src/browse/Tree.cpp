@@ -391,7 +391,7 @@ QStringList Tree::FilmNodeKeys(const QString& filmId) const
     const QString sql = p == kByGenre
                             ? columns +
                                   QStringLiteral("(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
-                                                 "GenreLink.Genre_ID = Genre.Genre_ID WHERE Movie_ID = ") +
+                                                 "GenreLink.Genre_ID = Genre.Genre_ID WHERE Movie.Movie_ID = ") +
                                   filmId
                             : columns + QStringLiteral("Movie WHERE Movie_ID = ") + filmId;
     Connection connection;

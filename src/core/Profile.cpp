@@ -107,7 +107,7 @@ ProfileChanges::ProfileChanges(const QString& path) : m_path(path), m_lineEnd(QS
 void ProfileChanges::Set(const QString& section, const QString& key, const QString& value)
 {
     const QString entry = key + u'=' + OneLine(value);
-    qsizetype behindSection = -1; // behind the last line with content of the wanted section
+    qsizetype behindSection = -1; // behind the last key of the wanted section, or its heading
     bool inSection = false;
     for (qsizetype i = 0; i < m_lines.size(); ++i) {
         const IniLine parsed = ReadLine(m_lines[i]);
@@ -122,7 +122,7 @@ void ProfileChanges::Set(const QString& section, const QString& key, const QStri
             m_lines[i] = entry;
             return;
         }
-        if (!m_lines[i].trimmed().isEmpty())
+        if (parsed.kind != IniLine::Kind::Other)
             behindSection = i + 1;
     }
     if (behindSection >= 0) {

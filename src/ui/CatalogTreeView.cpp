@@ -3,10 +3,26 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyledItemDelegate>
 
 namespace kelvado {
 
 namespace {
+
+constexpr int kIconSide = 16;
+constexpr int kRowPadding = 8;
+
+// Rows with room around their text, all of one height.
+class RowDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        return {size.width(), std::max(option.fontMetrics.height(), kIconSide) + kRowPadding};
+    }
+};
 
 bool IsEnter(const QKeyEvent& event)
 {
@@ -24,6 +40,8 @@ CatalogTreeView::CatalogTreeView(QWidget* parent) : QTreeView(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setTextElideMode(Qt::ElideRight);
     setExpandsOnDoubleClick(true);
+    setItemDelegate(new RowDelegate(this));
+    setIconSize({kIconSide, kIconSide});
 }
 
 void CatalogTreeView::SelectSilently(const QModelIndex& index)

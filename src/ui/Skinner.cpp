@@ -42,6 +42,8 @@ constexpr MenuColorKey kMenuColorKeys[] = {
     {"MENUBAR_BACK", "MenuBarBackColor"},
 };
 
+constexpr int kPointSize = 10;
+
 bool IsDark(const QColor& color)
 {
     return qGray(color.rgb()) < 128;
@@ -91,6 +93,8 @@ void Skinner::ApplySkin(const QString& skin)
     m_skin = skin;
     InstallSkinFont();
     LoadSkinValues();
+    if (!m_values.fontName.isEmpty() && QFontDatabase::hasFamily(m_values.fontName))
+        QApplication::setFont(QFont(m_values.fontName, kPointSize));
     QApplication::setPalette(WindowPalette());
     QApplication::setPalette(MenuPalette(), "QMenu");
     QApplication::setPalette(MenuPalette(), "QMenuBar");

@@ -1,0 +1,307 @@
+// What the catalog costs beside the bare engine: catalog_bench FILMS.jsonl [benchmark flags].
+// Every measure stands beside the same work done by the engine's own calls on the same file; the table at the end holds their ratios.
+
+#include "FilmLines.h"
+#include "browse/Tree.h"
+#include "core/Paths.h"
+#include "core/RuntimeError.h"
+#include "store/CatalogTemplate.h"
+#include "store/mDBConnection.h"
+#include "support/IdleEvents.h"
+#include "support/MapMarks.h"
+#include "support/RecordingShell.h"
+#include "support/ScriptedDialogs.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+
+using namespace kelvado;
+
+namespace {
+
+constexpr const char* kSorts[] = {"Movie.Title", "Genre.Genre", "Movie.Year", "Movie.IsRequest"};
+
+QString g_folder;
+std::vector<FilmRecord> g_films;
+
+QString CatalogPath()
+{
+    return g_folder + QStringLiteral("/films.kvd");
+}
+
+QByteArray ReadSource(const char* name)
+{
+    QFile file(QStringLiteral(KELVADO_SOURCE_DIR "/data/") + QLatin1StringView(name));
+    if (!file.open(QIODevice::ReadOnly))
+        throw RuntimeError::WithDetail(kErrFileNotFound, file.fileName());
+    return file.readAll();
+}
+
+QString Blank(const QString& name)
+{
+    const QString path = g_folder + u'/' + name;
+    BuildBlankCatalog(path, QString::fromUtf8(ReadSource("catalog/schema.sql")));
+    return path;
+}
+
+class Engine
+{
+public:
+    explicit Engine(const QString& path) { Check(sqlite3_open(path.toUtf8().constData(), &m_db)); }
+    ~Engine() { sqlite3_close(m_db); }
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    void Run(const char* sql) { Check(sqlite3_exec(m_db, sql, nullptr, nullptr, nullptr)); }
+
+    /// Runs a statement with texts and numbers bound, reads every column of every row as text, and returns the first column of the
+    /// first row as a number.
+    qint64 Ask(const char* sql, const QList<QByteArray>& texts, const QList<qint64>& numbers = {})
+    {
+        sqlite3_stmt* statement = nullptr;
+        Check(sqlite3_prepare_v2(m_db, sql, -1, &statement, nullptr));
+        int place = 0;
+        for (const QByteArray& text : texts)
+            sqlite3_bind_text(statement, ++place, text.constData(), static_cast<int>(text.size()), SQLITE_STATIC);
+        for (const qint64 number : numbers)
+            sqlite3_bind_int64(statement, ++place, number);
+        qint64 first = 0;
+        qint64 rows = 0;
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            if (rows++ == 0)
+                first = sqlite3_column_int64(statement, 0);
+            for (int i = 0; i < sqlite3_column_count(statement); ++i)
+                benchmark::DoNotOptimize(sqlite3_column_text(statement, i));
+        }
+        Check(sqlite3_finalize(statement));
+        return first;
+    }
+    qint64 LastKey() const { return sqlite3_last_insert_rowid(m_db); }
+
+private:
+    void Check(int code)
+    {
+        if (code != SQLITE_OK) {
+            std::fprintf(stderr, "engine: %s\n", m_db ? sqlite3_errmsg(m_db) : "no memory");
+            std::exit(1);
+        }
+    }
+    sqlite3* m_db = nullptr;
+};
+
+// Stores one film with the engine's own calls, matching names as the writer does, in one transaction on a connection of its own.
+void StoreBare(const QString& path, const FilmRecord& film)
+{
+    Engine engine(path);
+    engine.Run("BEGIN IMMEDIATE");
+    engine.Ask("INSERT INTO Movie (Title, TitleNY, Year, Plot, Format) VALUES (?, ?, ?, ?, ?)",
+               {film.Title.toUtf8(), film.TitleNY.toUtf8(), film.Year.toUtf8(), film.Plot.toUtf8(), film.Format.toUtf8()});
+    const qint64 movie = engine.LastKey();
+    for (const FilmGenre& genre : film.Genres) {
+        qint64 id = engine.Ask("SELECT Genre_ID FROM Genre WHERE Genre = ?", {genre.Genre.toUtf8()});
+        if (id == 0) {
+            engine.Ask("INSERT INTO Genre (Genre) VALUES (?)", {genre.Genre.toUtf8()});
+            id = engine.LastKey();
+        }
+        engine.Ask("INSERT INTO GenreLink (Movie_ID, Genre_ID) VALUES (?, ?)", {}, {movie, id});
+    }
+    qint64 order = 0;
+    for (const FilmPerson& actor : film.Actors) {
+        qint64 id = engine.Ask("SELECT Actor_ID FROM Actor WHERE Actor = ?", {actor.Name.toUtf8()});
+        if (id == 0) {
+            engine.Ask("INSERT INTO Actor (Actor) VALUES (?)", {actor.Name.toUtf8()});
+            id = engine.LastKey();
+        }
+        engine.Ask("INSERT INTO ActorLink (Movie_ID, Actor_ID, \"Order\") VALUES (?, ?, ?)", {}, {movie, id, ++order});
+    }
+    engine.Run("COMMIT");
+}
+
+void StoreFilms(benchmark::State& state)
+{
+    ScriptedDialogs dialogs;
+    const WriterContext context{Blank(QStringLiteral("films.kvd")), QString(), dialogs};
+    const cOptIMDbFilm everything = cOptIMDbFilm::Everything();
+    for (auto _ : state) {
+        for (const FilmRecord& film : g_films)
+            AddFilm(film, everything, context);
+    }
+    state.counters["films/s"] = benchmark::Counter(static_cast<double>(g_films.size()), benchmark::Counter::kIsRate);
+}
+
+void StoreFilmsBare(benchmark::State& state)
+{
+    const QString path = Blank(QStringLiteral("bare.kvd"));
+    for (auto _ : state) {
+        for (const FilmRecord& film : g_films)
+            StoreBare(path, film);
+    }
+    state.counters["films/s"] = benchmark::Counter(static_cast<double>(g_films.size()), benchmark::Counter::kIsRate);
+}
+
+void ReadFilms(benchmark::State& state)
+{
+    qint64 id = 0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ReadFilm(id++ * 37 % static_cast<qint64>(g_films.size()) + 1, CatalogPath()));
+}
+
+void ReadFilmsBare(benchmark::State& state)
+{
+    constexpr const char* kQueries[] = {
+        "SELECT * FROM Movie WHERE Movie_ID = ?",
+        "SELECT Genre.Genre, Genre.Genre_ID FROM Genre INNER JOIN GenreLink ON Genre.Genre_ID = GenreLink.Genre_ID WHERE "
+        "GenreLink.Movie_ID = ?",
+        "SELECT Features.Feature, Features.Feature_ID FROM Features INNER JOIN Feature_Link ON Features.Feature_ID = "
+        "Feature_Link.Feature_ID WHERE "
+        "Feature_Link.Movie_ID = ?",
+        "SELECT Writer.Writer_ID, Writer.Writer, Writer.IMDB_Link, WriterLink.Extended FROM Writer INNER JOIN WriterLink ON "
+        "Writer.Writer_ID = "
+        "WriterLink.Writer_ID WHERE WriterLink.Movie_ID = ?",
+        "SELECT Producer.Producer_ID, Producer.Producer, Producer.IMDB_Link, ProducerLink.Extended FROM Producer INNER JOIN ProducerLink "
+        "ON "
+        "Producer.Producer_ID = ProducerLink.Producer_ID WHERE ProducerLink.Movie_ID = ?",
+        "SELECT Director.Director_ID, Director.Director, Director.IMDB_Link, DirectorLink.Extended FROM Director INNER JOIN DirectorLink "
+        "ON "
+        "Director.Director_ID = DirectorLink.Director_ID WHERE DirectorLink.Movie_ID = ?",
+        "SELECT Actor.Actor_ID, Actor.Actor, Actor.IMDB_Link, ActorLink.Character FROM Actor INNER JOIN ActorLink ON Actor.Actor_ID = "
+        "ActorLink.Actor_ID WHERE ActorLink.Movie_ID = ?",
+        "SELECT Company.Company_ID, Company.Company, CompanyLink.Type, CompanyLink.Extended FROM Company INNER JOIN CompanyLink ON "
+        "Company.Company_ID = CompanyLink.Company_ID WHERE CompanyLink.Movie_ID = ?"};
+    qint64 id = 0;
+    for (auto _ : state) {
+        Engine engine(CatalogPath());
+        const qint64 movie = id++ * 37 % static_cast<qint64>(g_films.size()) + 1;
+        for (const char* query : kQueries)
+            engine.Ask(query, {}, {movie});
+    }
+}
+
+struct Browser
+{
+    Browser()
+    {
+        qputenv("KELVADO_HOME", g_folder.toUtf8());
+        QFile settings(SettingsFile());
+        if (!settings.exists() && settings.open(QIODevice::WriteOnly))
+            settings.write(ReadSource("Settings.ini"));
+        settings.close();
+        state.gOptions = std::make_unique<cOptions>(SettingsFile(), marks);
+        state.comDiagFile.fileName = CatalogPath();
+    }
+    void Sort(const char* primary) { state.gOptions->View.PrimarySort = QString::fromLatin1(primary); }
+
+    AppState state;
+    MapMarks marks;
+    IdleEvents events;
+    RecordingShell shell;
+    CatalogModel model;
+    Tree tree{{state, marks, events, shell, model}};
+};
+
+void FillTree(benchmark::State& state)
+{
+    Browser browser;
+    browser.Sort(kSorts[state.range(0)]);
+    state.SetLabel(kSorts[state.range(0)]);
+    for (auto _ : state)
+        browser.tree.FillTree();
+}
+
+void FillTreeBare(benchmark::State& state)
+{
+    Browser browser;
+    browser.Sort(kSorts[state.range(0)]);
+    state.SetLabel(kSorts[state.range(0)]);
+    const cOptView& view = browser.state.gOptions->View;
+    const QByteArray groups = BuildLevelSql(view.PrimarySort, 1, view, {}).toUtf8();
+    const QByteArray films = BuildLevelSql(view.PrimarySort, 2, view, {}).toUtf8();
+    for (auto _ : state) {
+        Engine engine(CatalogPath());
+        engine.Ask(groups.constData(), {});
+        engine.Ask(films.constData(), {});
+    }
+}
+
+void ExpandFilm(benchmark::State& state)
+{
+    Browser browser;
+    browser.Sort("Movie.Title");
+    browser.tree.FillTree();
+    qint64 id = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const QString film = QString::number(id++ * 37 % static_cast<qint64>(g_films.size()) + 1);
+        const QModelIndex node = browser.model.Find(browser.tree.FilmNodeKeys(film).constFirst());
+        state.ResumeTiming();
+        try {
+            browser.tree.ExpandFilmNode(node);
+        } catch (const RuntimeError&) {
+            // A few casts of the file name one person twice.
+        }
+    }
+}
+
+BENCHMARK(StoreFilms)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
+BENCHMARK(StoreFilmsBare)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
+BENCHMARK(ReadFilms)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
+BENCHMARK(ReadFilmsBare)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
+BENCHMARK(FillTree)->DenseRange(0, 3)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
+BENCHMARK(FillTreeBare)->DenseRange(0, 3)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
+BENCHMARK(ExpandFilm)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
+
+// Keeps the medians (or the single run) by name, for the table of ratios.
+class MedianKeeper : public benchmark::ConsoleReporter
+{
+public:
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs)
+            if (run.run_type == Run::RT_Iteration || run.aggregate_name == "median")
+                medians[run.run_name.function_name + (run.run_name.args.empty() ? "" : "/" + run.run_name.args)] =
+                    run.GetAdjustedRealTime();
+        ConsoleReporter::ReportRuns(runs);
+    }
+    std::map<std::string, double> medians;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: catalog_bench FILMS.jsonl [benchmark flags]\n");
+        return 2;
+    }
+#ifndef NDEBUG
+    std::fprintf(stderr, "This build is not optimised: its figures say little.\n");
+#endif
+    try {
+        const QTemporaryDir folder;
+        g_folder = folder.path();
+        g_films = ReadFilmLines(QString::fromLocal8Bit(argv[1]));
+        std::printf("%zu films, engine %s\n", g_films.size(), sqlite3_libversion());
+        MedianKeeper keeper;
+        benchmark::RunSpecifiedBenchmarks(&keeper);
+        std::printf("\n%-18s %12s %12s %7s\n", "median", "ours", "bare", "ratio");
+        for (const auto& [name, time] : keeper.medians) {
+            const std::string bare =
+                name.substr(0, name.find('/')) + "Bare" + (name.find('/') == std::string::npos ? "" : name.substr(name.find('/')));
+            if (const auto twin = keeper.medians.find(bare); twin != keeper.medians.end())
+                std::printf("%-18s %12.2f %12.2f %7.2f\n", name.c_str(), time, twin->second, time / twin->second);
+        }
+        return 0;
+    } catch (const RuntimeError& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+}

@@ -1,0 +1,43 @@
+#include "FilmLines.h"
+
+#include "core/RuntimeError.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+
+using namespace kelvado;
+
+std::vector<FilmRecord> ReadFilmLines(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw RuntimeError::WithDetail(kErrFileNotFound, path);
+    constexpr const char* kFormats[] = {"DVD", "DVD", "VHS", "DivX", "Request", ""};
+    std::vector<FilmRecord> films;
+    while (!file.atEnd()) {
+        const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
+        FilmRecord film;
+        film.Title = line[QLatin1StringView("title")].toString();
+        film.TitleNY = film.Title;
+        film.Year = QString::number(line[QLatin1StringView("year")].toInt());
+        film.Plot = line[QLatin1StringView("extract")].toString();
+        film.Format = QString::fromLatin1(kFormats[films.size() % std::size(kFormats)]);
+        // The lines hold a few names twice; a catalog has one link of each.
+        QSet<QString> seen;
+        for (const QJsonValue& genre : line[QLatin1StringView("genres")].toArray()) {
+            if (!seen.contains(genre.toString().toCaseFolded()))
+                film.Genres << FilmGenre{genre.toString(), 0};
+            seen.insert(genre.toString().toCaseFolded());
+        }
+        for (const QJsonValue& name : line[QLatin1StringView("cast")].toArray()) {
+            FilmPerson actor;
+            actor.Name = name.toString();
+            film.Actors << actor;
+        }
+        films.push_back(std::move(film));
+    }
+    return films;
+}

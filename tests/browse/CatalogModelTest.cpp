@@ -1,0 +1,59 @@
+#include "browse/CatalogModel.h"
+
+#include "core/NodeKey.h"
+
+#include <QAbstractItemModelTester>
+
+#include <gtest/gtest.h>
+
+namespace kelvado {
+namespace {
+
+TreeContent TwoGroups()
+{
+    TreeContent content;
+    const int a = content.AddGroup(QStringLiteral("65"), QStringLiteral("A"), 0);
+    content.AddGroup(QStringLiteral("66"), QStringLiteral("B"), 0);
+    content.AddFilm({5, QStringLiteral("Alien\nsecond line"), QStringLiteral("65"), 0, 0, 3}, a);
+    content.AddFilm({6, QStringLiteral("Amour"), QStringLiteral("65"), 0, 0, 5}, a);
+    return content;
+}
+
+TEST(CatalogModel, KeepsTheRulesOfAModelWhileItChanges)
+{
+    CatalogModel model;
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    model.SetContent(TwoGroups());
+    const QModelIndex film = model.Find(FilmKey(6, u"65"));
+    ASSERT_TRUE(film.isValid());
+    EXPECT_EQ(model.rowCount(film), 1);
+    model.SetCast(film, {{11, QStringLiteral("Ann"), {}, 6}, {12, QStringLiteral("Ben"), {}, 7}});
+    EXPECT_EQ(model.Find(FilmKey(6, u"12")).data().toString(), u"Ben");
+    model.SetCast(film, {});
+    EXPECT_EQ(model.rowCount(film), 0);
+    EXPECT_FALSE(model.hasChildren(film));
+    model.SetCast(model.index(0, 0), {{1, QStringLiteral("x"), {}, 0}});
+    EXPECT_EQ(model.rowCount(model.index(0, 0)), 2);
+    model.Clear();
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST(CatalogModel, FindsNodesByKeyWithoutRegardToCase)
+{
+    CatalogModel model;
+    TreeContent content = TwoGroups();
+    content.AddFilm({5, QStringLiteral("Alien"), QStringLiteral("Science Fiction"), 0, 0, 3}, 1);
+    model.SetContent(content);
+    EXPECT_EQ(model.Find(GroupKey(u"66")).row(), 1);
+    EXPECT_EQ(model.Find(FilmKey(5, u"SCIENCE fiction")).parent().row(), 1);
+    EXPECT_EQ(model.Find(FilmKey(5, u"65")).parent().row(), 0);
+    for (const QString& key : {QString(), QStringLiteral("\""), QStringLiteral("\"67\""), FilmKey(5, u"67"), QStringLiteral("\"x\n65\"")})
+        EXPECT_FALSE(model.Find(key).isValid()) << qPrintable(key);
+    const QModelIndex film = model.Find(FilmKey(5, u"65"));
+    model.SetFilmValue(film, QStringLiteral("90"));
+    EXPECT_EQ(model.Key(film), FilmKey(5, u"90"));
+    EXPECT_EQ(film.data().toString(), u"Alien second line");
+}
+
+} // namespace
+} // namespace kelvado

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "browse/Tree.h"
+#include "core/NodeKey.h"
+#include "core/RuntimeError.h"
+#include "store/Recordset.h"
+#include "support/IdleEvents.h"
+#include "support/MapMarks.h"
+#include "support/RecordingShell.h"
+#include "support/TempCatalog.h"
+#include "support/TempHome.h"
+
+namespace kelvado {
+
+/// A catalog and a tree over it. `Sort` sets the options as the menus do.
+class TreeFixture : public ::testing::Test
+{
+protected:
+    TreeFixture()
+    {
+        QFile settings(QStringLiteral(KELVADO_SOURCE_DIR "/data/Settings.ini"));
+        EXPECT_TRUE(settings.open(QIODevice::ReadOnly));
+        home.Write(QStringLiteral("Settings.ini"), settings.readAll());
+        state.gOptions = std::make_unique<cOptions>(home.Path(QStringLiteral("Settings.ini")), marks);
+        state.comDiagFile.fileName = catalog.Path();
+    }
+
+    void Sort(const char* primary, const char* secondary = "Movie.Title")
+    {
+        state.gOptions->View.PrimarySort = QString::fromLatin1(primary);
+        state.gOptions->View.SecondarySort = QString::fromLatin1(secondary);
+    }
+
+    int ErrorOfFill()
+    {
+        try {
+            tree.FillTree();
+        } catch (const RuntimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    }
+
+    /// Every group as "key text #picture", its films behind it as "  key text #picture"; "|" for a key's line feed.
+    QStringList Shown() const
+    {
+        QStringList lines;
+        const auto line = [&](const QModelIndex& node) {
+            return QStringLiteral("%1 %2 #%3")
+                .arg(model.Key(node).replace(u'\n', u'|'), node.data().toString())
+                .arg(node.data(CatalogModel::ImageRole).toInt());
+        };
+        for (int g = 0; g < model.rowCount(); ++g) {
+            const QModelIndex group = model.index(g, 0);
+            lines << line(group);
+            for (int f = 0; f < model.rowCount(group); ++f)
+                lines << QStringLiteral("  ") + line(model.index(f, 0, group));
+        }
+        return lines;
+    }
+
+    TempHome home;
+    TempCatalog catalog;
+    AppState state;
+    MapMarks marks;
+    IdleEvents events;
+    RecordingShell shell;
+    CatalogModel model;
+    Tree tree{{state, marks, events, shell, model}};
+};
+
+} // namespace kelvado

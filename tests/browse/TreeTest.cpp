@@ -1,0 +1,177 @@
+#include "TreeFixture.h"
+
+namespace kelvado {
+namespace {
+
+class TreeTest : public TreeFixture
+{
+protected:
+    TreeTest()
+    {
+        catalog.Run("INSERT INTO Movie (Movie_ID, Title, Year, Format, Loan_ID) VALUES "
+                    "(1, 'alien', 1979, 'DVD', 0), (2, '8 1/2', 1963, 'VHS', 4), (3, '\"Quoted\"', NULL, NULL, 0), "
+                    "(4, 'Zorro', 1979, 'Request', 7), (5, NULL, 1979, 'Betamax', 0), (6, 'A&#246;x', 1963, '', 0);"
+                    "INSERT INTO Genre (Genre_ID, Genre) VALUES (901, 'Tragedy'), (902, 'Farce');"
+                    "INSERT INTO GenreLink (Movie_ID, Genre_ID) VALUES (1, 901), (1, 902), (2, 902);"
+                    "INSERT INTO Actor (Actor_ID, Actor, IsRetreived) VALUES (21, 'Bj&#246;rn', 0), (22, 'Ann', 1), (23, 'Cy', 0);"
+                    "INSERT INTO ActorLink (Movie_ID, Actor_ID, \"Order\") VALUES (1, 23, 1), (1, 21, 2), (1, 22, 3), (2, 22, 1);");
+    }
+};
+
+TEST_F(TreeTest, SortedByTitleGroupsByTheFirstCharacter)
+{
+    Sort("Movie.Title");
+    tree.FillTree();
+    EXPECT_EQ(Shown(),
+              (QStringList{QStringLiteral("\"1\" * #0"), QStringLiteral("  \"5|1\"  #0"), QStringLiteral("  \"3|1\" \"Quoted\" #5"),
+                           QStringLiteral("\"10\" 0-9 #0"), QStringLiteral("  \"2|10\" 8 1/2 #4"), QStringLiteral("\"65\" A #0"),
+                           QStringLiteral("  \"6|65\" Aöx #0"), QStringLiteral("  \"1|65\" alien #3"), QStringLiteral("\"90\" Z #0"),
+                           QStringLiteral("  \"4|90\" Zorro #13")}));
+    EXPECT_EQ(shell.calls.last(), u"UpdateStatus 1");
+    EXPECT_EQ(shell.lastProgress, 0);
+}
+
+TEST_F(TreeTest, SortedByPlaceHasItsThreeGroupsAndALoansKeyThatEndsLikeARequests)
+{
+    Sort("Movie.IsRequest");
+    tree.FillTree();
+    EXPECT_EQ(Shown(), (QStringList{QStringLiteral("\"False\" My Movies #11"), QStringLiteral("  \"5|False\"  #0"),
+                                    QStringLiteral("  \"3|False\" \"Quoted\" #5"), QStringLiteral("  \"6|False\" Aöx #0"),
+                                    QStringLiteral("  \"1|False\" alien #3"), QStringLiteral("\"True\" My Requests #11"),
+                                    QStringLiteral("  \"4|True\" Zorro #13"), QStringLiteral("\"Loan\" Loaned Movies #11"),
+                                    QStringLiteral("  \"2|True\" 8 1/2 #4")}));
+}
+
+TEST_F(TreeTest, OtherSortsGroupByValueAndPutEverythingWithoutOneIntoOneGroup)
+{
+    Sort("Movie.Year", "Movie.Format");
+    tree.FillTree();
+    EXPECT_EQ(Shown(),
+              (QStringList{QStringLiteral("\"\" N/A #0"), QStringLiteral("  \"3|\" \"Quoted\" #5"), QStringLiteral("\"1963\" 1963 #0"),
+                           QStringLiteral("  \"6|1963\" Aöx #0"), QStringLiteral("  \"2|1963\" 8 1/2 #4"),
+                           QStringLiteral("\"1979\" 1979 #0"), QStringLiteral("  \"5|1979\"  #0"), QStringLiteral("  \"1|1979\" alien #3"),
+                           QStringLiteral("  \"4|1979\" Zorro #13")}));
+    catalog.Run("UPDATE Movie SET Custom1 = 'n/a' WHERE Movie_ID = 1; UPDATE Movie SET Custom1 = '' WHERE Movie_ID = 2;"
+                "UPDATE Movie SET Custom1 = 'Red' WHERE Movie_ID = 4; UPDATE Movie SET Custom1 = 'RED' WHERE Movie_ID = 5;"
+                "UPDATE Movie SET Custom1 = 'ÄRA' WHERE Movie_ID = 3; UPDATE Movie SET Custom1 = 'ära' WHERE Movie_ID = 6;");
+    Sort("Movie.Custom1");
+    tree.FillTree();
+    EXPECT_EQ(model.GroupCount(), 3);
+    EXPECT_EQ(model.rowCount(model.index(0, 0)), 2);
+}
+
+TEST_F(TreeTest, SortedByFormatGroupsCarryTheirPicture)
+{
+    Sort("Movie.Format");
+    tree.FillTree();
+    QStringList groups;
+    for (int i = 0; i < model.GroupCount(); ++i)
+        groups << model.index(i, 0).data().toString() + QString::number(model.index(i, 0).data(CatalogModel::ImageRole).toInt());
+    EXPECT_EQ(groups, (QStringList{QStringLiteral("N/A0"), QStringLiteral("Betamax0"), QStringLiteral("DVD3"), QStringLiteral("Request13"),
+                                   QStringLiteral("VHS4")}));
+}
+
+TEST_F(TreeTest, SortedByGenreAFilmStandsUnderEachAndASecondLinkRaisesOnceAllIsFilled)
+{
+    Sort("Genre.Genre");
+    tree.FillTree();
+    const QStringList shown = {QStringLiteral("\"Farce\" Farce #0"), QStringLiteral("  \"2|Farce\" 8 1/2 #4"),
+                               QStringLiteral("  \"1|Farce\" alien #3"), QStringLiteral("\"Tragedy\" Tragedy #0"),
+                               QStringLiteral("  \"1|Tragedy\" alien #3")};
+    EXPECT_EQ(Shown(), shown);
+    EXPECT_EQ(tree.FilmNodeKeys(QStringLiteral("1")), (QStringList{FilmKey(1, u"Tragedy"), FilmKey(1, u"Farce")}));
+    catalog.Run("INSERT INTO GenreLink (Movie_ID, Genre_ID) VALUES (2, 902)");
+    EXPECT_EQ(ErrorOfFill(), kErrDuplicateKey);
+    EXPECT_EQ(Shown(), shown);
+}
+
+TEST_F(TreeTest, FilmNodeKeysHaveTheTreesOwnForm)
+{
+    const struct
+    {
+        const char* sort;
+        const char* film;
+        const char16_t* value;
+    } cases[] = {{"Movie.Title", "1", u"65"},       {"Movie.Title", "5", u"1"},         {"Movie.IsRequest", "4", u"True"},
+                 {"Movie.IsRequest", "2", u"True"}, {"Movie.IsRequest", "1", u"False"}, {"Movie.Year", "3", u""}};
+    for (const auto& [sort, film, value] : cases) {
+        Sort(sort);
+        tree.FillTree();
+        const QStringList keys = tree.FilmNodeKeys(QString::fromLatin1(film));
+        ASSERT_EQ(keys.size(), 1);
+        EXPECT_EQ(keys[0], FilmKey(QByteArray(film).toInt(), value)) << sort;
+        EXPECT_TRUE(model.Find(keys[0]).isValid()) << sort;
+    }
+    EXPECT_TRUE(tree.FilmNodeKeys(QStringLiteral("99")).isEmpty());
+}
+
+TEST_F(TreeTest, ExpandingFetchesTheCastInBillingOrderAndAnewEachTime)
+{
+    for (const char* sort : {"Movie.Title", "Genre.Genre"}) {
+        Sort(sort);
+        tree.FillTree();
+        const QModelIndex film = model.Find(tree.FilmNodeKeys(QStringLiteral("1")).constFirst());
+        ASSERT_EQ(model.rowCount(film), 1);
+        EXPECT_EQ(model.index(0, 0, film).data().toString(), u"");
+        EXPECT_EQ(model.Tag(model.index(0, 0, film)), kTagGroup);
+        tree.ExpandFilmNode(film);
+        tree.ExpandFilmNode(film);
+        ASSERT_EQ(model.rowCount(film), 3);
+        EXPECT_EQ(model.index(0, 0, film).data().toString(), u"Cy");
+        EXPECT_EQ(model.index(1, 0, film).data().toString(), u"Björn");
+        EXPECT_EQ(model.index(2, 0, film).data(CatalogModel::ImageRole).toInt(), 7);
+        EXPECT_EQ(model.Tag(model.index(2, 0, film)), kTagActor);
+    }
+    const QModelIndex actor = model.Find(QStringLiteral("\"1\n21\nTragedy\""));
+    EXPECT_EQ(actor.data().toString(), u"Björn");
+    EXPECT_EQ(KeyPart(model.Key(actor), 1), u"21");
+
+    state.gOptions->Display.MaxActors = 2;
+    const QModelIndex film = actor.parent();
+    tree.ExpandFilmNode(film);
+    EXPECT_EQ(model.rowCount(film), 2);
+    const QModelIndex group = model.index(0, 0);
+    tree.ExpandFilmNode(group);
+    EXPECT_GT(model.rowCount(group), 0);
+}
+
+TEST_F(TreeTest, ExpandingRaisesForASecondRoleAndForALoanUnderThePlacesOnceTheCastStands)
+{
+    Sort("Movie.IsRequest");
+    catalog.Run("INSERT INTO ActorLink (Movie_ID, Actor_ID) VALUES (1, 21)");
+    tree.FillTree();
+    const auto errorOf = [&](const char* film) {
+        try {
+            tree.ExpandFilmNode(model.Find(tree.FilmNodeKeys(QString::fromLatin1(film)).constFirst()));
+        } catch (const RuntimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(errorOf("1"), kErrDuplicateKey);
+    EXPECT_EQ(model.rowCount(model.Find(FilmKey(1, u"False"))), 3);
+    EXPECT_EQ(errorOf("2"), kErrElementNotFound);
+    EXPECT_EQ(model.rowCount(model.Find(FilmKey(2, u"True"))), 1);
+    EXPECT_EQ(errorOf("3"), 0);
+    EXPECT_EQ(model.rowCount(model.Find(FilmKey(3, u"False"))), 0);
+    EXPECT_FALSE(tree.Expanding());
+}
+
+TEST_F(TreeTest, AFailureHalfWayLeavesWhatWasReadAndAFileThatIsNoCatalogFails)
+{
+    Sort("Movie.Title", "Movie.IMDbLink");
+    EXPECT_NE(ErrorOfFill(), 0);
+    EXPECT_EQ(model.GroupCount(), 4);
+    home.Write(QStringLiteral("text.kvd"), "this is no catalog, whatever its name says");
+    state.comDiagFile.fileName = home.Path(QStringLiteral("text.kvd"));
+    try {
+        tree.FillTree();
+        FAIL() << "a text file was taken for a catalog";
+    } catch (const RuntimeError& error) {
+        EXPECT_TRUE(error.Description().contains(u"text.kvd")) << qPrintable(error.Description());
+    }
+    EXPECT_EQ(model.GroupCount(), 0);
+}
+
+} // namespace
+} // namespace kelvado

@@ -1,0 +1,99 @@
+#include "core/Options.h"
+
+#include "core/RuntimeError.h"
+#include "support/MapMarks.h"
+#include "support/TempHome.h"
+
+namespace kelvado {
+namespace {
+
+const QString kName = QStringLiteral("Settings.ini");
+
+QByteArray Delivered()
+{
+    QFile file(QStringLiteral(KELVADO_SOURCE_DIR "/data/Settings.ini"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+TEST(Options, AreAllInTheDeliveredFileAndComeBackAsTheyWere)
+{
+    const TempHome home;
+    home.Write(kName, Delivered());
+    MapMarks marks;
+    cOptions options(home.Path(kName), marks);
+    options.Save();
+    EXPECT_EQ(home.Read(kName), Delivered());
+
+    options.Display.SectionTotal = 7;
+    options.IMDbFilmUpdate.HiImage = 0;
+    options.IMDbFilmAdd.SpokenLanguages = 1;
+    options.Defaults.Format = QStringLiteral("DVD");
+    options.Save();
+    MapMarks later;
+    const cOptions read(home.Path(kName), later);
+    EXPECT_EQ(read.Display.SectionTotal, 7);
+    EXPECT_EQ(read.IMDbFilmUpdate.HiImage, 0);
+    EXPECT_EQ(read.IMDbFilmAdd.HiImage, 1);
+    EXPECT_EQ(read.IMDbFilmAdd.SpokenLanguages, 0);
+    EXPECT_EQ(read.Defaults.Format, u"DVD");
+}
+
+TEST(Options, CheckTheMenuEntriesThatStandForThem)
+{
+    const TempHome home;
+    home.Write(kName, Delivered());
+    WriteProfileValue(QStringLiteral("View"), QStringLiteral("PrimarySort"), QStringLiteral("Genre.Genre"), home.Path(kName));
+    WriteProfileValue(QStringLiteral("View"), QStringLiteral("SecondarySort"), QStringLiteral("Movie.Year"), home.Path(kName));
+    WriteProfileValue(QStringLiteral("View"), QStringLiteral("ViewMode"), QStringLiteral("Loans"), home.Path(kName));
+    WriteProfileValue(QStringLiteral("View"), QStringLiteral("PrimaryExpand"), QStringLiteral("2"), home.Path(kName));
+    MapMarks marks;
+    const cOptions options(home.Path(kName), marks);
+    const QStringList checked = marks.CheckedEntries();
+    for (const char* entry :
+         {"mnuSortPrimDetail_3", "mnuSortSecDetail_3", "mnuViewMode_2", "mnuSortPrimExpanded", "mnuStatusItem_0", "mnuStatusItem_1"})
+        EXPECT_TRUE(checked.contains(QLatin1StringView(entry))) << entry;
+    EXPECT_EQ(checked.filter(QStringLiteral("Sort")).size(), 3);
+    EXPECT_EQ(options.View.PrimaryOrder, u"");
+    EXPECT_FALSE(marks.enabled.value(QStringLiteral("mnuStatusItem_0"), true));
+}
+
+TEST(Options, SaveBothDirectionsFromThePrimaryMark)
+{
+    const struct
+    {
+        bool primary, secondary;
+        const char16_t* afterwards; ///< of both
+    } cases[] = {{false, true, u""}, {true, false, u"DESC"}};
+    for (const auto& [primary, secondary, afterwards] : cases) {
+        const TempHome home;
+        home.Write(kName, Delivered());
+        MapMarks marks;
+        const cOptions options(home.Path(kName), marks);
+        marks.SetChecked(QStringLiteral("mnuSortPrimDESC"), -1, primary);
+        marks.SetChecked(QStringLiteral("mnuSortSecDESC"), -1, secondary);
+        options.Save();
+        MapMarks later;
+        const cOptions read(home.Path(kName), later);
+        EXPECT_EQ(read.View.PrimaryOrder, QString::fromUtf16(afterwards));
+        EXPECT_EQ(read.View.SecondaryOrder, QString::fromUtf16(afterwards));
+    }
+}
+
+TEST(Options, NameTheSettingThatIsNoNumber)
+{
+    const TempHome home;
+    home.Write(kName, Delivered().replace("MaxWriters=0", "MaxWriters="));
+    MapMarks marks;
+    try {
+        const cOptions options(home.Path(kName), marks);
+        FAIL() << "an incomplete file was taken";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), kErrTypeMismatch);
+        for (const QString& part : {QStringLiteral("MaxWriters"), QStringLiteral("[Display]"), home.Path(kName)})
+            EXPECT_TRUE(error.Description().contains(part)) << qPrintable(error.Description());
+    }
+}
+
+} // namespace
+} // namespace kelvado
