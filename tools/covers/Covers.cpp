@@ -32,11 +32,12 @@ struct Style
     QLatin1String genres; // between bars
     ColourSet colours[3];
     Motif motifs[4];
+    bool vague = false;
 };
 
-// The first style that knows one of a film's genres counts, in the order of the film's genres; the last one takes the rest.
+// The last one takes the films without a known genre.
 const Style kStyles[] = {
-    {QLatin1String("|Noir|Crime|Thriller|Spy|Legal|"),
+    {QLatin1String("|Noir|Film-Noir|Crime|Thriller|Spy|Legal|"),
      {{"#1F2F46", "#3C5A78", "#E9A23B", "#F4EAD5", "#0E1724"},
       {"#3A1F2B", "#7C3A3F", "#E5B25D", "#F5E9DA", "#160C12"},
       {"#25363A", "#4F6F6B", "#E4683A", "#F1EDE0", "#0E1718"}},
@@ -51,7 +52,7 @@ const Style kStyles[] = {
       {"#23342F", "#4B6A53", "#D9E2A8", "#F0F1E1", "#0A120F"},
       {"#2B2140", "#5C4480", "#E9D7F0", "#F3EDF5", "#0E0A18"}},
      {Motif::Woods, Motif::Woods, Motif::Houses, Motif::Stairs}},
-    {QLatin1String("|Science Fiction|Superhero|Disaster|"),
+    {QLatin1String("|Science Fiction|Sci-Fi|Superhero|Disaster|"),
      {{"#123B54", "#2C7DA0", "#F2785C", "#EAF4F4", "#06141F"},
       {"#2D1E52", "#6B4FA0", "#F4A259", "#F5EEF8", "#0E0820"},
       {"#0F4C4A", "#2A9D8F", "#E9C46A", "#F3F6EC", "#051E1F"}},
@@ -61,12 +62,12 @@ const Style kStyles[] = {
       {"#7FA3A1", "#B55A3C", "#E9B872", "#FAF0DC", "#2B1A14"},
       {"#D49A52", "#8C4F31", "#F5D08A", "#FDF3DC", "#3A1D12"}},
      {Motif::Mesas, Motif::Mesas, Motif::Mesas, Motif::Rays}},
-    {QLatin1String("|War|Historical|Biography|"),
+    {QLatin1String("|War|Historical|History|Biography|"),
      {{"#6B6B47", "#8D8A5B", "#C8553D", "#F1EAD6", "#22231A"},
       {"#4B5A66", "#7D8B93", "#D99A4E", "#F0ECE2", "#1A2026"},
       {"#8A4B38", "#B97A56", "#F0CF8E", "#F8EEDD", "#2B1511"}},
      {Motif::Rays, Motif::Hills, Motif::Woods, Motif::Quarters}},
-    {QLatin1String("|Musical|Dance|Performance|"),
+    {QLatin1String("|Musical|Music|Dance|Performance|"),
      {{"#5B2A60", "#A23B72", "#F2B84B", "#FBF0E4", "#1F0D24"},
       {"#1F3F66", "#C0474A", "#F4C95D", "#FBF3E2", "#0D1A2D"},
       {"#7A1F3D", "#C44A4A", "#F6D186", "#FBF0E2", "#290A17"}},
@@ -85,12 +86,14 @@ const Style kStyles[] = {
      {{"#8A7A66", "#B7A58C", "#D9C7A5", "#F4ECDD", "#2A231B"},
       {"#6E7678", "#9AA3A3", "#D8C9A8", "#F1EEE6", "#1E2324"},
       {"#7B6A72", "#A9939A", "#E0C9A6", "#F3ECE6", "#261E22"}},
-     {Motif::FilmFrames, Motif::Quarters, Motif::FilmFrames, Motif::Lenses}},
+     {Motif::FilmFrames, Motif::Quarters, Motif::FilmFrames, Motif::Lenses},
+     true},
     {QLatin1String("|Romance|Drama|Erotic|Independent|"),
      {{"#D98F7A", "#A8475A", "#F3C98B", "#FBF0E6", "#3A1622"},
       {"#6C8EA4", "#3D5A73", "#EFC28B", "#F6F1E7", "#152430"},
       {"#8FA585", "#4F6F5B", "#EBC57C", "#F7F3E5", "#1B2A20"}},
-     {Motif::Lenses, Motif::Waves, Motif::Leaves, Motif::Houses}},
+     {Motif::Lenses, Motif::Waves, Motif::Leaves, Motif::Houses},
+     true},
     {QLatin1String(""),
      {{"#5B7C99", "#34506B", "#E8B46A", "#F5F1E8", "#142231"},
       {"#B9805A", "#7C4A3A", "#EFD09A", "#F9F1E4", "#2A1712"},
@@ -110,12 +113,18 @@ struct Look
     bool capitals;
 };
 
+/// A genre that says little counts only where a film has no other.
 const Style& StyleOf(const QStringList& genres)
 {
-    for (const QString& genre : genres) {
-        for (const Style& style : kStyles) {
-            if (QString(style.genres).contains(u'|' + genre + u'|', Qt::CaseInsensitive))
-                return style;
+    const auto knows = [](const Style& style, const QString& genre) {
+        return QString(style.genres).contains(u'|' + genre + u'|', Qt::CaseInsensitive);
+    };
+    for (const bool vague : {false, true}) {
+        for (const QString& genre : genres) {
+            for (const Style& style : kStyles) {
+                if (style.vague == vague && knows(style, genre))
+                    return style;
+            }
         }
     }
     return *std::prev(std::end(kStyles));

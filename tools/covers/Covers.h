@@ -11,7 +11,7 @@ struct CoverText
 {
     QString title;
     int year = 0;
-    QStringList genres; // the first known one decides colours and motif
+    QStringList genres; // the first one that says something decides colours and motif
     QString director;
 };
 
