@@ -297,16 +297,18 @@ QString DirectorAndYear(const CoverText& text)
     return parts.join(u"  ·  ");
 }
 
-/// One line of small capitals, cut with an ellipsis where it is too long.
+/// One line of small capitals, made smaller where it is too long and in the end cut with an ellipsis.
 void DrawLabel(QPainter& painter, const QRectF& place, const QString& text, const QColor& colour, Qt::Alignment alignment)
 {
     QFont font = SmallFont(19, QFont::DemiBold);
     font.setLetterSpacing(QFont::AbsoluteSpacing, 2);
     font.setCapitalization(QFont::AllUppercase);
+    while (font.pixelSize() > 13 && QFontMetricsF(font).horizontalAdvance(text) > place.width())
+        font.setPixelSize(font.pixelSize() - 1);
     painter.setFont(font);
     painter.setPen(colour);
-    painter.drawText(place, static_cast<int>(alignment) | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(place.width())));
+    const QString line = painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(place.width()));
+    painter.drawText(place, static_cast<int>(alignment) | Qt::TextSingleLine, line);
 }
 
 void PaintPoster(QPainter& painter, const Look& look, const CoverText& text, std::mt19937& dice)
