@@ -4,8 +4,8 @@
 #include "store/ConnectionImpl.h"
 #include "store/JetFunctions.h"
 
+#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QSet>
 
 #include <sqlite3.h>
@@ -65,8 +65,8 @@ QString ConnectionString(const QString& path)
 
 ConnectionImpl::ConnectionImpl(const QString& path) : m_path(path)
 {
-    // The engine would take an empty name, or one with a colon in front, for a data base that is no file.
-    const QByteArray name = path.isEmpty() ? QByteArray("/") : QFileInfo(path).absoluteFilePath().toUtf8();
+    // The engine takes an empty name, and some that begin with a colon, for a data base that is no file.
+    const QByteArray name = (path.startsWith(u'/') ? path : QDir::currentPath() + u'/' + path).toUtf8();
     const int opened = sqlite3_open_v2(name.constData(), &m_database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     const bool ready = opened == SQLITE_OK && sqlite3_busy_timeout(m_database, kBusyMilliseconds) == SQLITE_OK &&
                        sqlite3_db_config(m_database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr) == SQLITE_OK &&

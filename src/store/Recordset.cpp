@@ -448,24 +448,21 @@ void RecordsetImpl::OpenBlob(int column)
 
 QByteArray RecordsetImpl::GetChunk(int column, qint64 size)
 {
-    qint64& at = m_chunkAt[column];
-    QByteArray chunk;
     if (!Pending(column)) {
         RequireRow();
         if (m_place == Place::Streamed && m_query->ofOneTable)
             Hold();
-        if (IsBlobOfRow(column)) {
-            OpenBlob(column);
-            chunk = m_blob.Read(at, size);
-            at += chunk.size();
-            if (at >= m_blob.Size())
-                m_blob.Close();
-            return chunk;
-        }
     }
-    const Value value = Get(column);
-    if (!value.IsNull())
+    qint64& at = m_chunkAt[column];
+    QByteArray chunk;
+    if (!Pending(column) && IsBlobOfRow(column)) {
+        OpenBlob(column);
+        chunk = m_blob.Read(at, size);
+        if (at + chunk.size() >= m_blob.Size())
+            m_blob.Close();
+    } else if (const Value value = Get(column); !value.IsNull()) {
         chunk = value.Bytes().mid(at, std::max<qint64>(0, size));
+    }
     at += chunk.size();
     return chunk;
 }

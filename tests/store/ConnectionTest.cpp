@@ -1,0 +1,166 @@
+#include "core/RuntimeError.h"
+#include "store/Recordset.h"
+#include "support/TempCatalog.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace kelvado {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// What opening the catalog and reading its films, or adding one, raises; empty for nothing.
+QString FailureOf(const QString& path, bool write = false)
+{
+    try {
+        Connection connection;
+        connection.Open(ConnectionString(path));
+        Recordset films;
+        films.Open(u"SELECT Title FROM Movie"_s, connection);
+        if (write) {
+            films.AddNew();
+            films[u"Title"].Set(u"x"_s);
+            films.Update();
+        } else {
+            while (!films.Eof())
+                films.MoveNext();
+        }
+        connection.Close();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), kErrDatabase);
+        return error.Description();
+    }
+    return {};
+}
+
+void Write(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+TEST(Connection, SaysWhatIsWrongWithAFile)
+{
+    const TempCatalog catalog;
+    catalog.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000) INSERT INTO Movie (Title) SELECT 'film ' || i FROM n");
+    const QString folder = catalog.Folder() + u'/';
+    QFile whole(catalog.Path());
+    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    const QByteArray bytes = whole.readAll();
+    Write(folder + u"text.kvd"_s, QByteArray("This is no catalog.\n").repeated(100));
+    Write(folder + u"empty.kvd"_s, {});
+    Write(folder + u"cut.kvd"_s, bytes.left(bytes.size() / 3));
+    ASSERT_TRUE(QDir(folder).mkdir(u"folder.kvd"_s));
+
+    const std::pair<QString, QString> cases[] = {
+        {u"text.kvd"_s, u"file is not a database"_s},        {u"empty.kvd"_s, u"no such table: Movie"_s},
+        {u"cut.kvd"_s, u"database disk image is malformed"_s}, {u"folder.kvd"_s, u"unable to open database file"_s},
+        {u"missing.kvd"_s, u"unable to open database file"_s},
+    };
+    for (const auto& [name, reason] : cases) {
+        EXPECT_EQ(FailureOf(folder + name), reason + u" ("_s + folder + name + u')');
+        EXPECT_NE(FailureOf(folder + name, true), QString()) << qPrintable(name);
+    }
+    EXPECT_EQ(FailureOf(QString()), u"unable to open database file ()"_s);
+    EXPECT_EQ(FailureOf(u":memory:"_s), u"unable to open database file (:memory:)"_s);
+    EXPECT_FALSE(QFile::exists(folder + u"missing.kvd"_s));
+    EXPECT_EQ(FailureOf(catalog.Path()), QString());
+}
+
+TEST(Connection, AFileThatMayNotBeWrittenCanBeRead)
+{
+    const TempCatalog catalog;
+    const QFileDevice::Permissions reading = QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
+    QFile::setPermissions(catalog.Path(), reading);
+    QFile::setPermissions(catalog.Folder(), reading | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther);
+    // Permissions do not bind the administrator.
+    const bool isAdministrator = geteuid() == 0;
+    ASSERT_EQ(isAdministrator ? seteuid(65534) : 0, 0);
+    const QString readFailure = FailureOf(catalog.Path());
+    const QString writeFailure = FailureOf(catalog.Path(), true);
+    ASSERT_EQ(isAdministrator ? seteuid(0) : 0, 0);
+    EXPECT_EQ(readFailure, QString());
+    EXPECT_EQ(writeFailure, u"attempt to write a readonly database ("_s + catalog.Path() + u')');
+    QFile::setPermissions(catalog.Folder(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+}
+
+TEST(Connection, StoresWhatWasWrittenAlsoWhereTheOperationFails)
+{
+    const TempCatalog catalog;
+    try {
+        Connection connection;
+        connection.Open(ConnectionString(catalog.Path()));
+        EXPECT_EQ(connection.Execute(u"DELETE * FROM Genre WHERE Genre_ID > 20"_s), 4);
+        EXPECT_TRUE(QFile::exists(catalog.Path() + u"-journal"_s));
+        connection.Execute(u"DELETE FROM Nothing"_s);
+        FAIL();
+    } catch (const RuntimeError&) {
+    }
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Genre"), u"20"_s);
+    EXPECT_EQ(QDir(catalog.Folder()).entryList(QDir::Files), QStringList(u"films.kvd"_s));
+}
+
+TEST(Connection, AFullDiskIsReportedAndNothingHalfIsLeft)
+{
+    const TempCatalog catalog;
+    Connection connection;
+    connection.Open(ConnectionString(catalog.Path()));
+    connection.Execute(u"PRAGMA max_page_count = 60"_s);
+    Recordset images;
+    images.Open(u"SELECT * FROM Images"_s, connection);
+    images.AddNew();
+    images[u"Image"].Set(QByteArray(100, 'x'));
+    images.Update();
+    images.AddNew();
+    images[u"Image"].Set(QByteArray(1000000, 'x'));
+    try {
+        images.Update();
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Description(), u"database or disk is full ("_s + catalog.Path() + u')');
+    }
+    // The engine may have had to undo everything. Then closing says so; it never passes in silence.
+    bool undone = false;
+    try {
+        connection.Close();
+    } catch (const RuntimeError&) {
+        undone = true;
+    }
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Images"), undone ? u"0"_s : u"1"_s);
+    EXPECT_EQ(catalog.Ask("PRAGMA integrity_check"), u"ok"_s);
+}
+
+TEST(Connection, ClosesItsRecordsetsAndKnowsThePathInItsText)
+{
+    const TempCatalog catalog;
+    const QString odd = catalog.Folder() + u"/a;b 'c' ä.kvd"_s;
+    ASSERT_TRUE(QFile::copy(catalog.Path(), odd));
+    EXPECT_EQ(ConnectionString(odd), u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source="_s + odd + u";Persist Security Info=False"_s);
+    Connection connection;
+    connection.Open(ConnectionString(odd));
+    EXPECT_EQ(connection.Path(), odd);
+    Recordset genres;
+    genres.Open(u"SELECT * FROM Genre"_s, connection);
+    EXPECT_FALSE(genres.Eof());
+    genres.MoveNext();
+    connection.Close();
+    EXPECT_FALSE(genres.IsOpen());
+    EXPECT_THROW(genres.Open(u"SELECT * FROM Genre"_s, connection), RuntimeError);
+}
+
+TEST(Connection, ARowTypedInWithAnotherToolIsAFilm)
+{
+    const TempCatalog catalog;
+    catalog.Run("INSERT INTO Movie (Title) VALUES ('By hand')");
+    EXPECT_EQ(catalog.Ask("SELECT Image_ID || ImageBack_ID || Loan_ID || MovieNight || SeenIt FROM Movie"), u"00000"_s);
+    EXPECT_EQ(catalog.Ask("SELECT IsRetreived FROM (SELECT 1) LEFT JOIN Actor"), u"<null>"_s);
+    EXPECT_EQ(catalog.Ask("PRAGMA application_id"), u"1263944771"_s);
+}
+
+} // namespace
+} // namespace kelvado

@@ -1,0 +1,298 @@
+#include "core/RuntimeError.h"
+#include "store/Recordset.h"
+#include "support/TempCatalog.h"
+
+#include <QElapsedTimer>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+namespace kelvado {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// The number of the run-time error that `action` raises, 0 for none.
+template<typename Action>
+int ErrorOf(Action action)
+{
+    try {
+        action();
+        return 0;
+    } catch (const RuntimeError& error) {
+        return error.Number();
+    }
+}
+
+class RecordsetTest : public ::testing::Test
+{
+protected:
+    RecordsetTest()
+    {
+        catalog.Run("INSERT INTO Writer (Writer, IMDB_LINK) VALUES ('a', 'x'), ('b', NULL), ('c', 'z'), ('d', 'z')");
+        connection.Open(ConnectionString(catalog.Path()));
+    }
+
+    TempCatalog catalog;
+    Connection connection;
+    Recordset rows;
+};
+
+TEST_F(RecordsetTest, WalksCountsAndTurnsPages)
+{
+    rows.Open(u"SELECT * FROM Writer ORDER BY Writer DESC"_s, connection);
+    EXPECT_EQ(rows.AbsolutePosition(), 1);
+    EXPECT_EQ(rows[u"writer"].Get(), Value(u"d"_s));
+    EXPECT_EQ(rows.RecordCount(), 4);
+    rows.SetPageSize(3);
+    EXPECT_EQ(rows.PageCount(), 2);
+    rows.SetAbsolutePage(2);
+    EXPECT_EQ(rows.Text(1), u"a"_s);
+    EXPECT_EQ(rows.AbsolutePosition(), 4);
+    EXPECT_EQ(rows.AbsolutePage(), 2);
+    rows.MoveNext();
+    EXPECT_TRUE(rows.Eof());
+    EXPECT_EQ(rows.AbsolutePosition(), 0);
+    EXPECT_EQ(ErrorOf([&] { rows.MoveNext(); }), kErrNoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { rows.Text(1); }), kErrNoCurrentRecord);
+    rows.SetAbsolutePage(1);
+    EXPECT_EQ(rows.Text(1), u"d"_s);
+    EXPECT_EQ(ErrorOf([&] { rows.SetAbsolutePage(3); }), kErrNoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { (void)rows[u"Title"]; }), kErrItemNotFound);
+    EXPECT_EQ(ErrorOf([&] { (void)rows[3]; }), kErrItemNotFound);
+    rows.Close();
+    EXPECT_EQ(ErrorOf([&] { (void)rows.Eof(); }), kErrObjectNotSet);
+    rows.Open(u"SELECT * FROM Writer WHERE Writer = ?"_s, {Value(u"B"_s)}, connection);
+    EXPECT_EQ(rows.RecordCount(), 1);
+    EXPECT_TRUE(rows.IsNull(2));
+    EXPECT_EQ(rows.Text(2), QString());
+}
+
+TEST_F(RecordsetTest, OpeningAWholeTableReadsNothing)
+{
+    catalog.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 200000) INSERT INTO Company (Company) SELECT i FROM n");
+    rows.Open(u"SELECT * FROM Company ORDER BY Company_ID + 0"_s, connection); // this order needs all rows
+    QElapsedTimer clock;
+    clock.start();
+    rows.MoveFirst();
+    const qint64 reading = clock.nsecsElapsed();
+    clock.restart();
+    rows.Open(u"SELECT * FROM Company ORDER BY Company_ID + 1"_s, connection);
+    rows.AddNew();
+    rows[u"Company"].Set(u"new"_s);
+    rows.Update();
+    EXPECT_LT(clock.nsecsElapsed(), reading / 4);
+}
+
+TEST_F(RecordsetTest, ChangesMoveNoRowOutOfTheWalk)
+{
+    // Each change puts the row behind the others in the very order of the walk.
+    int steps = 0;
+    for (rows.Open(u"SELECT * FROM Writer WHERE Writer < 'x' ORDER BY Writer"_s, connection); !rows.Eof(); rows.MoveNext(), ++steps) {
+        rows[u"Writer"].Set(u"w"_s + rows.Text(1));
+        rows.Update();
+        EXPECT_EQ(rows.AbsolutePosition(), steps + 1);
+    }
+    EXPECT_EQ(steps, 4);
+    int deleted = 0;
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext(), ++deleted) {
+        if (rows.AbsolutePosition() == 1)
+            connection.Execute(u"DELETE FROM Writer WHERE Writer = ?"_s, {Value(u"wc"_s)});
+        EXPECT_EQ(rows.Text(1).size(), 2);
+        rows.Delete();
+    }
+    EXPECT_EQ(deleted, 3);
+    connection.Close();
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Writer"), u"0"_s);
+}
+
+TEST_F(RecordsetTest, LeavingARowStoresItAndClosingDropsIt)
+{
+    rows.Open(u"SELECT * FROM Writer WHERE Writer < 'c'"_s, connection);
+    rows[u"IMDB_LINK"].Set(u"first"_s);
+    rows.MoveNext();
+    rows[u"IMDB_LINK"].Set(u"dropped"_s);
+    EXPECT_EQ(rows.Text(2), u"dropped"_s);
+    rows.CancelUpdate();
+    EXPECT_EQ(rows.Text(2), QString());
+    rows.AddNew();
+    EXPECT_FALSE(rows.Eof());
+    EXPECT_TRUE(rows[u"Writer"].IsNull());
+    rows[u"Writer"].Set(u"e"_s);
+    rows.AddNew();
+    rows[u"Writer"].Set(u"never stored"_s);
+    rows.Close();
+    connection.Close();
+    EXPECT_EQ(catalog.Ask("SELECT group_concat(Writer || ':' || coalesce(IMDB_LINK, '')) FROM Writer"), u"a:first,b:,c:z,d:z,e:"_s);
+}
+
+TEST_F(RecordsetTest, KeysAreGivenAtOnceAndNeverComeBack)
+{
+    Recordset other;
+    rows.Open(u"SELECT * FROM Writer"_s, connection);
+    other.Open(u"SELECT Writer, Writer_ID FROM writer WHERE Writer = 'none'"_s, connection);
+    EXPECT_TRUE(other.Eof());
+    rows.AddNew();
+    other.AddNew();
+    EXPECT_EQ(rows[u"Writer_ID"].Get(), Value(5));
+    EXPECT_EQ(other[u"Writer_ID"].Get(), Value(6));
+    other[u"Writer"].Set(u"f"_s);
+    other.Update();
+    rows.Update();
+    EXPECT_EQ(other[u"Writer"].Get(), Value(u"f"_s));
+    rows.AddNew(); // 7, dropped with the recordset
+    rows.Close();
+    connection.Execute(u"DELETE * FROM Writer"_s);
+    connection.Close();
+
+    connection.Open(ConnectionString(catalog.Path()));
+    rows.Open(u"SELECT * FROM Writer"_s, connection);
+    rows.AddNew();
+    EXPECT_EQ(rows[u"Writer_ID"].Get(), Value(8));
+    rows.Close();
+    rows.Open(u"SELECT * FROM Loans"_s, connection); // a table that never held a row
+    rows.AddNew();
+    EXPECT_EQ(rows[u"Loan_ID"].Get(), Value(1));
+    rows.Close();
+    connection.Close();
+    connection.Open(ConnectionString(catalog.Path()));
+    rows.Open(u"SELECT * FROM Loans"_s, connection);
+    rows.AddNew();
+    EXPECT_EQ(rows[u"Loan_ID"].Get(), Value(2));
+}
+
+TEST_F(RecordsetTest, ALostUpdateIsReportedAndChangesNothing)
+{
+    const auto change = [&](const char* behindOurBack) {
+        rows.Open(u"SELECT * FROM Writer WHERE Writer_ID = 2"_s, connection);
+        EXPECT_EQ(rows.Text(1), u"b"_s);
+        catalog.Run(behindOurBack); // works: a query of one row holds no lock
+        rows[u"IMDB_LINK"].Set(u"ours"_s);
+        const int number = ErrorOf([&] { rows.Update(); });
+        rows.Close();
+        connection.Close();
+        connection.Open(ConnectionString(catalog.Path()));
+        return number;
+    };
+    EXPECT_EQ(change("UPDATE Writer SET Writer = 'b', IMDB_LINK = NULL WHERE Writer_ID = 2"), 0); // written, but not changed
+    EXPECT_EQ(change("UPDATE Writer SET IMDB_LINK = 'OURS' WHERE Writer_ID = 2"), kErrDatabase);
+    EXPECT_EQ(catalog.Ask("SELECT IMDB_LINK FROM Writer WHERE Writer_ID = 2"), u"OURS"_s);
+    EXPECT_EQ(change("DELETE FROM Writer WHERE Writer_ID = 2"), kErrDatabase);
+}
+
+TEST_F(RecordsetTest, OnlyColumnsOfOneTableCanBeWritten)
+{
+    rows.Open(u"SELECT Count(Writer) As n FROM Writer"_s, connection);
+    EXPECT_EQ(rows[u"n"].DefinedSize(), 0);
+    EXPECT_EQ(ErrorOf([&] { rows[u"n"].Set(1); }), kErrDatabase);
+    EXPECT_EQ(ErrorOf([&] { rows.AddNew(); }), kErrDatabase);
+    rows.Open(u"SELECT Writer, 1 As One FROM Writer"_s, connection, CursorType::Keyset, LockType::Optimistic);
+    EXPECT_EQ(ErrorOf([&] { rows[u"One"].Set(2); }), kErrDatabase);
+    EXPECT_EQ(ErrorOf([&] { rows[u"Writer"].Set(u"ok"_s); }), 0);
+    rows.Open(u"SELECT * FROM Writer"_s, connection, CursorType::Keyset, LockType::ReadOnly);
+    EXPECT_EQ(ErrorOf([&] { rows.Delete(); }), kErrDatabase);
+}
+
+TEST_F(RecordsetTest, ColumnsKeepValuesInTheirOwnForm)
+{
+    const struct
+    {
+        QString column;
+        Value given;
+        const char* stored; // with its type
+        int error;
+    } cases[] = {
+        {u"Rating"_s, Value(u"9.0"_s), "text:9.0", 0},
+        {u"IMDB"_s, Value(u"0047478"_s), "text:0047478", 0},
+        {u"Votes"_s, Value(1234), "text:1234", 0},
+        {u"Year"_s, Value(u"1999"_s), "integer:1999", 0},
+        {u"Year"_s, Value(u"1,999.5"_s), "real:1999.5", 0},
+        {u"Year"_s, Value(u"about 1930"_s), "text:about 1930", 0},
+        {u"Year"_s, Value(QString()), "null:", 0},
+        {u"Title"_s, Value(QString()), "text:", 0},
+        {u"Title"_s, Value(u"O'Hara \"&<\n</>\u0416\u4e2d"_s), "text:O'Hara \"&<\n</>\u0416\u4e2d", 0},
+        {u"SeenIt"_s, Value(true), "integer:1", 0},
+        {u"SeenIt"_s, Value(u"False"_s), "integer:0", 0},
+        {u"SeenIt"_s, Value(u"maybe"_s), "integer:0", kErrTypeMismatch},
+        {u"Loan_ID"_s, Value(u"7"_s), "integer:7", 0},
+        {u"Loan_ID"_s, Value(2.5), "integer:2", 0},
+        {u"Loan_ID"_s, Value(1e30), "integer:0", kErrOverflow},
+        {u"Loan_ID"_s, Value(), "null:", 0},
+        {u"PurchasePrice"_s, Value(Currency{125000}), "real:12.5", 0},
+        {u"PurchasePrice"_s, Value(u"3"_s), "integer:3", 0},
+        {u"PurchasePrice"_s, Value(u"cheap"_s), "null:", kErrTypeMismatch},
+        {u"LastViewing"_s, Value(QDate(2004, 2, 29)), "text:2004-02-29", 0},
+        {u"LastViewing"_s, Value(u"03/09/2004"_s), "text:2004-03-09", 0},
+        {u"LastViewing"_s, Value(u"yesterday"_s), "null:", kErrTypeMismatch},
+    };
+    rows.Open(u"SELECT * FROM Movie"_s, connection);
+    for (const auto& [column, given, stored, error] : cases) {
+        rows.AddNew();
+        EXPECT_EQ(ErrorOf([&] { rows[column].Set(given); }), error) << stored;
+        rows.Update();
+        Recordset check;
+        check.Open(u"SELECT typeof(x) || ':' || coalesce(x, '') FROM (SELECT "_s + column + u" AS x FROM Movie WHERE Movie_ID = ?)"_s,
+                   {rows[u"Movie_ID"].Get()}, connection);
+        EXPECT_EQ(check.Text(0), QString::fromUtf8(stored));
+    }
+    rows[u"LastViewing"].Set(ZeroDate());
+    rows.Update();
+    EXPECT_FALSE(rows[u"LastViewing"].IsNull());
+    EXPECT_EQ(rows.Text(rows.ColumnIndex(u"LastViewing")), QString());
+    rows[u"Year"].Set(u"soon"_s);
+    EXPECT_EQ(ErrorOf([&] { rows.Integer(rows.ColumnIndex(u"Year")); }), kErrTypeMismatch);
+    EXPECT_EQ(rows.Integer(rows.ColumnIndex(u"Number")), 0);
+
+    const std::pair<QString, qsizetype> sizes[] = {{u"Title"_s, 255},     {u"Rating"_s, 20},   {u"Plot"_s, 536870910}, {u"Year"_s, 64},
+                                                   {u"LastViewing"_s, 64}, {u"SeenIt"_s, 64}, {u"Loan_ID"_s, 64}};
+    for (const auto& [column, size] : sizes)
+        EXPECT_EQ(rows[column].DefinedSize(), size) << qPrintable(column);
+}
+
+TEST_F(RecordsetTest, BytesGoInAndComeOutInPieces)
+{
+    for (const qint64 size : {0, 1, 99999, 100000, 250000}) {
+        QByteArray bytes(size, '\0');
+        for (qint64 i = 0; i < size; ++i)
+            bytes[i] = static_cast<char>(i * 7 % 251);
+        rows.Open(u"SELECT * FROM Images"_s, connection);
+        rows.AddNew();
+        const Field image = rows[u"Image"];
+        image.Set(QByteArray("what stood there"));
+        for (qint64 at = 0; at == 0 || at < size; at += 30000)
+            image.AppendChunk(bytes.mid(at, 30000));
+        rows.Update();
+
+        const qint64 id = rows[u"Image_ID"].Get().Integer();
+        rows.Open(u"SELECT * FROM Images WHERE Image_ID = "_s + QString::number(id), connection);
+        const Field stored = rows[u"Image"];
+        EXPECT_EQ(stored.ActualSize(), size);
+        EXPECT_EQ(stored.Get(), Value(bytes));
+        QByteArray read;
+        while (read.size() < size) {
+            const QByteArray chunk = stored.GetChunk(33333);
+            ASSERT_FALSE(chunk.isEmpty());
+            read += chunk;
+        }
+        EXPECT_EQ(read, bytes);
+        EXPECT_TRUE(stored.GetChunk(10).isEmpty());
+        // A join has no row of its own; its pieces come all the same. The third row of a walk is read in pieces like the first.
+        rows.Open(u"SELECT a.Image FROM Images a INNER JOIN Images b ON a.Image_ID = b.Image_ID WHERE a.Image_ID = "_s + QString::number(id),
+                  connection);
+        EXPECT_EQ(rows[0].GetChunk(5) + rows[0].GetChunk(size), bytes);
+    }
+    rows.Open(u"SELECT * FROM Images"_s, connection);
+    rows.MoveNext();
+    rows.MoveNext();
+    EXPECT_EQ(rows[u"Image"].GetChunk(100000).size(), 99999);
+    rows[u"Extention"].Set(u"GIF"_s); // writing the row ends the reading of its bytes
+    rows.Update();
+    EXPECT_EQ(rows[u"Image"].GetChunk(100000).size(), 99999);
+    rows.AddNew();
+    rows.Update();
+    EXPECT_EQ(rows[u"Image"].ActualSize(), 0);
+    EXPECT_TRUE(rows[u"Image"].GetChunk(1).isEmpty());
+}
+
+} // namespace
+} // namespace kelvado
