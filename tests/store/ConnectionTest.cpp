@@ -47,7 +47,8 @@ void Write(const QString& path, const QByteArray& bytes)
 TEST(Connection, SaysWhatIsWrongWithAFile)
 {
     const TempCatalog catalog;
-    catalog.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000) INSERT INTO Movie (Title) SELECT 'film ' || i FROM n");
+    catalog.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000) INSERT INTO Movie (Title) SELECT 'film ' "
+                "|| i FROM n");
     const QString folder = catalog.Folder() + u'/';
     QFile whole(catalog.Path());
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
@@ -58,7 +59,7 @@ TEST(Connection, SaysWhatIsWrongWithAFile)
     ASSERT_TRUE(QDir(folder).mkdir(u"folder.kvd"_s));
 
     const std::pair<QString, QString> cases[] = {
-        {u"text.kvd"_s, u"file is not a database"_s},        {u"empty.kvd"_s, u"no such table: Movie"_s},
+        {u"text.kvd"_s, u"file is not a database"_s},          {u"empty.kvd"_s, u"no such table: Movie"_s},
         {u"cut.kvd"_s, u"database disk image is malformed"_s}, {u"folder.kvd"_s, u"unable to open database file"_s},
         {u"missing.kvd"_s, u"unable to open database file"_s},
     };

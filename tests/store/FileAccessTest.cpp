@@ -1,0 +1,167 @@
+#include "store/mFileAccess.h"
+
+#include "core/RuntimeError.h"
+#include "store/Recordset.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempCatalog.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace kelvado {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class FileAccess : public ::testing::Test
+{
+protected:
+    QString Put(const QString& name, const QByteArray& bytes)
+    {
+        const QString path = catalog.Folder() + u'/' + name;
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        return path;
+    }
+
+    static QByteArray Bytes(const QString& path)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+        return file.readAll();
+    }
+
+    TempCatalog catalog;
+    ScriptedDialogs dialogs;
+};
+
+TEST_F(FileAccess, ReadsTextsInBothEncodings)
+{
+    const std::pair<QByteArray, QString> cases[] = {
+        {"", u""_s},
+        {"plain\r\n", u"plain\r\n"_s},
+        {"\xEF\xBB\xBFÉté \xE4\xB8\xAD", u"Été 中"_s},
+        {"caf\xE9 \x80", u"café €"_s},
+        {"cut in a character \xC3", u"cut in a character Ã"_s},
+    };
+    for (const auto& [bytes, text] : cases)
+        EXPECT_EQ(ReadWholeFile(Put(u"text.txt"_s, bytes), dialogs), text) << bytes.constData();
+    EXPECT_TRUE(dialogs.boxes.isEmpty());
+
+    const QString missing = catalog.Folder() + u"\\missing.txt"_s;
+    EXPECT_EQ(ReadWholeFile(missing, dialogs), QString());
+    EXPECT_EQ(dialogs.boxes, (QList<ScriptedDialogs::Box>{{u"File does not exist.\r\n"_s + missing, 16, u"File Access Error"_s}}));
+    EXPECT_THROW(ReadWholeFile(catalog.Folder(), dialogs), RuntimeError);
+}
+
+TEST_F(FileAccess, WritesTextsWholeOrNotAtAll)
+{
+    const QString path = catalog.Folder() + u"\\out.txt"_s;
+    const QString real = catalog.Folder() + u"/out.txt"_s;
+    WriteWholeFile(path, u"Ü"_s);
+    EXPECT_EQ(Bytes(real), "\xC3\x9C\r\n");
+
+    OpenTextFile(path, true);
+    PrintTextLine(u"first"_s);
+    EXPECT_EQ(Bytes(real), "\xC3\x9C\r\n"); // until it is closed, the old file stands
+    PrintTextLine(QString());
+    CloseTextFile();
+    EXPECT_EQ(Bytes(real), "first\r\n\r\n");
+    OpenTextFile(path, true);
+    PrintTextLine(u"abandoned"_s);
+    OpenTextFile(path, false);
+    EXPECT_THROW(PrintTextLine(u"x"_s), RuntimeError);
+    EXPECT_EQ(ReadTextFile(), u"first\r\n\r\n"_s);
+    CloseTextFile();
+    CloseTextFile();
+    EXPECT_THROW(ReadTextFile(), RuntimeError);
+    EXPECT_THROW(OpenTextFile(catalog.Folder() + u"/none.txt"_s, false), RuntimeError);
+    EXPECT_THROW(WriteWholeFile(catalog.Folder() + u"/no/such/folder.txt"_s, u"x"_s), RuntimeError);
+}
+
+TEST_F(FileAccess, TellsThePictureKindByTheFirstBytes)
+{
+    const std::pair<QByteArray, QString> cases[] = {
+        {QByteArray("GIF89a"), u"GIF"_s},
+        {QByteArray("GIFxx"), u"GIF"_s},
+        {QByteArray("text about GIF87"), u"GIF"_s},
+        {QByteArray(295, 'x') + "GIF89", u"GIF"_s},
+        {QByteArray(296, 'x') + "GIF89", u"JPG"_s},
+        {QByteArray("\xFF\xD8\xFF\xE0\0\x10JFIF", 10), u"GIF"_s},
+        {QByteArray("\xFF\xD8\xFF\xE1\x10", 5), u"JPG"_s},
+        {QByteArray("\xFF\0\0\0", 4), u"JPG"_s},
+        {QByteArray("BM"), u"BMP"_s},
+        {QByteArray("BMGIF89"), u"GIF"_s},
+        {QByteArray("\x89PNG"), u"JPG"_s},
+        {QByteArray(), u"JPG"_s},
+    };
+    for (const auto& [bytes, kind] : cases) {
+        EXPECT_EQ(ImageKindOfBytes(bytes), kind) << bytes.constData();
+        EXPECT_EQ(ImageKindOfFile(Put(u"picture"_s, bytes)), kind);
+    }
+    EXPECT_EQ(ImageKindOfFile(u"/no/such/file"_s), u"JPG"_s);
+    EXPECT_EQ(ImageKindOfFile(catalog.Folder()), u"JPG"_s);
+}
+
+TEST_F(FileAccess, MakesFoldersForBothSeparators)
+{
+    const QString folder = catalog.Folder() + u"\\a/b\\c"_s;
+    MakeDirs(folder);
+    MakeDirs(folder + u'\\');
+    EXPECT_TRUE(QDir(catalog.Folder() + u"/a/b/c"_s).exists());
+    const QString file = Put(u"file"_s, "x");
+    try {
+        MakeDirs(file + u"/below"_s);
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), kErrFileAccess);
+        EXPECT_TRUE(error.Description().contains(file + u'/'));
+    }
+}
+
+TEST_F(FileAccess, PicturesKeepTheirZerosOnTheWayThroughTheCatalog)
+{
+    for (const qint64 size : {0, 1, 99999, 100000, 100001, 250000}) {
+        QByteArray bytes(size, '\0');
+        for (qint64 i = 0; i < size; ++i)
+            bytes[i] = static_cast<char>(i % 251 + 1);
+        const QString path = Put(u"cover.jpeg"_s, bytes);
+        Connection connection;
+        connection.Open(ConnectionString(catalog.Path()));
+        const qint64 id = StoreImageFile(path, connection);
+        QString base = catalog.Folder() + u"\\MImage"_s;
+        const QString exported = ExportImageFile(base, QString::number(id), connection);
+        EXPECT_EQ(exported, catalog.Folder() + u"/MImage.peg"_s);
+        EXPECT_EQ(base, exported);
+        EXPECT_EQ(Bytes(exported), bytes + QByteArray(1 + size / 100000, '\0')) << size;
+    }
+}
+
+TEST_F(FileAccess, ABadPictureLeavesNoFileAndNoRow)
+{
+    catalog.Run("INSERT INTO Images (Image, Extention) VALUES (x'00', '/../../evil'), (NULL, NULL)");
+    Connection connection;
+    connection.Open(ConnectionString(catalog.Path()));
+    const auto errorOf = [](auto action) {
+        try {
+            action();
+            return 0;
+        } catch (const RuntimeError& error) {
+            return error.Number();
+        }
+    };
+    QString base = catalog.Folder() + u"/x"_s;
+    EXPECT_EQ(errorOf([&] { ExportImageFile(base, u"99"_s, connection); }), kErrNoCurrentRecord);
+    EXPECT_EQ(errorOf([&] { ExportImageFile(base, u"1"_s, connection); }), kErrFileAccess);
+    EXPECT_EQ(ExportImageFile(base, u"2"_s, connection), catalog.Folder() + u"/x."_s);
+    EXPECT_EQ(Bytes(base), QByteArray());
+    EXPECT_EQ(errorOf([&] { StoreImageFile(catalog.Folder() + u"/none.jpg"_s, connection); }), kErrFileNotFound);
+    EXPECT_EQ(errorOf([&] { StoreImageFile(catalog.Folder(), connection); }), kErrFileNotFound);
+    connection.Close();
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Images"), u"2"_s);
+}
+
+} // namespace
+} // namespace kelvado

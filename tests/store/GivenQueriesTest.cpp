@@ -17,7 +17,8 @@ class GivenQueries : public ::testing::Test
 protected:
     GivenQueries()
     {
-        m_catalog.Run("INSERT INTO Movie (Movie_ID, Title, Year, Rating, Votes, IMDB, Format, Number, \"Index\", Loan_ID, MovieNight, Image_ID) VALUES"
+        m_catalog.Run("INSERT INTO Movie (Movie_ID, Title, Year, Rating, Votes, IMDB, Format, Number, \"Index\", Loan_ID, MovieNight, "
+                      "Image_ID) VALUES"
                       " (5, 'alpha', 1999, '9.0', '1,234', '0047478', 'DVD', 2, 'A1', 0, 1, 1),"
                       " (12, 'Beta', 2001, '10', '99', '0100001', 'Request', 1, 'B2', 0, 0, 0),"
                       " (13, '7even', NULL, 'n/a', NULL, '', NULL, NULL, NULL, 3, 0, 0),"
@@ -76,7 +77,8 @@ TEST_F(GivenQueries, GiveTheirRows)
         {u"SELECT Producer.*, ProducerLink.* FROM Producer INNER JOIN ProducerLink ON Producer.Producer_ID = ProducerLink.Producer_ID "
          "WHERE ProducerLink.Movie_ID  = 5"_s,
          u"1"_s},
-        {u"SELECT Company.Company, CompanyLink.Type FROM Company INNER JOIN CompanyLink ON Company.Company_ID = CompanyLink.Company_ID WHERE "
+        {u"SELECT Company.Company, CompanyLink.Type FROM Company INNER JOIN CompanyLink ON Company.Company_ID = CompanyLink.Company_ID "
+         u"WHERE "
          "CompanyLink.Movie_ID = 5"_s,
          u"C"_s},
         {u"SELECT Features.Feature FROM Features INNER JOIN Feature_Link ON Features.Feature_ID = Feature_Link.Feature_ID WHERE "
@@ -86,20 +88,24 @@ TEST_F(GivenQueries, GiveTheirRows)
         {u"SELECT ProducerLink.* FROM ProducerLink WHERE Movie_ID = 5"_s, u"5"_s},
         {u"SELECT * FROM Movie WHERE MovieNight = 1"_s, u"5"_s},
         // The status bar.
-        {u"SELECT Title FROM Movie WHERE ((Movie.Format <> 'Request' AND Movie.Loan_ID = 0) OR Movie.Format Is Null) ORDER BY Title"_s, u"7even|alpha|Été"_s},
+        {u"SELECT Title FROM Movie WHERE ((Movie.Format <> 'Request' AND Movie.Loan_ID = 0) OR Movie.Format Is Null) ORDER BY Title"_s,
+         u"7even|alpha|Été"_s},
         {u"SELECT Title FROM Movie WHERE Format = 'Request'"_s, u"Beta"_s},
         {u"SELECT Title FROM Movie WHERE Movie.Loan_ID <> 0"_s, u"7even"_s},
         {u"SELECT Sum(Movie.Number) As SumDiscs FROM Movie"_s, u"4"_s},
         {u"SELECT Sum(Movie.Number) As SumDiscs FROM Movie WHERE Movie_ID = 0"_s, u""_s},
         // The tree: groups differ by more than case; the cast of a film in a genre, with no blank in front of AND.
-        {u"SELECT Movie.Format, Count(Movie.Format) As lCount FROM Movie GROUP BY Movie.Format ORDER BY Movie.Format "_s, u"|DVD|Request"_s},
+        {u"SELECT Movie.Format, Count(Movie.Format) As lCount FROM Movie GROUP BY Movie.Format ORDER BY Movie.Format "_s,
+         u"|DVD|Request"_s},
         {u"SELECT Genre.Genre, Count(Genre.Genre) AS lCount FROM Movie INNER JOIN (Genre INNER JOIN GenreLink ON Genre.Genre_ID = "
          "GenreLink.Genre_ID) ON Movie.Movie_ID = GenreLink.Movie_ID GROUP BY Genre.Genre ORDER BY Genre.Genre DESC"_s,
          u"Adult|Action"_s},
         {u"SELECT Movie.IsRequest, Loan_ID FROM Movie ORDER BY Movie.IsRequest "_s, u"0|0|0|0"_s},
-        {u"SELECT Actor.*, Genre.Genre, Movie.Title, Movie.Movie_ID, Genre.Genre, Movie.Loan_ID, Movie.Format FROM ((Movie INNER JOIN GenreLink "
+        {u"SELECT Actor.*, Genre.Genre, Movie.Title, Movie.Movie_ID, Genre.Genre, Movie.Loan_ID, Movie.Format FROM ((Movie INNER JOIN "
+         u"GenreLink "
          "ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID) INNER JOIN (Actor INNER JOIN "
-         "ActorLink ON Actor.Actor_ID = ActorLink.Actor_ID) ON Movie.Movie_ID = ActorLink.Movie_ID WHERE Movie.Movie_ID = 5AND Genre.Genre = "
+         "ActorLink ON Actor.Actor_ID = ActorLink.Actor_ID) ON Movie.Movie_ID = ActorLink.Movie_ID WHERE Movie.Movie_ID = 5AND Genre.Genre "
+         "= "
          "'Action'"_s,
          u"1|2"_s},
         {u"SELECT Movie.Title, Movie.Title,Movie.Movie_ID, Movie.Title, Actor.*, Movie.Loan_ID, Movie.Format "_s + kCast +
@@ -127,7 +133,8 @@ TEST_F(GivenQueries, GiveTheirRows)
          "Images.Image_ID WHERE Actor.Actor_ID = 1"_s,
          u"1"_s},
         {u"SELECT Actor.Actor "_s + kCast + u"WHERE Movie.Movie_ID = 5 AND Actor.Actor_ID <> 1"_s, u"Abe"_s},
-        {u"SELECT Genre.Genre,Movie.Movie_ID, Actor.*, Movie.Title, Movie.Format, ActorLink.Character FROM Movie INNER JOIN (Actor INNER JOIN "
+        {u"SELECT Genre.Genre,Movie.Movie_ID, Actor.*, Movie.Title, Movie.Format, ActorLink.Character FROM Movie INNER JOIN (Actor INNER "
+         u"JOIN "
          "ActorLink ON Actor.Actor_ID = ActorLink.Actor_ID) ON Movie.Movie_ID = ActorLink.Movie_ID WHERE Actor.Actor_ID = 1"_s,
          u"!no such column: Genre.Genre"_s},
         {u"SELECT Movie.Movie_ID, Actor.*, Movie.Title, Movie.Format, ActorLink.Character "_s + kCast +
@@ -196,10 +203,10 @@ TEST_F(GivenQueries, BothLevelsOfTheTreeRunForEverySortViewAndFilter)
         for (const QString& view : views) {
             const QString condition = u"WHERE "_s + (view.isEmpty() ? view : view + u" AND "_s) + key + u" <=\"5\""_s;
             for (const QString& where : {condition, view.isEmpty() ? view : u"WHERE "_s + view}) {
-                Ask(u"SELECT "_s + key + u", "_s + key + u", Movie.Movie_ID, Movie.Title, Movie.Format, Movie.Loan_ID FROM Movie "_s + where +
-                    u" ORDER BY "_s + key + u" DESC"_s);
-                Ask(u"SELECT Genre.Genre, "_s + key + u", Movie.Movie_ID, Movie.Title, Movie.Format, Movie.Loan_ID "_s + kGenreFilms + where +
-                    u" ORDER BY "_s + key + u' ');
+                Ask(u"SELECT "_s + key + u", "_s + key + u", Movie.Movie_ID, Movie.Title, Movie.Format, Movie.Loan_ID FROM Movie "_s +
+                    where + u" ORDER BY "_s + key + u" DESC"_s);
+                Ask(u"SELECT Genre.Genre, "_s + key + u", Movie.Movie_ID, Movie.Title, Movie.Format, Movie.Loan_ID "_s + kGenreFilms +
+                    where + u" ORDER BY "_s + key + u' ');
             }
         }
     }

@@ -1,5 +1,5 @@
-#include "core/RuntimeError.h"
 #include "store/Recordset.h"
+#include "core/RuntimeError.h"
 #include "support/TempCatalog.h"
 
 #include <QElapsedTimer>
@@ -70,7 +70,8 @@ TEST_F(RecordsetTest, WalksCountsAndTurnsPages)
 
 TEST_F(RecordsetTest, OpeningAWholeTableReadsNothing)
 {
-    catalog.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 200000) INSERT INTO Company (Company) SELECT i FROM n");
+    catalog.Run(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 200000) INSERT INTO Company (Company) SELECT i FROM n");
     rows.Open(u"SELECT * FROM Company ORDER BY Company_ID + 0"_s, connection); // this order needs all rows
     QElapsedTimer clock;
     clock.start();
@@ -243,7 +244,7 @@ TEST_F(RecordsetTest, ColumnsKeepValuesInTheirOwnForm)
     EXPECT_EQ(ErrorOf([&] { rows.Integer(rows.ColumnIndex(u"Year")); }), kErrTypeMismatch);
     EXPECT_EQ(rows.Integer(rows.ColumnIndex(u"Number")), 0);
 
-    const std::pair<QString, qsizetype> sizes[] = {{u"Title"_s, 255},     {u"Rating"_s, 20},   {u"Plot"_s, 536870910}, {u"Year"_s, 64},
+    const std::pair<QString, qsizetype> sizes[] = {{u"Title"_s, 255},      {u"Rating"_s, 20}, {u"Plot"_s, 536870910}, {u"Year"_s, 64},
                                                    {u"LastViewing"_s, 64}, {u"SeenIt"_s, 64}, {u"Loan_ID"_s, 64}};
     for (const auto& [column, size] : sizes)
         EXPECT_EQ(rows[column].DefinedSize(), size) << qPrintable(column);
@@ -276,11 +277,13 @@ TEST_F(RecordsetTest, BytesGoInAndComeOutInPieces)
         }
         EXPECT_EQ(read, bytes);
         EXPECT_TRUE(stored.GetChunk(10).isEmpty());
-        // A join has no row of its own; its pieces come all the same. The third row of a walk is read in pieces like the first.
-        rows.Open(u"SELECT a.Image FROM Images a INNER JOIN Images b ON a.Image_ID = b.Image_ID WHERE a.Image_ID = "_s + QString::number(id),
+        // A join has no row of its own; its pieces come all the same.
+        rows.Open(u"SELECT a.Image FROM Images a INNER JOIN Images b ON a.Image_ID = b.Image_ID WHERE a.Image_ID = "_s +
+                      QString::number(id),
                   connection);
         EXPECT_EQ(rows[0].GetChunk(5) + rows[0].GetChunk(size), bytes);
     }
+    // The third row of a walk is read like the first.
     rows.Open(u"SELECT * FROM Images"_s, connection);
     rows.MoveNext();
     rows.MoveNext();
