@@ -50,12 +50,6 @@ QString PathOfConnectionString(const QString& text)
     return path;
 }
 
-QString Quoted(const QString& name)
-{
-    QString inner = name;
-    return u'"' + inner.replace(u'"', u"\"\""_s) + u'"';
-}
-
 } // namespace
 
 QString ConnectionString(const QString& path)
@@ -264,7 +258,7 @@ qint64 ConnectionImpl::ReserveKey(const QString& table)
     } catch (const RuntimeError&) { // NOLINT(bugprone-empty-catch): no table of this catalog remembers its keys
     }
     if (!used)
-        used = highest(u"SELECT max(_rowid_) FROM "_s + Quoted(table), {});
+        used = highest(u"SELECT max(_rowid_) FROM "_s + QuotedName(table), {});
     qint64& last = m_reserved[table.toLower()];
     last = std::max(last, used.value_or(0)) + 1;
     return last;

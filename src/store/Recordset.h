@@ -90,7 +90,8 @@ public:
     Field operator[](QStringView name) const;
     Field operator[](int index) const;
 
-    /// The current row's values by place; the fast way for long walks. Raises 3021 where there is no current row.
+    /// The current row's values by place; the fast way for long walks. Raises 3021 where there is no current row, 3265 for a place
+    /// that is none (-1, where a catalog lacks the column).
     bool IsNull(int column) const;
     QString Text(int column) const;         ///< "" for Null and for the zero date
     std::int64_t Integer(int column) const; ///< 0 for Null; raises 13 for a text that is no number
@@ -108,6 +109,7 @@ public:
 
 private:
     RecordsetImpl& Opened() const;
+    RecordsetImpl& Opened(int column) const;
     std::unique_ptr<RecordsetImpl> m_impl;
 };
 

@@ -13,6 +13,12 @@ void RaiseEngineError(sqlite3* database, const QString& path)
     throw RuntimeError(kErrDatabase, QString::fromUtf8(sqlite3_errmsg(database)) + QStringLiteral(" (") + path + u')');
 }
 
+QString QuotedName(const QString& name)
+{
+    QString inner = name;
+    return u'"' + inner.replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
 Statement::Statement(sqlite3* database, const QString& path, const QString& sql) : m_database(database), m_path(path)
 {
     const QByteArray text = sql.toUtf8();

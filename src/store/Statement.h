@@ -12,6 +12,9 @@ namespace kelvado {
 /// Raises `kErrDatabase` with the engine's text for its last failure, and the path.
 [[noreturn]] void RaiseEngineError(sqlite3* database, const QString& path);
 
+/// `name` as the engine takes it for a table or a column, whatever it is called.
+QString QuotedName(const QString& name);
+
 /// One prepared statement of the engine. Failures raise `kErrDatabase`; the statement is then reset.
 class Statement
 {
