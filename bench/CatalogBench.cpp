@@ -1,4 +1,5 @@
-// What the catalog costs beside the bare engine: catalog_bench FILMS.jsonl [benchmark flags].
+// What the catalog costs beside the bare engine: catalog_bench FILMS.jsonl [FOLDER] [benchmark flags].
+// The catalog is built in FOLDER and stays there for the next run, which then measures reading alone (--benchmark_filter=-Store).
 // Every measure stands beside the same work done by the engine's own calls on the same file; the table at the end holds their ratios.
 
 #include "FilmLines.h"
@@ -13,6 +14,7 @@
 #include "support/ScriptedDialogs.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -278,8 +280,8 @@ int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: catalog_bench FILMS.jsonl [benchmark flags]\n");
+    if (argc != 2 && argc != 3) {
+        std::fprintf(stderr, "usage: catalog_bench FILMS.jsonl [FOLDER] [benchmark flags]\n");
         return 2;
     }
 #ifndef NDEBUG
@@ -287,7 +289,8 @@ int main(int argc, char** argv)
 #endif
     try {
         const QTemporaryDir folder;
-        g_folder = folder.path();
+        g_folder = argc == 3 ? QDir(QString::fromLocal8Bit(argv[2])).absolutePath() : folder.path();
+        QDir().mkpath(g_folder);
         g_films = ReadFilmLines(QString::fromLocal8Bit(argv[1]));
         std::printf("%zu films, engine %s\n", g_films.size(), sqlite3_libversion());
         MedianKeeper keeper;

@@ -4,7 +4,10 @@
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
 
+#include <QElapsedTimer>
 #include <QSet>
+
+#include <utility>
 
 namespace kelvado {
 
@@ -22,6 +25,7 @@ const QString kOnLoan = QStringLiteral("Loan");
 
 constexpr int kGroupsPerPump = 150;
 constexpr int kFilmsPerPump = 50;
+constexpr int kMillisecondsToProgress = 150;
 
 struct FormatPicture
 {
@@ -173,18 +177,16 @@ public:
     {
         Recordset films;
         films.Open(BuildLevelSql(m_primary, 2, m_tree.View(), m_tree.m_context.state.FilterWhere), connection);
-        if (films.Eof())
-            return;
-        const qint64 count = films.RecordCount();
-        m_content.films.reserve(static_cast<std::size_t>(count));
+        QElapsedTimer timer;
+        timer.start();
         int shownPercent = -1;
         for (int records = 0; !films.Eof(); films.MoveNext()) {
-            Pump(records, kFilmsPerPump);
             AddFilm(films);
-            const int percent = count > 0 ? static_cast<int>(films.AbsolutePosition() * 100 / count) : 0;
-            if (percent != shownPercent) {
-                shownPercent = percent;
-                m_tree.m_context.shell.ShowProgress(percent);
+            // Counting the rows runs the query once more: only a fill that takes its time shows how far it is.
+            if (Pump(records, kFilmsPerPump) && timer.elapsed() > kMillisecondsToProgress) {
+                const int percent = static_cast<int>(films.AbsolutePosition() * 100 / films.RecordCount());
+                if (percent != std::exchange(shownPercent, percent))
+                    m_tree.m_context.shell.ShowProgress(percent);
             }
         }
     }
@@ -193,12 +195,13 @@ public:
     const QString& Duplicate() const { return m_duplicate; }
 
 private:
-    void Pump(int& records, int every)
+    bool Pump(int& records, int every)
     {
         if (++records < every)
-            return;
+            return false;
         records = 0;
         m_tree.m_context.events.ServeEvents();
+        return true;
     }
 
     void AddGroup(const QString& value, const QString& text, int image)

@@ -2,6 +2,7 @@
 
 #include "core/Paths.h"
 
+#include <QFileInfo>
 #include <QMovie>
 #include <QPainter>
 
@@ -9,7 +10,7 @@ namespace kelvado {
 
 namespace {
 
-constexpr int kSide = 28;
+constexpr int kSide = 32;
 
 } // namespace
 
@@ -22,8 +23,12 @@ BusyPicture::~BusyPicture() = default;
 
 void BusyPicture::Load(const QString& folder)
 {
-    m_working = std::make_unique<QMovie>(FindFileCaseBlind(folder, QStringLiteral("working.gif")));
-    m_stop = std::make_unique<QMovie>(FindFileCaseBlind(folder, QStringLiteral("stop.gif")));
+    const auto find = [&](const QString& name) {
+        const QString sharp = FindFileCaseBlind(folder, name + QStringLiteral("@2x.gif"));
+        return devicePixelRatioF() > 1 && QFileInfo::exists(sharp) ? sharp : FindFileCaseBlind(folder, name + QStringLiteral(".gif"));
+    };
+    m_working = std::make_unique<QMovie>(find(QStringLiteral("working")));
+    m_stop = std::make_unique<QMovie>(find(QStringLiteral("stop")));
     connect(m_working.get(), &QMovie::frameChanged, this, [this] { update(); });
     m_stop->jumpToFrame(0);
     SetBusy(m_busy);

@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QStyledItemDelegate>
 
 namespace kelvado {
@@ -97,6 +98,24 @@ void CatalogTreeView::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool byKeyboard = event->reason() == QContextMenuEvent::Keyboard;
     Q_EMIT MenuRequested(byKeyboard ? viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()) : event->globalPos());
+}
+
+void CatalogTreeView::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const
+{
+    if (!model()->hasChildren(index))
+        return;
+    // The style's own arrow keeps its colour on a selected row, where it cannot be seen.
+    constexpr qreal kReach = 3.5;
+    const bool selected = selectionModel()->isSelected(index);
+    const QPointF middle = QRectF(rect.right() - indentation() + 1, rect.top(), indentation(), rect.height()).center();
+    const QPointF across = isExpanded(index) ? QPointF(kReach, 0) : QPointF(0, kReach);
+    const QPointF along = isExpanded(index) ? QPointF(0, kReach / 2) : QPointF(kReach / 2, 0);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(
+        QPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text), 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(QPolygonF({middle - across - along, middle + along, middle + across - along}));
+    painter->restore();
 }
 
 } // namespace kelvado
