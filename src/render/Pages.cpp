@@ -225,7 +225,7 @@ void Pages::ShowNfoPage()
 QString Pages::WritePageFile(const QString& text, bool xml)
 {
     const QString name = QStringLiteral("htmltemp%1.%2").arg(m_pageCounter).arg(xml ? QLatin1StringView("xml") : QLatin1StringView("html"));
-    const QString path = TempFolder() + u'/' + name;
+    QString path = TempFolder() + u'/' + name;
     MakeDirs(TempFolder());
     WriteWholeFile(path, text);
     m_shell.PushHistory(m_host.SelectedKey(), m_state.CurrentSection, name);

@@ -84,14 +84,6 @@ TEST_F(FilmPages, AFilmBecomesAStepOfTheHistory)
     EXPECT_EQ(host.calls, QStringList{QStringLiteral("navigate ") + m_home.filePath(QStringLiteral("temp/htmltemp0.html"))});
 }
 
-TEST_F(FilmPages, TemplatesAreReadAsUtf8OrElseWindows1252)
-{
-    Write("Skins/Plain/Templates/default.html", "\xE2\x82\xAC \xC3\xA9");
-    EXPECT_EQ(FilmPage(), "\xE2\x82\xAC \xC3\xA9");
-    Write("Skins/Plain/Templates/default.html", "\x80 \xE9");
-    EXPECT_EQ(FilmPage(), "\xE2\x82\xAC \xC3\xA9");
-}
-
 TEST_F(FilmPages, PagesAndPicturesGoRound)
 {
     Write("Skins/Plain/Templates/default.html", "!!IMAGE!! !!IMAGEBACK!!");
