@@ -39,7 +39,7 @@ Value StoredDate(const Value& value)
 {
     const QString text = value.Text().trimmed();
     if (DateFromText(text))
-        return text;
+        return {text};
     for (const QString& format : {u"MM/dd/yyyy"_s, u"M/d/yyyy"_s}) {
         const QDate date = QDate::fromString(text, format);
         if (date.isValid())

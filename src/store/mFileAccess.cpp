@@ -176,7 +176,7 @@ QString ExportImageFile(QString& basePath, const QString& imageId, Connection& c
     picture.Open(u"SELECT * FROM Images WHERE Image_ID = "_s + imageId, connection);
     const Field extention = picture[u"Extention"];
     const QString kind = extention.IsNull() ? QString() : extention.Get().Text();
-    const QString path = WithSlashes(basePath) + u'.' + kind;
+    QString path = WithSlashes(basePath) + u'.' + kind;
     if (kind.contains(u'/') || kind.contains(u'\\'))
         RaiseAccess(path, u"the picture's kind leads out of the folder"_s);
     basePath = path;

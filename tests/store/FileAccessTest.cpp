@@ -20,7 +20,7 @@ class FileAccess : public ::testing::Test
 protected:
     QString Put(const QString& name, const QByteArray& bytes)
     {
-        const QString path = catalog.Folder() + u'/' + name;
+        QString path = catalog.Folder() + u'/' + name;
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         return path;

@@ -227,14 +227,14 @@ TEST_F(RecordsetTest, ColumnsKeepValuesInTheirOwnForm)
         {u"LastViewing"_s, Value(u"yesterday"_s), "null:", kErrTypeMismatch},
     };
     rows.Open(u"SELECT * FROM Movie"_s, connection);
-    for (const auto& [column, given, stored, error] : cases) {
+    for (const auto& c : cases) {
         rows.AddNew();
-        EXPECT_EQ(ErrorOf([&] { rows[column].Set(given); }), error) << stored;
+        EXPECT_EQ(ErrorOf([&] { rows[c.column].Set(c.given); }), c.error) << c.stored;
         rows.Update();
         Recordset check;
-        check.Open(u"SELECT typeof(x) || ':' || coalesce(x, '') FROM (SELECT "_s + column + u" AS x FROM Movie WHERE Movie_ID = ?)"_s,
+        check.Open(u"SELECT typeof(x) || ':' || coalesce(x, '') FROM (SELECT "_s + c.column + u" AS x FROM Movie WHERE Movie_ID = ?)"_s,
                    {rows[u"Movie_ID"].Get()}, connection);
-        EXPECT_EQ(check.Text(0), QString::fromUtf8(stored));
+        EXPECT_EQ(check.Text(0), QString::fromUtf8(c.stored));
     }
     rows[u"LastViewing"].Set(ZeroDate());
     rows.Update();
