@@ -37,9 +37,9 @@ QString TextInBrackets(const QByteArray& declaration)
 
 Value StoredDate(const Value& value)
 {
-    const QString text = value.Text().trimmed();
+    QString text = value.Text().trimmed();
     if (DateFromText(text))
-        return {text};
+        return text;
     for (const QString& format : {u"MM/dd/yyyy"_s, u"M/d/yyyy"_s}) {
         const QDate date = QDate::fromString(text, format);
         if (date.isValid())
