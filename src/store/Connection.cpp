@@ -79,7 +79,7 @@ ConnectionImpl::~ConnectionImpl()
 {
     try {
         Close();
-    } catch (...) { // NOLINT(bugprone-empty-catch): nobody is left to tell; `Close` is there for those who want to know
+    } catch (...) { // NOLINT(bugprone-empty-catch): as in `~Connection`
     }
 }
 
@@ -159,6 +159,12 @@ qint64 ConnectionImpl::Execute(const QString& sql, const QList<Value>& values)
     return writes ? LastChangeCount() : 0;
 }
 
+bool ConnectionImpl::IsTable(const QByteArray& name) const
+{
+    return !name.isEmpty() && sqlite3_table_column_metadata(m_database, "main", name.constData(), nullptr, nullptr, nullptr, nullptr,
+                                                            nullptr, nullptr) == SQLITE_OK;
+}
+
 std::unique_ptr<Query> ConnectionImpl::TakeQuery(const QString& sql)
 {
     if (const auto kept = m_queries.find(sql); kept != m_queries.end() && kept->second)
@@ -167,20 +173,18 @@ std::unique_ptr<Query> ConnectionImpl::TakeQuery(const QString& sql)
     auto query = std::make_unique<Query>();
     query->sql = sql;
     query->translated = TranslateJetSql(sql, NumberColumns());
-    if (!query->translated.table.isEmpty()) {
+    const QByteArray table = query->translated.table.toUtf8();
+    if (IsTable(table)) {
         try {
             query->statement = Statement(m_database, m_path, query->translated.sqlWithRowId);
             query->ofOneTable = true;
-        } catch (const RuntimeError&) {
-            // A view, or a table without row numbers: read it as it was asked for.
-            query->statement = Statement(m_database, m_path, query->translated.sql);
+        } catch (const RuntimeError&) { // NOLINT(bugprone-empty-catch): a table without row numbers is read as it was asked for
         }
-    } else {
-        query->statement = Statement(m_database, m_path, query->translated.sql);
     }
+    if (!query->ofOneTable)
+        query->statement = Statement(m_database, m_path, query->translated.sql);
 
     const Statement& statement = query->statement;
-    const QByteArray table = query->translated.table.toUtf8();
     for (int i = query->ofOneTable ? 1 : 0; i < statement.ColumnCount(); ++i) {
         const QByteArray origin = statement.OriginName(i);
         query->columns.append({statement.ColumnName(i), QString::fromUtf8(origin), TypeOfDeclaration(statement.DeclaredType(i))});
@@ -271,13 +275,21 @@ void ConnectionImpl::BurnKey(const QString& table, qint64 key)
 }
 
 Connection::Connection() = default;
-Connection::~Connection() = default;
 Connection::Connection(Connection&&) noexcept = default;
 Connection& Connection::operator=(Connection&&) noexcept = default;
 
+Connection::~Connection()
+{
+    // A recordset that lives on must not hold the commit back.
+    try {
+        Close();
+    } catch (...) { // NOLINT(bugprone-empty-catch): nobody is left to tell; `Close` is there for those who want to know
+    }
+}
+
 void Connection::Open(const QString& connectionString)
 {
-    m_impl.reset();
+    Close();
     m_impl = std::make_shared<ConnectionImpl>(PathOfConnectionString(connectionString));
 }
 

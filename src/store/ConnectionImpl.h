@@ -81,6 +81,7 @@ public:
     void BurnKey(const QString& table, qint64 key);
 
 private:
+    bool IsTable(const QByteArray& name) const; // a view is none
     void Commit();
     void BurnKeys();
     [[noreturn]] void RaiseUndone() const;

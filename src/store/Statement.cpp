@@ -25,7 +25,7 @@ Statement::Statement(sqlite3* database, const QString& path, const QString& sql)
     if (sqlite3_prepare_v2(database, text.constData(), static_cast<int>(text.size()), &m_handle, nullptr) != SQLITE_OK)
         RaiseEngineError(database, path);
     if (!m_handle)
-        throw RuntimeError(kErrDatabase, QStringLiteral("not an error: the statement is empty (") + path + u')');
+        throw RuntimeError(kErrDatabase, QStringLiteral("the statement is empty (") + path + u')');
 }
 
 Statement::~Statement()

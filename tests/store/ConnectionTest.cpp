@@ -152,6 +152,19 @@ TEST(Connection, ClosesItsRecordsetsAndKnowsThePathInItsText)
     connection.Close();
     EXPECT_FALSE(genres.IsOpen());
     EXPECT_THROW(genres.Open(u"SELECT * FROM Genre"_s, connection), RuntimeError);
+
+    // A recordset that outlives its connection does not hold the commit back.
+    {
+        Connection second;
+        second.Open(ConnectionString(odd));
+        genres.Open(u"SELECT * FROM Genre"_s, second);
+        genres[u"Genre"].Set(u"changed"_s);
+        genres.Update();
+    }
+    connection.Open(ConnectionString(odd));
+    Recordset again;
+    again.Open(u"SELECT Genre FROM Genre WHERE Genre_ID = 1"_s, connection);
+    EXPECT_EQ(again.Text(0), u"changed"_s);
 }
 
 TEST(Connection, ARowTypedInWithAnotherToolIsAFilm)

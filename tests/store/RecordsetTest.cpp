@@ -250,6 +250,36 @@ TEST_F(RecordsetTest, ColumnsKeepValuesInTheirOwnForm)
         EXPECT_EQ(rows[column].DefinedSize(), size) << qPrintable(column);
 }
 
+TEST_F(RecordsetTest, TablesOfOtherToolsWorkAsFarAsTheyGo)
+{
+    catalog.Run("CREATE TABLE Plain (Key INTEGER PRIMARY KEY, Name VARCHAR(5), Size DOUBLE, Made DATETIME);"
+                "CREATE TABLE Flat (Name TEXT PRIMARY KEY) WITHOUT ROWID; INSERT INTO Flat VALUES ('a');"
+                "CREATE VIEW Seen AS SELECT Name FROM Flat; DROP TABLE Feature_Link;"
+                "CREATE TABLE \"odd \"\"name\" (\"a \"\"b\" TEXT)");
+    rows.Open(u"SELECT * FROM Plain"_s, connection);
+    rows.AddNew();
+    EXPECT_EQ(rows[u"Key"].Get(), Value(1));
+    rows[u"Size"].Set(u"2.5"_s);
+    rows[u"Made"].Set(QDate(2001, 1, 2));
+    rows.Update();
+    EXPECT_EQ(rows[u"Name"].DefinedSize(), 5);
+    EXPECT_EQ(rows.Number(2), 2.5);
+    EXPECT_EQ(rows.Text(3), u"2001-01-02"_s);
+    for (const QString& table : {u"Flat"_s, u"Seen"_s}) {
+        rows.Open(u"SELECT * FROM "_s + table, connection);
+        EXPECT_EQ(rows.Text(0), u"a"_s);
+        EXPECT_EQ(ErrorOf([&] { rows[0].Set(u"b"_s); }), kErrDatabase);
+        EXPECT_EQ(ErrorOf([&] { rows.Text(1); }), kErrItemNotFound);
+        EXPECT_EQ(ErrorOf([&] { rows.Text(-1); }), kErrItemNotFound);
+    }
+    rows.Open(u"SELECT * FROM [odd \"name]"_s, connection);
+    rows.AddNew();
+    rows[0].Set(u"x"_s);
+    rows.Update();
+    rows.MoveFirst();
+    EXPECT_EQ(rows.Text(0), u"x"_s);
+}
+
 TEST_F(RecordsetTest, BytesGoInAndComeOutInPieces)
 {
     for (const qint64 size : {0, 1, 99999, 100000, 250000}) {
