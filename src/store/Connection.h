@@ -26,9 +26,9 @@ public:
     Connection(Connection&&) noexcept;
     Connection& operator=(Connection&&) noexcept;
 
-    /// Closes what was open, then opens by a text of the form that `ConnectionString` gives; user, password and options are those of every caller: none.
-    /// A file that may not be written is opened for reading. Raises `kErrDatabase` with the engine's text and the path where the file
-    /// is missing or cannot be opened. A file that is no catalog is found out by the first query.
+    /// Closes what was open, then opens by a text of the form that `ConnectionString` gives; user, password and options are those of every
+    /// caller: none. A file that may not be written is opened for reading. Raises `kErrDatabase` with the engine's text and the path where
+    /// the file is missing or cannot be opened. A file that is no catalog is found out by the first query.
     void Open(const QString& connectionString);
     bool IsOpen() const;
     /// Commits and closes. Raises where the commit fails (a full disk) or where the engine had to undo the operation's writes before;

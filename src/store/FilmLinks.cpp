@@ -1,9 +1,5 @@
 #include "store/FilmLinks.h"
 
-#include "core/RuntimeError.h"
-
-#include <QStringList>
-
 #include <algorithm>
 #include <functional>
 
@@ -236,8 +232,8 @@ QString TrimBlanks(const QString& text)
     return text.mid(from, to - from);
 }
 
-void StoreFilmLinks(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options, const WriterContext& context,
-                    Connection& connection)
+std::optional<LinkFailure> StoreFilmLinks(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options,
+                                          const WriterContext& context, Connection& connection)
 {
     LinkWriter writer(movieId, mode, context, connection);
     const auto isDue = [&](const ListStep& step) { return options.*step.gate > 0 && step.hasRecords(film); };
@@ -249,16 +245,15 @@ void StoreFilmLinks(const FilmRecord& film, const Value& movieId, LinkMode mode,
                 connection.Execute(u"DELETE FROM "_s + step.names.linkTable + u" WHERE Movie_ID = "_s + movieId.Text());
             (writer.*step.store)(film);
         } catch (const RuntimeError& error) {
-            QStringList missing;
+            LinkFailure failure{error, {}};
             for (const ListStep* later = &step; later != std::end(kListSteps); ++later) {
                 if (isDue(*later))
-                    missing.append(later->name);
+                    failure.missing.append(later->name);
             }
-            throw RuntimeError(error.Number(), error.Description() + u"\r\n\""_s + film.Title +
-                                                   u"\" is in the catalog, but these lists are missing or not complete: "_s +
-                                                   missing.join(u", "_s));
+            return failure;
         }
     }
+    return std::nullopt;
 }
 
 void ReadFilmLinks(FilmRecord& film, qint64 movieId, Connection& connection)

@@ -1,6 +1,11 @@
 #pragma once
 
+#include "core/RuntimeError.h"
 #include "store/mDBConnection.h"
+
+#include <QStringList>
+
+#include <optional>
 
 namespace kelvado {
 
@@ -9,12 +14,19 @@ QString TrimBlanks(const QString& text);
 
 enum class LinkMode { Add, Update };
 
+/// Why the lists of a film could not be stored.
+struct LinkFailure
+{
+    RuntimeError error;
+    QStringList missing; ///< the lists that are not in the catalog, or not all of them
+};
+
 /// Stores the lists of a film that `options` lets through: each name is matched to an existing row by the catalog's comparison, or added,
 /// and linked to the film. `movieId` goes into the link rows; with Null the links belong to no film.
 /// In the mode `Update` the film's old links of a list go first, where there are new ones to take their place and the film is known.
-/// A failure names the film and the lists that are missing, in whole or in part.
-void StoreFilmLinks(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options, const WriterContext& context,
-                    Connection& connection);
+/// Stops at the first failure and returns it.
+std::optional<LinkFailure> StoreFilmLinks(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options,
+                                          const WriterContext& context, Connection& connection);
 
 /// Fills the lists of `film` from the catalog.
 void ReadFilmLinks(FilmRecord& film, qint64 movieId, Connection& connection);

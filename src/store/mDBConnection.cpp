@@ -57,24 +57,24 @@ Value StorePicture(const FilmRecord& film, const cOptIMDbFilm& options, LinkColu
     return movie[u"Movie_ID"].Get();
 }
 
-// Stores the links and closes the connection, which commits what was stored, whatever happens to the links. Returns their failure.
+// Stores the links and closes the connection, which commits what was stored, whatever happens to the links. Returns their failure, which
+// names the film and what is missing. Raises where the commit fails: then nothing of the film is stored.
 std::optional<RuntimeError> StoreLinksAndClose(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options,
                                                const WriterContext& context, Connection& connection)
 {
-    std::optional<RuntimeError> failure;
-    try {
-        StoreFilmLinks(film, movieId, mode, options, context, connection);
-    } catch (const RuntimeError& error) {
-        failure = error;
-    }
+    const std::optional<LinkFailure> failure = StoreFilmLinks(film, movieId, mode, options, context, connection);
     try {
         connection.Close();
     } catch (const RuntimeError& error) {
-        if (!failure)
-            throw;
-        throw RuntimeError(failure->Number(), error.Description() + u"\r\n"_s + failure->Description());
+        if (failure)
+            throw RuntimeError(failure->error.Number(), failure->error.Description() + u"\r\n"_s + error.Description());
+        throw;
     }
-    return failure;
+    if (!failure)
+        return std::nullopt;
+    return RuntimeError(failure->error.Number(), failure->error.Description() + u"\r\n\""_s + film.Title +
+                                                     u"\" is in the catalog, but these lists are missing or not complete: "_s +
+                                                     failure->missing.join(u", "_s));
 }
 
 } // namespace

@@ -21,7 +21,7 @@ struct WriterContext
 /// missing of it; what was stored stays.
 qint64 AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const WriterContext& context);
 
-/// Stores fresh web data over the film `movieId`, and gives the selected tree node (through `shell`) the new title and key.
+/// Stores fresh web data over the film `movieId`, and then gives the selected tree node (through `shell`) the new title and key.
 /// Empty values leave the old ones standing; the old links of a list go only where the list is on and has a record to take their place.
 void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFilm& options, const WriterContext& context, Shell& shell);
 

@@ -6,9 +6,11 @@
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
 
-#include <QFile>
+#include <QFileInfo>
 
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace kelvado {
 namespace {
@@ -241,6 +243,34 @@ TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
     film.Resolution = u"640x480"_s;
     EXPECT_THROW(AddFilm(film, all, context), RuntimeError);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie"), u"1"_s);
+}
+
+TEST_F(FilmWriter, AFullDiskStoresNothingOfTheFilmAndSaysNothingElse)
+{
+    // Files may grow by 100,000 bytes. The small cast fails at the commit, the large one on its way, when the engine's memory is full.
+    for (const int actors : {2000, 40000}) {
+        FilmRecord film = WholeFilm();
+        for (int i = 0; i < actors; ++i)
+            film.Actors.append(Person(u"actor %1 "_s.arg(i) + QString(80, u'x')));
+        rlimit old{};
+        ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
+        const auto oldHandler = signal(SIGXFSZ, SIG_IGN);
+        rlimit small = old;
+        small.rlim_cur = static_cast<rlim_t>(QFileInfo(catalog.Path()).size()) + 100000;
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+        QString failure;
+        try {
+            AddFilm(film, all, context);
+        } catch (const RuntimeError& error) {
+            failure = error.Description();
+        }
+        setrlimit(RLIMIT_FSIZE, &old);
+        signal(SIGXFSZ, oldHandler);
+        EXPECT_TRUE(failure.contains(catalog.Path())) << qPrintable(failure);
+        EXPECT_FALSE(failure.contains(u"is in the catalog"_s)) << qPrintable(failure);
+        EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie"), u"0"_s);
+        EXPECT_EQ(catalog.Ask("PRAGMA integrity_check"), u"ok"_s);
+    }
 }
 
 } // namespace
