@@ -1,0 +1,151 @@
+#include "ui/Skinner.h"
+
+#include "core/RuntimeError.h"
+#include "support/TempHome.h"
+#include "ui/SkinPictures.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace kelvado {
+namespace {
+
+TEST(ParseColor, ReadsSixDigitsAndTheSystemsNumbers)
+{
+    const std::pair<const char*, QColor> colors[] = {{"FF0000", QColor(255, 0, 0)},   {"0a141E", QColor(10, 20, 30)},
+                                                     {"", QColor(0, 0, 0)},           {"zz8000", QColor(0, 128, 0)},
+                                                     {"&H0000FF", QColor(255, 0, 0)}, {"&H00C08040&", QColor(0x40, 0x80, 0xC0)},
+                                                     {"&hff", QColor(255, 0, 0)},     {"&H", QColor(0, 0, 0)},
+
+                                                     {"F", QColor(15, 0, 15)},        {"112233445566", QColor(17, 34, 102)}};
+    for (const auto& [text, color] : colors)
+        EXPECT_EQ(ParseColor(QString::fromLatin1(text)), color)
+            << text << " gave " << qPrintable(ParseColor(QString::fromLatin1(text)).name());
+}
+
+/// A program folder with the skin "Test", every colour of which differs.
+class Skins : public ::testing::Test
+{
+protected:
+    Skins()
+    {
+        home.Write(QStringLiteral("Skins/Test/SKIN.INI"),
+                   "[Skin]\nFontFile=0\nFont=DejaVu Serif\nLabelBackColor=010101\nLabelFontColor=020202\nTextFontColor=030303\n"
+                   "TextBackColor=040404\nTextHasBorder=0\nGeneralBackColor=F5F5F5\n[Menu]\nMenuBlockColor=0A0A0A\nMenuBackColor=0B0B0B\n"
+                   "MenuHighlightColor=0C0C0C\nMenuBarBackColor=0D0D0D\n");
+    }
+
+    static QColor Back(const QWidget& widget) { return widget.palette().color(QPalette::Window); }
+    static QColor BoxBack(const QWidget& widget) { return widget.palette().color(QPalette::Base); }
+    static QColor Text(const QWidget& widget) { return widget.palette().color(QPalette::WindowText); }
+    static QColor BoxText(const QWidget& widget) { return widget.palette().color(QPalette::Text); }
+
+    TempHome home;
+    Skinner skinner;
+};
+
+TEST_F(Skins, AFormIsPaintedByKind)
+{
+    QWidget form;
+    QGroupBox frame(&form);
+    QLabel label(&form), link(&form);
+    link.setObjectName(QStringLiteral("lblIMDbURL"));
+    QPalette blue;
+    blue.setColor(QPalette::WindowText, Qt::blue);
+    link.setPalette(blue);
+    QLineEdit line(&form);
+    QPlainTextEdit memo(&form);
+    QPushButton button(&form);
+    const QColor buttonBack = button.palette().color(QPalette::Button);
+    QListWidget list(&form);
+    QComboBox combo(&form);
+    skinner.ApplySkin(QStringLiteral("Test"));
+    skinner.SkinForm(form);
+    const QColor labelBack(1, 1, 1), labelText(2, 2, 2), boxText(3, 3, 3), boxBack(4, 4, 4);
+    EXPECT_EQ(Back(form), QColor(0xF5, 0xF5, 0xF5));
+    EXPECT_EQ(Back(frame), labelBack);
+    EXPECT_EQ(Back(label), labelBack);
+    EXPECT_EQ(Text(label), labelText);
+    EXPECT_EQ(Back(link), labelBack);
+    EXPECT_EQ(Text(link), QColor(Qt::blue));
+    for (const QWidget* box : std::initializer_list<const QWidget*>{&line, &memo, &list, &combo}) {
+        EXPECT_EQ(BoxBack(*box), boxBack) << box->metaObject()->className();
+        EXPECT_EQ(BoxText(*box), boxText) << box->metaObject()->className();
+    }
+    EXPECT_FALSE(line.hasFrame());
+    EXPECT_EQ(memo.frameShape(), QFrame::NoFrame);
+    EXPECT_EQ(button.font().family(), QStringLiteral("DejaVu Serif"));
+    EXPECT_EQ(label.font().family(), QStringLiteral("DejaVu Serif"));
+    EXPECT_NE(button.palette().color(QPalette::Button), boxBack);
+    EXPECT_NE(buttonBack, boxBack);
+}
+
+TEST_F(Skins, ASkinWithoutSettingsIsBlack)
+{
+    skinner.ApplySkin(QStringLiteral("None"));
+    EXPECT_EQ(skinner.Values().windowBack, QColor(Qt::black));
+    EXPECT_EQ(skinner.Values().treeItemText, QColor(Qt::black));
+    EXPECT_EQ(skinner.GetMenuColor(QStringLiteral("MENU_BACK")), QColor(Qt::black));
+}
+
+TEST_F(Skins, MenuColoursGoByNameAndFallBackOnTheSettings)
+{
+    home.Write(QStringLiteral("Settings.ini"), "[Settings]\nSkin=Test\n");
+    const std::pair<const char*, int> grays[] = {{"MENU_BLOCK", 10},   {"MENU_BACK", 11}, {"MENU_HIGHLIGHT", 12},
+                                                 {"MENUBAR_BACK", 13}, {"menu_back", 0},  {"", 0}};
+    for (const auto& [name, gray] : grays)
+        EXPECT_EQ(skinner.GetMenuColor(QString::fromLatin1(name)), QColor(gray, gray, gray)) << name;
+}
+
+TEST_F(Skins, TheMarkerIsMadeOnceForEachSkin)
+{
+    skinner.ApplySkin(QStringLiteral("Test"));
+    EXPECT_EQ(home.Read(QStringLiteral("Skins/Test/install.skn")), "");
+    home.Write(QStringLiteral("Skins/Test/install.skn"), "kept");
+    skinner.ApplySkin(QStringLiteral("Test"));
+    EXPECT_EQ(home.Read(QStringLiteral("Skins/Test/install.skn")), "kept");
+    home.Write(QStringLiteral("Skins/Broken/skin.ini"), "[Skin]\nFontFile=broken.ttf\n");
+    home.Write(QStringLiteral("Skins/Broken/broken.ttf"), "no font");
+    skinner.ApplySkin(QStringLiteral("Broken"));
+    EXPECT_EQ(home.Read(QStringLiteral("Skins/Broken/install.skn")), "");
+}
+
+TEST_F(Skins, PicturesAreFoundCaseBlindAndInDoubleSize)
+{
+    const auto paint = [&](const char* name, int side) {
+        QImage picture(side, side, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        ASSERT_TRUE(picture.save(home.Path(QStringLiteral("Skins/Test/") + QString::fromLatin1(name)), "PNG"));
+    };
+    paint("ToolLeft.BMP", 10); // a picture of another format than its name says
+    paint("ToolLeft@2x.BMP", 20);
+    paint("ToolEnd.BMP", 10);
+    home.Write(QStringLiteral("Skins/Test/Broken.bmp"), "no picture");
+    const auto load = [](const char* name, qreal scale) {
+        return LoadSkinPicture(QStringLiteral("Test"), QString::fromLatin1(name), scale);
+    };
+    EXPECT_EQ(load("toolleft.bmp", 1).width(), 10);
+    const QPixmap sharp = load("toolleft.bmp", 2);
+    EXPECT_EQ(sharp.width(), 20);
+    EXPECT_EQ(sharp.deviceIndependentSize(), QSizeF(10, 10));
+    EXPECT_EQ(load("ToolEnd.bmp", 2).deviceIndependentSize(), QSizeF(10, 10));
+    const std::pair<const char*, int> failures[] = {{"Missing.bmp", kErrFileNotFound}, {"Broken.bmp", kErrInvalidPicture}};
+    for (const auto& [name, number] : failures) {
+        try {
+            load(name, 1);
+            ADD_FAILURE() << name;
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), number);
+            EXPECT_TRUE(error.Description().contains(QString::fromLatin1(name))) << qPrintable(error.Description());
+        }
+    }
+}
+
+} // namespace
+} // namespace kelvado
