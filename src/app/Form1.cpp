@@ -16,6 +16,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QMenu>
+#include <QScreen>
 #include <QTimer>
 
 namespace kelvado {
@@ -129,7 +130,13 @@ void Form1::ConnectControls()
     connect(m_ui->picTabs, &SectionTabRow::TabClick, this, [this](const QString& section) { Guard([&] { m_sections.Show(section); }); });
     connect(m_ui->picSplitter, &PaneSplitter::Moved, this, &Form1::LayOutPanes);
     connect(m_ui->TreeView1, &CatalogTreeView::NodeClick, this, [this] { Guard([&] { OnNodeClick(); }); });
-    connect(m_ui->TreeView1, &CatalogTreeView::MouseDown, this, [this] { Guard([&] { UpdateSelectionMenus(); }); });
+    connect(m_ui->TreeView1, &CatalogTreeView::MouseDown, this, [this] {
+        try {
+            UpdateSelectionMenus();
+        } catch (const std::exception&) {
+            // The click or the menu that follows meets the same failure and tells of it, once.
+        }
+    });
     connect(m_ui->TreeView1, &QTreeView::expanded, this, [this](const QModelIndex& node) { Guard([&] { OnExpand(node); }); });
     connect(m_ui->TreeView1, &CatalogTreeView::MenuRequested, this, [this](const QPoint& place) {
         Guard([&] {
@@ -178,10 +185,14 @@ void Form1::LoadToolRow()
 void Form1::LayOutAtStart()
 {
     const cOptDisplay& display = m_state.gOptions->Display;
-    if (display.WindowState == kStateMaximised)
+    int windowWidth = width();
+    if (display.WindowState == kStateMaximised) {
         setWindowState(Qt::WindowMaximized);
+        windowWidth = screen()->availableGeometry().width(); // the window has this width only once it is on the screen
+    }
     ensurePolished();
-    m_ui->picSplitter->SetTag(SplitterPercent(display.LeftPane, width() * kTwipsPerPixel));
+    // Whatever width the settings hold, the divider stays in the window.
+    m_ui->picSplitter->SetTag(std::clamp(SplitterPercent(display.LeftPane, windowWidth * kTwipsPerPixel), 0, 99));
     show();
 }
 
@@ -261,9 +272,11 @@ void Form1::LayOutPanes()
 
 void Form1::RefreshCatalogTree()
 {
-    // Events are served while the tree fills; a second fill out of one of them would work on half a tree.
-    if (m_filling)
+    // Events are served while the tree fills; a second fill out of one of them would work on half a tree, so it waits for the end.
+    if (m_filling) {
+        m_refillAsked = true;
         return;
+    }
     const struct Filling
     {
         Form1& form;
@@ -278,8 +291,7 @@ void Form1::RefreshCatalogTree()
             form.m_filling = false;
             form.m_ui->TreeView1->show();
             form.ShowWorking(false);
-            if (form.m_closeAsked)
-                QTimer::singleShot(0, &form, &QWidget::close);
+            form.DoWhatWaited();
         }
     } filling(*this);
     m_events.ServeEvents();
@@ -298,6 +310,14 @@ void Form1::RefreshCatalogTree()
         throw;
     }
     showGroups();
+}
+
+void Form1::DoWhatWaited()
+{
+    if (m_closeAsked)
+        QTimer::singleShot(0, this, &QWidget::close);
+    else if (std::exchange(m_refillAsked, false))
+        QTimer::singleShot(0, this, [this] { Guard([&] { RefreshCatalogTree(); }); });
 }
 
 void Form1::ShowSelection()
@@ -501,6 +521,7 @@ void Form1::OnExpand(const QModelIndex& node)
     const QPersistentModelIndex film = node;
     const struct Expanding
     {
+        Form1& form;
         QTreeView& view;
         const QPersistentModelIndex& film;
         ~Expanding()
@@ -510,8 +531,9 @@ void Form1::OnExpand(const QModelIndex& node)
                 view.expand(film);
             view.setUpdatesEnabled(true);
             view.setFocus();
+            form.DoWhatWaited();
         }
-    } expanding{view, film};
+    } expanding{*this, view, film};
     view.setUpdatesEnabled(false);
     m_tree.ExpandFilmNode(film);
 }

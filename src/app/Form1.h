@@ -107,6 +107,8 @@ private:
     void OnNodeClick();
     void OnExpand(const QModelIndex& node);
     void UpdateSelectionMenus();
+    /// What was asked for in the midst of a job that serves events: to close, or to fill the tree anew.
+    void DoWhatWaited();
     void LayOutPanes();
     void OnTray(int message);
     void ApplyTray();
@@ -140,6 +142,7 @@ private:
     Qt::WindowStates m_lastWindowState = Qt::WindowNoState; ///< normal or maximised, for the way back from the tray
     bool m_filling = false;
     bool m_closeAsked = false;
+    bool m_refillAsked = false;
     bool m_saved = false;
 };
 

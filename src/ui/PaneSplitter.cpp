@@ -59,9 +59,13 @@ void PaneSplitter::keyPressEvent(QKeyEvent* event)
         return;
     }
     const int whole = parentWidget()->width() * kTwipsPerPixel;
-    if (const auto percent = DraggedSplitterPercent(whole * (m_percent + step) / 100, 0, whole)) {
-        m_percent = *percent;
-        Q_EMIT Moved();
+    // From outside the limits, where the settings may have put the bar, the first step leads to the nearer one.
+    for (int next = m_percent + step; next >= 0 && next <= 100; next += step) {
+        if (const auto percent = DraggedSplitterPercent(whole * next / 100, 0, whole)) {
+            m_percent = *percent;
+            Q_EMIT Moved();
+            return;
+        }
     }
 }
 

@@ -1,0 +1,141 @@
+#include "MainWindow.h"
+
+namespace kelvado {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+
+constexpr const char* kThreeFilms = "0-9\n 2001\nA\n Alien\nB\n Brazil";
+
+TEST_F(MainWindow, NewMakesABlankCatalogAndAsksBeforeItOverwrites)
+{
+    Set("Settings", "Default", {});
+    Start();
+    const QString fresh = home.Path(QStringLiteral("fresh.kvd"));
+    dialogs.files << fresh;
+    Choose("mnuFile", "mnuNew");
+    EXPECT_EQ(window->State().CatalogPath(), fresh);
+    EXPECT_EQ(home.Read(QStringLiteral("fresh.kvd")), home.Read(QStringLiteral("keldb.dat")));
+    EXPECT_TRUE(IsOn("AddManual"));
+    Press("ImgTabMovieGrab"); // a catalog is open now
+    Press("ImgTabMovieList");
+
+    dialogs.files << catalog.Path();
+    Press("New"); // answered with No
+    EXPECT_EQ(TakeMessages(), "20 New File Confirmation: File already exists, are you sure you wish to continue?");
+    EXPECT_EQ(catalog.Ask("SELECT COUNT(*) FROM Movie"), QStringLiteral("3"));
+    EXPECT_EQ(Shown(), "");
+    Press("Refresh"); // shows the file that the path names
+    EXPECT_EQ(Shown(), kThreeFilms);
+
+    dialogs.files << catalog.Path();
+    dialogs.answers << kAnswerYes;
+    Press("New");
+    TakeMessages();
+    EXPECT_EQ(catalog.Ask("SELECT COUNT(*) FROM Movie"), QStringLiteral("0"));
+    EXPECT_EQ(Shown(), "");
+}
+
+TEST_F(MainWindow, SaveAsWorksOnInTheCopy)
+{
+    Start();
+    dialogs.files << home.Path(QStringLiteral("copy.kvd"));
+    Choose("mnuFile", "mnuFileSaveAs");
+    catalog.Run("DELETE FROM Movie");
+    Press("Refresh");
+    EXPECT_EQ(Shown(), kThreeFilms);
+    dialogs.files << catalog.Path();
+    Press("Save"); // answered with No
+    EXPECT_EQ(TakeMessages(), "20 Kelvado Save As Confirmation: File already exists, are you sure you wish to continue?");
+    EXPECT_EQ(catalog.Ask("SELECT COUNT(*) FROM Movie"), QStringLiteral("0"));
+    Press("Save"); // cancelled
+    EXPECT_EQ(window->State().CatalogPath(), catalog.Path());
+}
+
+TEST_F(MainWindow, SetDefaultIsWhatTheNextStartOpens)
+{
+    Set("Settings", "Default", {});
+    Start();
+    Choose("mnuFile", "mnuFileDefault");
+    EXPECT_EQ(TakeMessages(), "64 : A Catolog file must be open");
+    Choose("mnuFile", "mnuFileSaveAs");
+    EXPECT_EQ(TakeMessages(), "16 Kelvado Save As Error: Could not locate Kelvado database file, please ensure you have a valid database "
+                              "file open");
+    dialogs.files << catalog.Path();
+    Choose("mnuFile", "mnuFileOpen");
+    Choose("mnuFile", "mnuFileDefault");
+    EXPECT_EQ(Setting("Settings", "Default"), catalog.Path());
+    window->close();
+    Start();
+    EXPECT_EQ(Shown(), kThreeFilms);
+}
+
+TEST_F(MainWindow, AFileThatIsNoCatalogIsNamedAndTheWindowLivesOn)
+{
+    home.Write(QStringLiteral("holiday.jpg"), QByteArray(5000, 'j'));
+    home.Write(QStringLiteral("empty.kvd"), {});
+    Set("Settings", "Default", {});
+    Start();
+    const QByteArray before = home.Read(QStringLiteral("holiday.jpg"));
+    for (const char* name : {"holiday.jpg", "empty.kvd", "missing.kvd"}) {
+        dialogs.files << home.Path(QString::fromLatin1(name));
+        QTest::keyClick(window.get(), Qt::Key_O, Qt::ControlModifier);
+        EXPECT_THAT(TakeMessages(), AllOf(HasSubstr("Run-time error"), HasSubstr(name)));
+        EXPECT_FALSE(window->State().CatalogOpen) << name;
+        EXPECT_TRUE(Tree().isVisible()) << name;
+        EXPECT_FALSE(IsOn("AddManual")) << name;
+    }
+    EXPECT_EQ(home.Read(QStringLiteral("holiday.jpg")), before);
+    EXPECT_EQ(home.Read(QStringLiteral("empty.kvd")), "");
+    EXPECT_FALSE(QFileInfo::exists(home.Path(QStringLiteral("missing.kvd"))));
+    dialogs.files << catalog.Path();
+    Press("Open");
+    EXPECT_EQ(Shown(), kThreeFilms);
+    ClickNode(QStringLiteral("Alien"));
+    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Alien"));
+}
+
+TEST_F(MainWindow, ACatalogThatVanishedIsNamedOnceForEachClick)
+{
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    const QString away = catalog.Path() + QStringLiteral(".away");
+    ASSERT_TRUE(QFile::rename(catalog.Path(), away));
+    ClickNode(QStringLiteral("Brazil"));
+    EXPECT_EQ(dialogs.boxes.size(), 1);
+    EXPECT_THAT(TakeMessages(), HasSubstr("films.kvd"));
+    Tree().expand(Node(QStringLiteral("Brazil")));
+    EXPECT_THAT(TakeMessages(), HasSubstr("films.kvd"));
+    Press("Refresh");
+    EXPECT_THAT(TakeMessages(), HasSubstr("films.kvd"));
+    EXPECT_FALSE(QFileInfo::exists(catalog.Path()));
+    ASSERT_TRUE(QFile::rename(away, catalog.Path()));
+    Press("Refresh");
+    EXPECT_EQ(Shown(), kThreeFilms);
+}
+
+TEST_F(MainWindow, APageThatCannotBeWrittenIsNamed)
+{
+    home.Write(QStringLiteral("temp"), "a file in the folder's place");
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    EXPECT_THAT(TakeMessages(), HasSubstr(home.Path(QStringLiteral("temp")).toStdString()));
+    EXPECT_TRUE(IsOn("Delete"));
+    EXPECT_FALSE(IsOn("Back"));
+    ASSERT_TRUE(QFile::remove(home.Path(QStringLiteral("temp"))));
+    ClickNode(QStringLiteral("Alien"));
+    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Alien"));
+}
+
+TEST_F(MainWindow, AMissingTemplateIsNamed)
+{
+    ASSERT_TRUE(QFile::remove(home.Path(QStringLiteral("Skins/Default XP/Templates/default.html"))));
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    EXPECT_THAT(TakeMessages(), HasSubstr("default.html"));
+    EXPECT_FALSE(IsOn("Back"));
+}
+
+} // namespace
+} // namespace kelvado

@@ -1,0 +1,150 @@
+#include "MainWindow.h"
+#include "render/forms/frmPageView.h"
+#include "ui/PaneSplitter.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QWebEngineView>
+
+namespace kelvado {
+namespace {
+
+TEST_F(MainWindow, EveryControlIsReachedByTabAndHasAName)
+{
+    Start();
+    Page(QStringLiteral("about:blank"));
+    QWidget* page = window->PageView().WebBrowser1();
+    const auto name = [&](const QWidget* control) {
+        return page == control || page->isAncestorOf(control) ? page->objectName() : control->objectName();
+    };
+    Tree().setFocus();
+    QStringList passed;
+    do {
+        QWidget* before = QApplication::focusWidget();
+        ASSERT_NE(before, nullptr);
+        passed << name(before);
+        QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(passed.last() == page->objectName() ? page : before);
+        EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty()) << qPrintable(passed.last());
+        QTest::keyClick(before, Qt::Key_Tab);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() != before; })) << "stuck in " << qPrintable(passed.last());
+    } while (QApplication::focusWidget() != &Tree() && passed.size() < 40);
+    for (const char* control : {"New", "Open", "Save", "Refresh", "AddFilter", "AddIMDb", "AddDVDEmp", "AddManual", "ImgTabMovieList",
+                                "ImgTabMovieGrab", "ImgTabMovieEdit", "ImgTabActorInfo", "TreeView1", "picSplitter", "WebBrowser1"})
+        EXPECT_EQ(passed.count(QString::fromLatin1(control)), 1) << control << " in " << qPrintable(passed.join(u' '));
+    EXPECT_LT(passed.indexOf(QStringLiteral("New")), passed.indexOf(QStringLiteral("ImgTabMovieList")));
+    EXPECT_LT(passed.indexOf(QStringLiteral("picSplitter")), passed.indexOf(QStringLiteral("WebBrowser1")));
+}
+
+TEST_F(MainWindow, TheTreeIsBrowsedByKeys)
+{
+    Start();
+    Tree().setFocus();
+    Key(Qt::Key_Home);
+    Key(Qt::Key_Down); // the group A
+    Key(Qt::Key_Right);
+    Key(Qt::Key_Down);
+    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Alien"));
+    QSignalSpy opened(&Tree(), &QTreeView::activated);
+    Key(Qt::Key_Return);
+    Key(Qt::Key_Enter);
+    EXPECT_EQ(opened.count(), 0);
+    Tree().setFocus();
+    Key(Qt::Key_Right);
+    EXPECT_TRUE(Tree().isExpanded(Node(QStringLiteral("Alien"))));
+    EXPECT_TRUE(Tree().hasFocus());
+    EXPECT_EQ(Tree().model()->rowCount(Node(QStringLiteral("Alien"))), 2);
+    EXPECT_FALSE(QFileInfo::exists(home.Path(QStringLiteral("temp/htmltemp1.html"))));
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Get<QLabel>("ID").text(), QStringLiteral("11"));
+    Key(Qt::Key_Up);
+    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp1.html")).contains(u"Alien"));
+}
+
+TEST_F(MainWindow, AFilmWithoutACastOpensToNothing)
+{
+    Start();
+    ClickNode(QStringLiteral("Brazil"));
+    Key(Qt::Key_Right);
+    EXPECT_EQ(Tree().model()->rowCount(Node(QStringLiteral("Brazil"))), 0);
+    Key(Qt::Key_Right);
+    Key(Qt::Key_Left, 2); // folds the film, then goes to its group
+    EXPECT_EQ(Tree().currentIndex(), Node(QStringLiteral("B")));
+}
+
+TEST_F(MainWindow, TabsAndButtonsArePressedByKeys)
+{
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    Get("ImgTabMovieEdit").setFocus();
+    Key(Qt::Key_Space);
+    EXPECT_EQ(window->State().CurrentSection, kMovieEdit);
+    Get("ImgTabMovieList").setFocus();
+    Key(Qt::Key_Return);
+    EXPECT_EQ(window->State().CurrentSection, kMovieList);
+    Get("AddIMDb").setFocus();
+    Key(Qt::Key_Enter);
+    EXPECT_EQ(window->State().CurrentSection, kMovieGrab);
+}
+
+TEST_F(MainWindow, AboutOpensFromTheMenuAndClosesByAnyKey)
+{
+    Start();
+    Choose("mnuHelp", "mnuHelpAbout");
+    QPointer<QWidget> about = window->findChild<QWidget*>(QStringLiteral("frmAbout"));
+    ASSERT_TRUE(about && about->isVisible());
+    QTest::keyClick(about, Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return about.isNull(); }));
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(MainWindow, TheDividerStaysBetween11And89PerCent)
+{
+    Start();
+    auto& divider = Get<PaneSplitter>("picSplitter");
+    const QWidget& panes = Get("picPanes");
+    QWindow* handle = window->windowHandle();
+    const auto at = [&](int percent) {
+        return panes.mapTo(window.get(), QPoint(panes.width() * percent / 100 + divider.width() / 2, panes.height() / 2));
+    };
+    const auto drag = [&](std::initializer_list<int> stops) {
+        QTest::mousePress(handle, Qt::LeftButton, {}, divider.mapTo(window.get(), divider.rect().center()));
+        for (const int percent : stops)
+            QTest::mouseMove(handle, at(percent));
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, at(*(stops.end() - 1)));
+    };
+    const auto sideBySide = [&] {
+        EXPECT_NEAR(Get("picLeftPane").width() * 100.0 / panes.width(), divider.Tag(), 1);
+        EXPECT_EQ(Get("picLeftPane").geometry().right() + 1, divider.x());
+        EXPECT_EQ(divider.geometry().right() + 1, Get("picRightPane").x());
+        EXPECT_LE(Get("picRightPane").geometry().right(), panes.width());
+    };
+    drag({30, 40});
+    EXPECT_NEAR(divider.Tag(), 40, 1);
+    sideBySide();
+    drag({20, 13, 9, 3});
+    EXPECT_NEAR(divider.Tag(), 13, 1);
+    sideBySide();
+    drag({50, 86, 95, 120});
+    EXPECT_NEAR(divider.Tag(), 86, 1);
+    sideBySide();
+    QTest::mouseClick(handle, Qt::RightButton, {}, divider.mapTo(window.get(), divider.rect().center()));
+    QTest::mouseMove(handle, at(50)); // without a button
+    EXPECT_NEAR(divider.Tag(), 86, 1);
+
+    divider.setFocus();
+    Key(Qt::Key_Right, 10);
+    EXPECT_EQ(divider.Tag(), 89);
+    sideBySide();
+    Key(Qt::Key_Left, 100);
+    EXPECT_EQ(divider.Tag(), 11);
+    sideBySide();
+    window->resize(1000, 700);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return panes.width() == 1000 && divider.height() == panes.height(); }));
+    QCoreApplication::processEvents();
+    sideBySide();
+}
+
+} // namespace
+} // namespace kelvado
