@@ -90,20 +90,6 @@ TEST_F(MainWindow, EveryClickOnAFilmMakesAPageAndAStep)
     EXPECT_EQ(Page(QStringLiteral("about:blank")), QString());
 }
 
-TEST_F(MainWindow, AWalkBackIntoAnotherCatalogSaysThatTheNodeIsGone)
-{
-    Start();
-    ClickNode(QStringLiteral("Alien"));
-    ClickNode(QStringLiteral("Brazil"));
-    catalog.Run("DELETE FROM Movie WHERE Movie_ID = 1");
-    Press("Refresh");
-    EXPECT_EQ(Shown(), "0-9\n 2001\nB\n Brazil");
-    Press("Back");
-    EXPECT_THAT(TakeMessages(), ::testing::HasSubstr("'35601'"));
-    EXPECT_EQ(window->State().history.Position(), 0);
-    EXPECT_TRUE(IsOn("Back"));
-}
-
 TEST_F(MainWindow, TabsChangeTheSection)
 {
     Start();

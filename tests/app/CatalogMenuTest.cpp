@@ -128,14 +128,5 @@ TEST_F(MainWindow, APageThatCannotBeWrittenIsNamed)
     EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Alien"));
 }
 
-TEST_F(MainWindow, AMissingTemplateIsNamed)
-{
-    ASSERT_TRUE(QFile::remove(home.Path(QStringLiteral("Skins/Default XP/Templates/default.html"))));
-    Start();
-    ClickNode(QStringLiteral("Alien"));
-    EXPECT_THAT(TakeMessages(), HasSubstr("default.html"));
-    EXPECT_FALSE(IsOn("Back"));
-}
-
 } // namespace
 } // namespace kelvado

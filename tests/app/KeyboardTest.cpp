@@ -62,17 +62,6 @@ TEST_F(MainWindow, TheTreeIsBrowsedByKeys)
     EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp1.html")).contains(u"Alien"));
 }
 
-TEST_F(MainWindow, AFilmWithoutACastOpensToNothing)
-{
-    Start();
-    ClickNode(QStringLiteral("Brazil"));
-    Key(Qt::Key_Right);
-    EXPECT_EQ(Tree().model()->rowCount(Node(QStringLiteral("Brazil"))), 0);
-    Key(Qt::Key_Right);
-    Key(Qt::Key_Left, 2); // folds the film, then goes to its group
-    EXPECT_EQ(Tree().currentIndex(), Node(QStringLiteral("B")));
-}
-
 TEST_F(MainWindow, TabsAndButtonsArePressedByKeys)
 {
     Start();

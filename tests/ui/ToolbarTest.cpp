@@ -109,15 +109,5 @@ TEST_F(Toolbar, PicturesFollowTheStateAndTheMaskIsTransparent)
     EXPECT_TRUE(bar.MakeAdvBitmap({}).isNull());
 }
 
-TEST_F(Toolbar, SizesGrowWithTheirProperties)
-{
-    const QSize before = bar.sizeHint();
-    bar.SetButtonWidth(40);
-    bar.SetButtonHeight(40);
-    QTest::qWait(0);
-    EXPECT_EQ(bar.sizeHint().width(), before.width() + 3 * 8);
-    EXPECT_EQ(bar.sizeHint().height(), before.height() + 8);
-}
-
 } // namespace
 } // namespace kelvado
