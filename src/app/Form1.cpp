@@ -19,6 +19,8 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace kelvado {
 
 namespace {
