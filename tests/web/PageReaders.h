@@ -1,0 +1,92 @@
+#pragma once
+
+#include "support/RecordingShell.h"
+#include "support/ScriptedDialogs.h"
+#include "web/IMDBSearch.h"
+#include "web/WebText.h"
+#include "web/mIMDBAmazon.h"
+#include "web/mIMDBCompaniesParse.h"
+#include "web/mIMDBCreditsParse.h"
+#include "web/mIMDBPlotParse.h"
+#include "web/mIMDBTitleParse.h"
+
+#include <string_view>
+
+namespace kelvado {
+
+/// Hosts that can be told apart in a page.
+inline WebHosts TestHosts()
+{
+    return {.ImdbMainHost = QStringLiteral("main.test"),
+            .ImdbSearchHost = QStringLiteral("search.test"),
+            .ImdbPersonHost = QStringLiteral("people.test"),
+            .ImdbHeadsHost = QStringLiteral("heads.test"),
+            .ImdbPosterHost = QStringLiteral("posters.test"),
+            .ImdbOldPosterHost = QStringLiteral("oldposters.test"),
+            .AmazonMainHost = QStringLiteral("shop.test"),
+            .AmazonImageHost = QStringLiteral("pictures.test"),
+            .DvdEmpireHost = {},
+            .DvdEmpireImageHost = {},
+            .UpdateHost = {}};
+}
+
+/// The number of the run-time failure that `run` ends with; 0 for none. Any other exception goes on.
+template<typename Run>
+int ErrorOf(const Run& run)
+{
+    try {
+        static_cast<void>(run());
+        return 0;
+    } catch (const RuntimeError& error) {
+        return error.Number();
+    }
+}
+
+/// Runs every routine that reads a kind of page over a page as it was fetched, each for itself.
+struct PageReader
+{
+    std::string_view page; ///< the name of its file among the stored pages
+    void (*read)(const QString& fetched);
+};
+
+inline constexpr PageReader kPageReaders[] = {
+    {"title",
+     [](const QString& fetched) {
+         const QString page = FlattenPage(fetched);
+         ErrorOf([&] { return ParseTitleBlock(page); });
+         ErrorOf([&] { return ParseRated(page); });
+         ErrorOf([&] { return ParseRuntime(page); });
+         ErrorOf([&] { return ParseLanguage(page); });
+         ErrorOf([&] { return ParseTitleNumber(page); });
+         ErrorOf([&] { return ParseGenres(page); });
+         ErrorOf([&] { return ParsePosterUrl(page, TestHosts()); });
+         ErrorOf([&] { return ParsePlotOutline(page); });
+         ErrorOf([&] { return ParseShopLink(page); });
+     }},
+    {"plot", [](const QString& fetched) { ErrorOf([&] { return ParsePlotPage(fetched); }); }},
+    {"credits",
+     [](const QString& fetched) {
+         const QString page = FlattenPage(fetched);
+         for (const auto parse : {ParseActors, ParseDirectors, ParseProducers, ParseWriters})
+             ErrorOf([&] { return parse(page); });
+         ErrorOf([&] { return StripTags(page); });
+     }},
+    {"companies", [](const QString& fetched) { ErrorOf([&] { return ParseCompanies(FlattenPage(fetched)); }); }},
+    {"search",
+     [](const QString& fetched) {
+         QString page = FlattenPage(fetched);
+         QList<SearchRow> rows;
+         QStringList akaTitles{QStringLiteral("blah")};
+         RecordingShell shell;
+         ScriptedDialogs dialogs;
+         ErrorOf([&] {
+             ParseSearchPage(page, rows, akaTitles, shell, dialogs);
+             return 0;
+         });
+     }},
+    {"shop-results",
+     [](const QString& fetched) { ErrorOf([&] { return ParseCandidates(FlattenPage(fetched), QStringLiteral("The Affair (1987)")); }); }},
+    {"shop-product", [](const QString& fetched) { ErrorOf([&] { return ParseLargerPicture(FlattenPage(fetched)); }); }},
+};
+
+} // namespace kelvado

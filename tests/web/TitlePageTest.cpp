@@ -1,0 +1,199 @@
+#include "PageReaders.h"
+#include "WebPages.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace kelvado {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QString TitlePage()
+{
+    return FlattenPage(FetchedPage("title"));
+}
+
+QStringList GenresOf(const QString& page)
+{
+    QStringList names;
+    for (const FilmGenre& genre : ParseGenres(page))
+        names << genre.Genre;
+    return names;
+}
+
+TEST(TitlePage, TellsEveryFactOfAWholePage)
+{
+    const QString page = TitlePage();
+    const TitleInfo info = ParseTitleBlock(page);
+    EXPECT_EQ(info.RawTitle, u"The L&#246;wen Affair (1987/II) (TV)");
+    EXPECT_EQ(info.Name, u"The L&#246;wen Affair");
+    EXPECT_EQ(info.Year, u"1987");
+    EXPECT_EQ(info.Rating, u"7.0");
+    EXPECT_EQ(info.Votes, u"41,310 votes");
+    EXPECT_EQ(ParseRated(page), u"PG-13");
+    EXPECT_EQ(ParseRuntime(page), u"163 min  / Germany:162 min (cut version)");
+    EXPECT_EQ(ParseLanguage(page), u" German/ French");
+    EXPECT_EQ(ParseTitleNumber(page), u"0912345");
+    EXPECT_EQ(GenresOf(page), (QStringList{u"Drama"_s, u"War"_s, u"Mystery"_s}));
+    EXPECT_EQ(ParsePosterUrl(page, TestHosts()), u"http://posters.test/media/12/48m.jpg");
+    EXPECT_EQ(ParsePlotOutline(page), u" A lion keeper &#38; hisdaughter lose a circus. ");
+}
+
+TEST(TitlePage, NameAndYearLoseTheMarksOfKindAndPlace)
+{
+    const struct
+    {
+        QString title, name, year;
+    } cases[] = {
+        {u"Film (1999)"_s, u"Film"_s, u"1999"_s},
+        {u"&#34;Series&#34; (1999)"_s, u"&#34;Series&#34;"_s, u"1999"_s},
+        {u"Film (1999/IV) (V)"_s, u"Film"_s, u"1999"_s},
+        {u"Film (1999/III)"_s, u"Film"_s, u"1999"_s},
+        {u"Film (TV) ( 1999 )"_s, u"Film"_s, u"1999"_s},
+        {u"Game (VG) (1999)"_s, u"Game"_s, u"1999"_s},
+        {u"War/I/Venice (1999)"_s, u"Warenice"_s, u"1999"_s},
+        {u"Film (a) (1999)"_s, u"Film"_s, u"a"_s},
+        {u"\tFilm (1999"_s, u"\tFilm"_s, u"1999"_s},
+    };
+    for (const auto& [title, name, year] : cases) {
+        const TitleInfo info = ParseTitleBlock(QString("<Title>"_L1 + title + "</TITLE>"_L1));
+        EXPECT_EQ(info.RawTitle, title);
+        EXPECT_EQ(info.Name, name) << qPrintable(title);
+        EXPECT_EQ(info.Year, year) << qPrintable(title);
+    }
+}
+
+TEST(TitlePage, TheTitleTagFailsOrMisleadsWhereItIsBroken)
+{
+    EXPECT_EQ(ErrorOf([] { return ParseTitleBlock(u""); }), kErrInvalidCall);
+    EXPECT_EQ(ErrorOf([] { return ParseTitleBlock(u"<title>Film (1999)"); }), kErrInvalidCall);
+    EXPECT_EQ(ErrorOf([] { return ParseTitleBlock(u"</title><title>Film (1999)"); }), kErrInvalidCall);
+    EXPECT_EQ(ErrorOf([] { return ParseTitleBlock(u"<title>Film</title>"); }), kErrSubscript);
+    EXPECT_EQ(ErrorOf([] { return ParseTitleBlock(u"<title></title>"); }), kErrSubscript);
+    EXPECT_EQ(ParseTitleBlock(u"123456Film (1999)</title>").RawTitle, u"Film (1999)");
+}
+
+TEST(TitlePage, RatingAndVotesNeedAStarInFront)
+{
+    const QString head = u"<title>F (1)</title><b>9.9/10</b> (1 votes)"_s;
+    EXPECT_EQ(ParseTitleBlock(head).Rating, u"");
+    EXPECT_EQ(ParseTitleBlock(head).Votes, u"");
+    EXPECT_EQ(ParseTitleBlock(QString(head + "goldstar.gif<b>8.1/10</b> (77 votes)"_L1)).Rating, u"8.1");
+    for (const QLatin1StringView broken :
+         {"goldstar.gif"_L1, "goldstar.gif<b>8.1"_L1, "goldstar.gif<b>8/10</b>"_L1, "goldstar.gif<b>8/10</b> (5"_L1})
+        EXPECT_EQ(ErrorOf([&] { return ParseTitleBlock(QString(head + broken)); }), kErrInvalidCall) << broken.data();
+}
+
+TEST(TitlePage, TheCertificateIsTheFirstKnownOneInAFixedOrder)
+{
+    const struct
+    {
+        QStringView page, rated;
+    } cases[] = {
+        {u"", u""},
+        {u"Rated G, USA:G, rated R", u""},
+        {u"Rated NC-17 x", u"NC-17"},
+        {u"Rated PGx", u"PG"},
+        {u"Rated PG-139", u"PG-13"},
+        {u"USA:PG-13 USA:NC-17", u"PG-13"},
+        {u"USA:NC-17 USA:PG", u"PG"},
+        {u"USA:NC-17", u"NC-17"},
+        {u"USA:PG-13 USA:R", u"R"},
+        {u"Rated NC-17 and Rated R", u"R"},
+        {u"USA:R then Rated PG", u"PG"},
+        {u"Rated R then Rated PG-13", u"PG-13"},
+        {u"Rated Risky", u"R"},
+    };
+    for (const auto& [page, rated] : cases)
+        EXPECT_EQ(ParseRated(page), rated) << qPrintable(page.toString());
+}
+
+TEST(TitlePage, TheRunTimeKeepsItsBlank)
+{
+    EXPECT_EQ(ParseRuntime(u"Runtime:</b> 90 min<br>"), u" 90 min");
+    EXPECT_EQ(ParseRuntime(u"<br>runtime:</b>90 min<br>"), u"");
+    EXPECT_EQ(ErrorOf([] { return ParseRuntime(u"<br>Runtime:</b> 90 min"); }), kErrInvalidCall);
+}
+
+TEST(TitlePage, LanguagesEndAt150Characters)
+{
+    const auto page = [](qsizetype length) { return QString(u"Sections/Languages/"_s + QString(length - 1, u'x') + "/\">"_L1); };
+    EXPECT_EQ(ParseLanguage(page(150)).size(), 150);
+    EXPECT_EQ(ParseLanguage(page(151)), u"");
+    // Without a language, the text behind the first characters of the page stands in for one.
+    EXPECT_EQ(ParseLanguage(u"123456789012345678stray/\">"), u" stray");
+    EXPECT_EQ(ErrorOf([] { return ParseLanguage(u"1234567890123456789"); }), kErrInvalidCall);
+    EXPECT_EQ(ErrorOf([] { return ParseLanguage(u"Sections/Languages/A/\">Sections/Languages/B"); }), kErrInvalidCall);
+    // Here the reading would stand still.
+    EXPECT_EQ(ErrorOf([] { return ParseLanguage(u"123456789012345678/\">"); }), kErrInvalidCall);
+}
+
+TEST(TitlePage, TheNumberIsCutWhateverStandsThere)
+{
+    EXPECT_EQ(ParseTitleNumber(u"x/title/ttabc"), u"abc");
+    EXPECT_EQ(ParseTitleNumber(u"12345678ninety-nine"), u"ninety-");
+    EXPECT_EQ(ParseTitleNumber(u""), u"");
+}
+
+TEST(TitlePage, GenresEndWhereTheListDoes)
+{
+    const QString link = u"<a href=\"/Sections/Genres/%1/\">%1</a>"_s;
+    const QString list = "Genre:</b>"_L1 + link.arg(u"Drama") + " / "_L1 + link.arg(u"War");
+    const QString behind = "<br><br>"_L1 + link.arg(u"Later");
+    EXPECT_EQ(GenresOf(list + behind), (QStringList{u"Drama"_s, u"War"_s}));
+    EXPECT_EQ(GenresOf(list), QStringList{u"Drama"_s});
+    EXPECT_EQ(GenresOf(list + link.arg(u"Later")), QStringList{u"Drama"_s});
+    EXPECT_EQ(GenresOf(u"no label"_s + link + behind), QStringList());
+    EXPECT_EQ(ErrorOf([&] { return ParseGenres(QString(list + "<br><br>"_L1)); }), kErrInvalidCall);
+    EXPECT_EQ(ErrorOf([&] { return ParseGenres(u"Genre:</b><a href=\"/Sections/Genres/Drama/\">"); }), kErrInvalidCall);
+    // The step behind a link passes over a second one that begins too near.
+    EXPECT_EQ(GenresOf(u"Genre:</b>/\">A</a>/\">B</a>12345678901234567/\">C</a>"_s + behind), (QStringList{u"A"_s, u"C"_s}));
+}
+
+TEST(TitlePage, ThePosterComesFromTheFirstHostThatIsNamed)
+{
+    const struct
+    {
+        QString page, url;
+    } cases[] = {
+        {u"<img src=\"http://heads.test/Heads/npa.gif\"> \"poster\" http://posters.test/a.jpg\""_s, u""_s},
+        {u"/rg/title_noposter2//publicity/ \"poster\" http://posters.test/a.jpg\""_s, u""_s},
+        {u"http://posters.test/x.jpg\" name=\"poster\" src=\"http://posters.test/a.jpg \" x"_s, u"http://posters.test/a.jpg"_s},
+        {u"http://pictures.test/x.jpg\"> <img src=\"http://oldposters.test/b.jpg\">"_s, u"http://oldposters.test/b.jpg"_s},
+        {u"src=\"http://pictures.test/c.jpg\" alt=\"x\"><"_s, u"http://pictures.test/c.jpg"_s},
+        {u"src=\"x pictures.test/c.jpg\"><"_s, u"http://pictures.test/c.jpg"_s},
+        {u"http://posters.test/a.jpg\" pictures.test/c.jpg\"><"_s, u"http://pictures.test/c.jpg"_s},
+    };
+    for (const auto& [page, url] : cases)
+        EXPECT_EQ(ParsePosterUrl(page, TestHosts()), url) << qPrintable(page);
+    for (const QStringView broken : {u"", u"\"poster\"", u"\"poster\" http://oldposters.test/a.jpg\"", u"\"poster\" http://posters.test/a",
+                                     u"http://oldposters.test/a", u"pictures.test/a\""})
+        EXPECT_EQ(ErrorOf([&] { return ParsePosterUrl(broken, TestHosts()); }), kErrInvalidCall) << qPrintable(broken.toString());
+}
+
+TEST(TitlePage, ThePlotOutlineBeginsWithTheBlankBehindItsLabel)
+{
+    EXPECT_EQ(ParsePlotOutline(u"Outline:</b> One\r\n\ttwo <a>"), u" Onetwo ");
+    EXPECT_EQ(ParsePlotOutline(u"Outline:</b><i>One</i>"), u"<i>One");
+    EXPECT_EQ(ParsePlotOutline(u"12345678901stray<"), u"stray");
+    EXPECT_EQ(ErrorOf([] { return ParsePlotOutline(u"Outline:</b> One"); }), kErrInvalidCall);
+    EXPECT_EQ(ErrorOf([] { return ParsePlotOutline(u""); }), kErrInvalidCall);
+}
+
+TEST(WebHosts, AreReadFromTheSettingsAndStandForThisMachineOtherwise)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"Settings.ini"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[Hosts]\nImdbPosterHost=posters.test:81\nUpdateHost=\n");
+    file.close();
+    const WebHosts hosts = ReadWebHosts(file.fileName());
+    EXPECT_EQ(hosts.ImdbPosterHost, u"posters.test:81");
+    EXPECT_EQ(hosts.UpdateHost, u"127.0.0.1:8047");
+    EXPECT_EQ(hosts.AmazonImageHost, u"127.0.0.1:8047");
+}
+
+} // namespace
+} // namespace kelvado
