@@ -48,7 +48,7 @@ QByteArray ReadSource(const char* name)
 
 QString Blank(const QString& name)
 {
-    const QString path = g_folder + u'/' + name;
+    QString path = g_folder + u'/' + name;
     BuildBlankCatalog(path, QString::fromUtf8(ReadSource("catalog/schema.sql")));
     return path;
 }
@@ -131,7 +131,7 @@ void StoreFilms(benchmark::State& state)
     ScriptedDialogs dialogs;
     const WriterContext context{Blank(QStringLiteral("films.kvd")), QString(), dialogs};
     const cOptIMDbFilm everything = cOptIMDbFilm::Everything();
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto round : state) {
         for (const FilmRecord& film : g_films)
             AddFilm(film, everything, context);
     }
@@ -141,7 +141,7 @@ void StoreFilms(benchmark::State& state)
 void StoreFilmsBare(benchmark::State& state)
 {
     const QString path = Blank(QStringLiteral("bare.kvd"));
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto round : state) {
         for (const FilmRecord& film : g_films)
             StoreBare(path, film);
     }
@@ -151,7 +151,7 @@ void StoreFilmsBare(benchmark::State& state)
 void ReadFilms(benchmark::State& state)
 {
     qint64 id = 0;
-    for (auto _ : state)
+    for ([[maybe_unused]] const auto round : state)
         benchmark::DoNotOptimize(ReadFilm(id++ * 37 % static_cast<qint64>(g_films.size()) + 1, CatalogPath()));
 }
 
@@ -178,7 +178,7 @@ void ReadFilmsBare(benchmark::State& state)
         "SELECT Company.Company_ID, Company.Company, CompanyLink.Type, CompanyLink.Extended FROM Company INNER JOIN CompanyLink ON "
         "Company.Company_ID = CompanyLink.Company_ID WHERE CompanyLink.Movie_ID = ?"};
     qint64 id = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto round : state) {
         Engine engine(CatalogPath());
         const qint64 movie = id++ * 37 % static_cast<qint64>(g_films.size()) + 1;
         for (const char* query : kQueries)
@@ -213,7 +213,7 @@ void FillTree(benchmark::State& state)
     Browser browser;
     browser.Sort(kSorts[state.range(0)]);
     state.SetLabel(kSorts[state.range(0)]);
-    for (auto _ : state)
+    for ([[maybe_unused]] const auto round : state)
         browser.tree.FillTree();
 }
 
@@ -225,7 +225,7 @@ void FillTreeBare(benchmark::State& state)
     const cOptView& view = browser.state.gOptions->View;
     const QByteArray groups = BuildLevelSql(view.PrimarySort, 1, view, {}).toUtf8();
     const QByteArray films = BuildLevelSql(view.PrimarySort, 2, view, {}).toUtf8();
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto round : state) {
         Engine engine(CatalogPath());
         engine.Ask(groups.constData(), {});
         engine.Ask(films.constData(), {});
@@ -238,7 +238,7 @@ void ExpandFilm(benchmark::State& state)
     browser.Sort("Movie.Title");
     browser.tree.FillTree();
     qint64 id = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto round : state) {
         state.PauseTiming();
         const QString film = QString::number(id++ * 37 % static_cast<qint64>(g_films.size()) + 1);
         const QModelIndex node = browser.model.Find(browser.tree.FilmNodeKeys(film).constFirst());

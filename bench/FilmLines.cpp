@@ -27,12 +27,12 @@ std::vector<FilmRecord> ReadFilmLines(const QString& path)
         film.Format = QString::fromLatin1(kFormats[films.size() % std::size(kFormats)]);
         // The lines hold a few names twice; a catalog has one link of each.
         QSet<QString> seen;
-        for (const QJsonValue& genre : line[QLatin1StringView("genres")].toArray()) {
+        for (const auto genre : line[QLatin1StringView("genres")].toArray()) {
             if (!seen.contains(genre.toString().toCaseFolded()))
                 film.Genres << FilmGenre{genre.toString(), 0};
             seen.insert(genre.toString().toCaseFolded());
         }
-        for (const QJsonValue& name : line[QLatin1StringView("cast")].toArray()) {
+        for (const auto name : line[QLatin1StringView("cast")].toArray()) {
             FilmPerson actor;
             actor.Name = name.toString();
             film.Actors << actor;

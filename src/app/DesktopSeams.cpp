@@ -50,6 +50,8 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     const int icon = type & kIconMask;
     const bool yesNo = (type & kButtonMask) == kBoxYesNo;
+    if (yesNo && m_beforeConfirmation)
+        m_beforeConfirmation();
     box.setIcon(icon == kBoxCritical      ? QMessageBox::Critical
                 : icon == kBoxInformation ? QMessageBox::Information
                 : yesNo                   ? QMessageBox::Question
@@ -95,8 +97,9 @@ QString DesktopDialogs::BrowseForFolder(const QString& title)
 
 QString DesktopDialogs::AskFieldEdit(const QString& value, qsizetype size, const QString& column)
 {
-    if (m_owner && (m_owner->isMinimized() || !m_owner->isVisible())) {
-        m_owner->showNormal();
+    if (m_owner && !m_owner->isVisible()) {
+        m_owner->setWindowState(m_owner->windowState() & ~Qt::WindowMinimized);
+        m_owner->show();
         m_owner->raise();
         m_owner->activateWindow();
     }
@@ -107,6 +110,11 @@ QString DesktopDialogs::AskFieldEdit(const QString& value, qsizetype size, const
 void DesktopEvents::ServeEvents()
 {
     QCoreApplication::processEvents();
+}
+
+void DesktopEvents::ServeWithoutInput()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void DesktopEvents::Pause(int milliseconds)

@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
+
 namespace kelvado {
 
 /// Questions asked in real windows, above `owner` once that is set.
@@ -14,6 +16,8 @@ class DesktopDialogs : public Dialogs
 {
 public:
     void SetOwner(QWidget* owner) { m_owner = owner; }
+    /// Called before each question that wants a Yes or No.
+    void SetBeforeConfirmation(std::function<void()> routine) { m_beforeConfirmation = std::move(routine); }
 
     using Dialogs::MessageBox;
     int MessageBox(const QString& text, int type, const QString& title) override;
@@ -25,12 +29,14 @@ public:
 
 private:
     QPointer<QWidget> m_owner;
+    std::function<void()> m_beforeConfirmation;
 };
 
 class DesktopEvents : public Events
 {
 public:
     void ServeEvents() override;
+    void ServeWithoutInput() override;
     void Pause(int milliseconds) override;
 };
 

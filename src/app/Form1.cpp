@@ -117,7 +117,7 @@ void Form1::ConnectMenus()
     OnMenu("MnuViewNfo", &Form1::ShowNfo);
     OnMenu("MnuNfoView", &Form1::ShowNfo);
     OnMenu("mnuHelpAbout", &Form1::ShowAbout);
-    connect(&m_menus.Entry(QStringLiteral("mnuExit")), &QAction::triggered, qApp, &QApplication::closeAllWindows);
+    connect(&m_menus.Entry(QStringLiteral("mnuExit")), &QAction::triggered, this, &QWidget::close);
     connect(&m_menus.Entry(QStringLiteral("mnuImdb")), &QAction::triggered, this, [this] { Guard([&] { m_sections.Show(kMovieGrab); }); });
 }
 
@@ -130,7 +130,7 @@ void Form1::ConnectControls()
     }
     connect(m_ui->cToolbar, &ctxToolbar::ButtonClick, this, [this](const QString& key) { Guard([&] { OnButton(key); }); });
     connect(m_ui->picTabs, &SectionTabRow::TabClick, this, [this](const QString& section) { Guard([&] { m_sections.Show(section); }); });
-    connect(m_ui->picSplitter, &PaneSplitter::Moved, this, &Form1::LayOutPanes);
+    connect(m_ui->picSplitter, &PaneSplitter::Moved, this, [this] { Guard([&] { LayOutPanes(); }); });
     connect(m_ui->TreeView1, &CatalogTreeView::NodeClick, this, [this] { Guard([&] { OnNodeClick(); }); });
     connect(m_ui->TreeView1, &CatalogTreeView::MouseDown, this, [this] {
         try {
@@ -150,7 +150,7 @@ void Form1::ConnectControls()
             [this](const QPoint& place) { m_menus.Menu(QStringLiteral("mnuStatus")).popup(m_ui->PicStatusBar->mapToGlobal(place)); });
     connect(m_pageView, &frmPageView::Clicked, this, [this](const PageClick& click) { Guard([&] { m_messages.OnClick(click); }); });
     connect(m_pageView, &frmPageView::ContextMenu, this, [this] { Guard([&] { m_messages.OnContextMenu(); }); });
-    connect(&m_tray, &TrayIcon::Message, this, &Form1::OnTray);
+    connect(&m_tray, &TrayIcon::Message, this, [this](int message) { Guard([&] { OnTray(message); }); });
 }
 
 // --- Start ---------------------------------------------------------------------------------------------------------------------------
@@ -181,7 +181,7 @@ void Form1::LoadToolRow()
     images[0] = QIcon(blank);
     for (int i = 1; i <= CatalogModel::kImages; ++i)
         images[static_cast<std::size_t>(i)] = QIcon(LoadSkinPicture(m_state.skin, QStringLiteral("Tree/%1.png").arg(i), scale));
-    m_model.SetImages(std::move(images));
+    m_model.SetImages(images);
 }
 
 void Form1::LayOutAtStart()
@@ -201,31 +201,32 @@ void Form1::LayOutAtStart()
 void Form1::showEvent(QShowEvent* event)
 {
     QMainWindow::showEvent(event);
-    if (!m_state.Activated && m_state.gOptions)
+    if (m_state.gOptions && !std::exchange(m_activating, true))
         QTimer::singleShot(0, this, [this] {
-            if (!m_state.Activated)
-                Guard([&] { OnFirstActivation(); });
+            Guard([&] { OnFirstActivation(); });
             Q_EMIT Ready();
         });
 }
 
 void Form1::OnFirstActivation()
 {
-    m_sections.Show(kMovieList);
-    m_state.Activated = true;
-    PaintBySkin();
-    LayOutPanes();
-    m_state.ComDiag.fileName.clear();
-    // The browser inside the page view is costly to make: the window is drawn and the tree filled first.
+    // Also where a part of it fails, so that the window can be worked with. The browser inside the page view is costly to make: the
+    // window is drawn and the tree filled first.
     const struct Last
     {
         Form1& form;
         ~Last()
         {
+            form.m_state.Activated = true;
             form.m_menus.SetEnabled(QStringLiteral("mnuExportWebWizard"), -1, false);
             QTimer::singleShot(0, form.m_pageView, &frmPageView::CreateBrowser);
         }
     } last{*this};
+    m_sections.Show(kMovieList);
+    m_state.Activated = true;
+    PaintBySkin();
+    LayOutPanes();
+    m_state.ComDiag.fileName.clear();
     ApplyTray();
     OpenDefaultCatalog();
 }
@@ -282,9 +283,11 @@ void Form1::RefreshCatalogTree()
     const struct Filling
     {
         Form1& form;
+        bool hadFocus = false;
         explicit Filling(Form1& f) : form(f)
         {
             form.m_filling = true;
+            hadFocus = form.m_ui->TreeView1->hasFocus();
             form.m_ui->TreeView1->hide();
             form.ShowWorking(true);
         }
@@ -292,13 +295,15 @@ void Form1::RefreshCatalogTree()
         {
             form.m_filling = false;
             form.m_ui->TreeView1->show();
+            if (hadFocus)
+                form.m_ui->TreeView1->setFocus();
             form.ShowWorking(false);
             form.DoWhatWaited();
         }
     } filling(*this);
-    m_events.ServeEvents();
+    m_events.ServeWithoutInput();
     m_model.Clear();
-    m_events.ServeEvents();
+    m_events.ServeWithoutInput();
     const bool skinTree = m_state.gOptions->Display.SkinTree == 1;
     m_model.SetColors(skinTree ? m_skinner.Values().treeItemText : QColor(), skinTree ? m_skinner.Values().treeItemBack : QColor());
     const auto showGroups = [&] {
@@ -388,7 +393,8 @@ void Form1::RekeySelectedNode(qint64 movieId)
 {
     const QModelIndex node = m_ui->TreeView1->Selected();
     const QStringList keys = m_tree.FilmNodeKeys(QString::number(movieId));
-    if (!node.isValid() || keys.isEmpty() || keys.contains(m_model.Key(node), Qt::CaseInsensitive))
+    const bool sameFilm = node.isValid() && m_model.Tag(node) == kTagFilm && KeyPart(m_model.Key(node), 0) == QString::number(movieId);
+    if (!sameFilm || keys.isEmpty() || keys.contains(m_model.Key(node), Qt::CaseInsensitive))
         return;
     m_model.SetFilmValue(node, keys.constFirst().section(u'\n', 1).chopped(1));
 }
@@ -528,7 +534,7 @@ void Form1::OnExpand(const QModelIndex& node)
         const QPersistentModelIndex& film;
         ~Expanding()
         {
-            // Taking the children away folds the node again.
+            // The view folds a node whose children go.
             if (film.isValid())
                 view.expand(film);
             view.setUpdatesEnabled(true);
@@ -596,6 +602,18 @@ void Form1::changeEvent(QEvent* event)
     if (m_state.gOptions->Display.InSysTray == 1 && TrayIcon::IsAvailable()) {
         m_tray.ShowTrayIcon();
         QTimer::singleShot(0, this, &QWidget::hide);
+    }
+}
+
+void Form1::PrepareConfirmation()
+{
+    if (!m_state.gOptions || (isVisible() && !isMinimized()))
+        return;
+    if (m_state.gOptions->Display.RestoreCon == 1)
+        RestoreWindow();
+    if (m_state.gOptions->Display.FlashCon == 1) {
+        QApplication::alert(this);
+        m_tray.Flash();
     }
 }
 

@@ -45,6 +45,8 @@ public:
     // What the start needs, in the order of its use.
     void PaintBySkin();
     void LoadToolRow();
+    /// Brings the window back, or lets it blink, as the settings want it before a question.
+    void PrepareConfirmation();
     /// Window state, pane widths; shows the window.
     void LayOutAtStart();
 
@@ -140,6 +142,7 @@ private:
     PageMessages m_messages;
     frmPageView* m_pageView;
     Qt::WindowStates m_lastWindowState = Qt::WindowNoState; ///< normal or maximised, for the way back from the tray
+    bool m_activating = false;
     bool m_filling = false;
     bool m_closeAsked = false;
     bool m_refillAsked = false;

@@ -41,16 +41,16 @@ void TurnOffWhatNeedsACatalog(Form1& window)
 
 void LoaderMain(Form1& window, const QStringList& arguments)
 {
+    // A file named on the command line is never opened: the start ends here.
+    if (!arguments.isEmpty())
+        throw RuntimeError(kErrObjectRequired);
+    // The skin comes first, so that the splash and every question of the start have its colours.
     AppState& state = window.State();
     state.skin = Setting("Skin");
     window.PaintBySkin();
     frmAbout splash;
     splash.show();
     window.Events().ServeEvents();
-
-    // A file named on the command line is never opened: the start ends here.
-    if (!arguments.isEmpty())
-        throw RuntimeError(kErrObjectRequired);
     state.gOptions = std::make_unique<cOptions>(SettingsFile(), window.MenuBar());
     window.LoadToolRow();
     TurnOffWhatNeedsACatalog(window);

@@ -23,10 +23,13 @@ int main(int argc, char** argv)
         QDir().mkpath(TempFolder());
         Form1 window(dialogs, events);
         dialogs.SetOwner(&window);
+        dialogs.SetBeforeConfirmation([&window] { window.PrepareConfirmation(); });
         LoaderMain(window, QApplication::arguments().mid(1));
         return QApplication::exec();
     } catch (const RuntimeError& error) {
         ReportError(dialogs, error);
-        return 1;
+    } catch (const std::exception& error) {
+        ReportError(dialogs, RuntimeError(7, QString::fromUtf8(error.what())));
     }
+    return 1;
 }

@@ -39,7 +39,7 @@ void CatalogModel::SetContent(TreeContent content)
     endResetModel();
 }
 
-void CatalogModel::SetCast(const QModelIndex& film, std::vector<TreeActor> cast)
+void CatalogModel::SetCast(const QModelIndex& film, const std::vector<TreeActor>& cast)
 {
     if (!film.isValid() || KindOf(film) != Kind::Film)
         return;
@@ -52,7 +52,7 @@ void CatalogModel::SetCast(const QModelIndex& film, std::vector<TreeActor> cast)
     }
     if (!cast.empty()) {
         beginInsertRows(film, 0, static_cast<int>(cast.size()) - 1);
-        m_casts.insert(number, std::move(cast));
+        m_casts.insert(number, cast);
         endInsertRows();
     }
 }
@@ -65,9 +65,9 @@ void CatalogModel::SetColors(const QColor& text, const QColor& back)
         Q_EMIT dataChanged(index(0, 0), index(GroupCount() - 1, 0));
 }
 
-void CatalogModel::SetImages(std::array<QIcon, kImages + 1> images)
+void CatalogModel::SetImages(const std::array<QIcon, kImages + 1>& images)
 {
-    m_images = std::move(images);
+    m_images = images;
     if (GroupCount() > 0)
         Q_EMIT dataChanged(index(0, 0), index(GroupCount() - 1, 0));
 }
@@ -228,7 +228,9 @@ QVariant CatalogModel::data(const QModelIndex& index, int role) const
         // A title may hold line ends; a row shows one line.
         return FaceOf(index).text.simplified();
     case Qt::ToolTipRole:
-        return KindOf(index) == Kind::Film ? FaceOf(index).text.left(1000).toHtmlEscaped() : QVariant();
+        return KindOf(index) == Kind::Film
+                   ? QVariant(QStringLiteral("<qt>") + FaceOf(index).text.left(1000).toHtmlEscaped() + QStringLiteral("</qt>"))
+                   : QVariant();
     case Qt::DecorationRole: {
         // Number 0 is a blank picture: a film of a carrier without one keeps in line with its neighbours.
         const int image = FaceOf(index).image;

@@ -67,11 +67,11 @@ public:
     void SetContent(TreeContent content);
     void Clear() { SetContent({}); }
     /// Puts `cast` under a film in place of all its children. Anything but a film is left alone.
-    void SetCast(const QModelIndex& film, std::vector<TreeActor> cast);
+    void SetCast(const QModelIndex& film, const std::vector<TreeActor>& cast);
 
     /// Colours of every node; an invalid colour leaves the view's own.
     void SetColors(const QColor& text, const QColor& back);
-    void SetImages(std::array<QIcon, kImages + 1> images);
+    void SetImages(const std::array<QIcon, kImages + 1>& images);
 
     /// The node with this key, its values compared without regard to case; an invalid index where there is none.
     QModelIndex Find(const QString& key) const;

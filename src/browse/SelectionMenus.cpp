@@ -85,6 +85,7 @@ void ReadFilmFacts(Facts& facts, const QString& movieId, const QString& catalogP
     const auto filled = [&](QStringView column) { return !film[column].IsNull() && !film[column].Get().Text().isEmpty(); };
     const bool request = filled(u"Format") && film[u"Format"].Get().Text() == u"Request";
     const bool home = film[u"Loan_ID"].IsNull() || film[u"Loan_ID"].Get().Number() == 0;
+    // A film without a number has no page to visit from either menu, and can be edited like any other.
     const bool onSite = filled(u"IMDB");
     Set(facts, Fact::FilmSelected, true);
     Set(facts, Fact::CanEdit, true);

@@ -144,7 +144,11 @@ class Tree::Filling
 {
 public:
     explicit Filling(Tree& tree) : m_tree(tree), m_primary(tree.View().PrimarySort) {}
-    ~Filling() { m_tree.m_context.model.SetContent(std::move(m_content)); }
+    ~Filling()
+    {
+        m_tree.m_context.model.SetContent(std::move(m_content));
+        m_tree.m_context.shell.ShowProgress(0);
+    }
     Filling(const Filling&) = delete;
     Filling& operator=(const Filling&) = delete;
 
@@ -200,7 +204,7 @@ private:
         if (++records < every)
             return false;
         records = 0;
-        m_tree.m_context.events.ServeEvents();
+        m_tree.m_context.events.ServeWithoutInput();
         return true;
     }
 
@@ -292,7 +296,6 @@ void Tree::FillTree()
         connection.Close();
     }
     m_context.shell.UpdateStatus(true);
-    m_context.shell.ShowProgress(0);
     if (!duplicate.isEmpty())
         throw DuplicateKey(duplicate);
 }
@@ -301,19 +304,29 @@ void Tree::ExpandFilmNode(const QModelIndex& node)
 {
     if (m_context.model.Tag(node) != kTagFilm)
         return;
-    struct Flag
+    const struct Running
     {
-        bool& flag;
-        explicit Flag(bool& f) : flag(f) { flag = true; }
-        ~Flag() { flag = false; }
-    } const expanding(m_expanding);
+        Tree& tree;
+        explicit Running(Tree& t) : tree(t) { tree.m_expanding = true; }
+        ~Running()
+        {
+            tree.m_expanding = false;
+            tree.m_context.shell.ShowProgress(0);
+        }
+    } running(*this);
 
     const QPersistentModelIndex film = node;
     m_context.model.SetCast(film, {});
     std::vector<TreeActor> cast = ReadCast(film);
-    // An actor with two roles has one node; the second one's key is refused when the cast stands.
+    // An actor with two roles has one node; the second one's key is refused when the cast stands. An actor whose key is that of the film
+    // itself (the person's number is the film's group) is shown, and refused in the same way.
     QSet<qint64> seen;
     QString duplicate;
+    const QString key = m_context.model.Key(film);
+    for (const TreeActor& actor : cast) {
+        if (actor.genre.isNull() && KeyPart(key, 1) == QString::number(actor.id))
+            duplicate = actor.name;
+    }
     std::erase_if(cast, [&](const TreeActor& actor) {
         if (!seen.contains(actor.id)) {
             seen.insert(actor.id);
@@ -324,8 +337,7 @@ void Tree::ExpandFilmNode(const QModelIndex& node)
         return true;
     });
     const bool anyCast = !cast.empty();
-    m_context.model.SetCast(film, std::move(cast));
-    m_context.shell.ShowProgress(0);
+    m_context.model.SetCast(film, cast);
     if (!duplicate.isEmpty())
         throw DuplicateKey(duplicate);
     const bool underLoans = View().PrimarySort == kByLocation && m_context.model.Key(film.parent()) == GroupKey(kOnLoan);
@@ -364,7 +376,7 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
     Connect(connection);
     Recordset actors;
     actors.Open(sql, connection);
-    m_context.events.ServeEvents();
+    m_context.events.ServeWithoutInput();
     std::vector<TreeActor> cast;
     if (actors.Eof())
         return cast;
@@ -391,6 +403,7 @@ QStringList Tree::FilmNodeKeys(const QString& filmId) const
 {
     const QString& p = View().PrimarySort;
     const QString columns = QStringLiteral("SELECT ") + p + QStringLiteral(" , Movie.Format, Movie.Loan_ID, Movie.Movie_ID FROM ");
+    // With the link table in the query the film's number needs its table's name.
     const QString sql = p == kByGenre
                             ? columns +
                                   QStringLiteral("(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "

@@ -5,6 +5,7 @@
 #include "core/RuntimeError.h"
 #include "core/SafeFile.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 namespace kelvado {
@@ -19,6 +20,8 @@ bool CopyQuietly(const QString& source, const QString& target)
 {
     try {
         CopyFileWhole(source, target);
+        // What a crash may have left of the file that stood there must not be played back into the new one.
+        QFile::remove(target + QStringLiteral("-journal"));
         return true;
     } catch (const RuntimeError&) {
         return false;

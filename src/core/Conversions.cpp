@@ -19,8 +19,8 @@ QByteArray PlainNumber(QStringView text)
     bool anyDigit = false;
     bool afterPoint = false;
     bool inExponent = false;
-    for (qsizetype i = 0; i < trimmed.size(); ++i) {
-        const char16_t c = trimmed[i].unicode();
+    for (const QChar character : trimmed) {
+        const char16_t c = character.unicode();
         if (c >= u'0' && c <= u'9') {
             anyDigit = true;
         } else if (c == u'+' || c == u'-') {

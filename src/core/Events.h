@@ -11,6 +11,10 @@ public:
     /// Handles what the user and the system have sent so far, and returns.
     virtual void ServeEvents() = 0;
 
+    /// The same without the user's input, which waits for its turn: for a job that must not be reached by clicks and keys meanwhile,
+    /// as it holds the catalog open. The window is painted and timers run.
+    virtual void ServeWithoutInput() = 0;
+
     /// Waits for about `milliseconds` while events are served.
     virtual void Pause(int milliseconds) = 0;
 };

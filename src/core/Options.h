@@ -75,7 +75,7 @@ struct cOptDefaults
     void Save(ProfileChanges& changes) const;
 };
 
-/// The root. Making it loads every group in member order;
+/// The root. Making it loads every group in member order.
 class cOptions
 {
 public:

@@ -1,9 +1,11 @@
 #include "core/Profile.h"
 
+#include "core/Conversions.h"
 #include "core/RuntimeError.h"
 #include "core/SafeFile.h"
 
 #include <QFile>
+#include <QStringDecoder>
 
 #include <optional>
 
@@ -52,8 +54,9 @@ std::optional<QString> ReadText(const QString& path)
     QByteArray bytes = file.readAll();
     if (bytes.startsWith("\xEF\xBB\xBF"))
         bytes.remove(0, 3);
-    const QString text = QString::fromUtf8(bytes);
-    return text.contains(QChar::ReplacementCharacter) ? QString::fromLatin1(bytes) : text;
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString text = decoder(bytes);
+    return decoder.hasError() ? FromWindows1252(bytes) : text;
 }
 
 // What a value may hold in one line: no line ends; quotes around it where outer blanks or quotes would be lost by reading.

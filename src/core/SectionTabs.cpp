@@ -75,8 +75,9 @@ void SectionTabs::Show(const QString& section)
         m_dialogs.MessageBox(kNoCatalog, kBoxInformation);
         return;
     }
-    AskAboutPerson(section);
-    AskAboutFilm(section);
+    // The questions come on the current section's own tab too, although nothing is left then.
+    AskAboutPerson();
+    AskAboutFilm();
     if (m_state.CurrentSection == section)
         return;
 
@@ -98,17 +99,17 @@ void SectionTabs::Show(const QString& section)
     }
 }
 
-void SectionTabs::AskAboutPerson(const QString& target)
+void SectionTabs::AskAboutPerson()
 {
-    if (m_state.CurrentSection != kActorInfo || target == kActorInfo || !m_host.PersonHasChanges())
+    if (m_state.CurrentSection != kActorInfo || !m_host.PersonHasChanges())
         return;
     if (AskToSave(m_dialogs, m_host.PersonName()))
         m_host.SavePerson();
 }
 
-void SectionTabs::AskAboutFilm(const QString& target)
+void SectionTabs::AskAboutFilm()
 {
-    if (m_state.CurrentSection != kMovieEdit || target == kMovieEdit || !m_host.FilmHasChanges())
+    if (m_state.CurrentSection != kMovieEdit || !m_host.FilmHasChanges())
         return;
     if (AskToSave(m_dialogs, m_host.FilmTitle()))
         m_host.SaveFilm(ToLong(m_host.FilmId()));
@@ -165,12 +166,9 @@ void SectionTabs::MoveAndShow(void (History::*move)())
     const History before = history;
     (history.*move)();
     const History::Step step = history.Current();
-    try {
-        m_host.SelectNode(step.key);
-    } catch (const RuntimeError&) {
+    if (step.key.isEmpty())
         history = before;
-        throw;
-    }
+    m_host.SelectNode(step.key);
     if (m_state.CurrentSection != step.section)
         Show(step.section);
     if (step.section == kMovieList)

@@ -64,13 +64,14 @@ public:
     /// says so. A click on the current section's tab asks, and does nothing else.
     void Show(const QString& section);
 
-    /// Walks one step through the history. Where the step's node is not in the present tree, the walk raises and stays where it was.
+    /// Walks one step through the history. Raises 35601 where the step's node is not in the present tree; the walk has then passed that
+    /// step. Where there is no step at all it raises too, and stays where it was.
     void GoBack();
     void GoForward();
 
 private:
-    void AskAboutPerson(const QString& target);
-    void AskAboutFilm(const QString& target);
+    void AskAboutPerson();
+    void AskAboutFilm();
     void ShowFilmOfSelection();
     void ShowPersonOfSelection();
     void MoveAndShow(void (History::*move)());

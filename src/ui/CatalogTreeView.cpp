@@ -62,13 +62,14 @@ QModelIndex CatalogTreeView::Selected() const
 void CatalogTreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTreeView::currentChanged(current, previous);
+    m_announced = true;
     if (!m_silent && current.isValid())
         QMetaObject::invokeMethod(this, &CatalogTreeView::NodeClick, Qt::QueuedConnection);
 }
 
 void CatalogTreeView::mousePressEvent(QMouseEvent* event)
 {
-    m_selectedAtPress = Selected();
+    m_announced = false;
     QTreeView::mousePressEvent(event);
     Q_EMIT MouseDown();
 }
@@ -76,15 +77,16 @@ void CatalogTreeView::mousePressEvent(QMouseEvent* event)
 void CatalogTreeView::mouseReleaseEvent(QMouseEvent* event)
 {
     QTreeView::mouseReleaseEvent(event);
-    const bool onNode = visualRect(indexAt(event->position().toPoint())).contains(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && onNode && m_selectedAtPress.isValid() &&
-        indexAt(event->position().toPoint()) == m_selectedAtPress)
+    const QPoint place = event->position().toPoint();
+    const QModelIndex node = indexAt(place);
+    if (event->button() == Qt::LeftButton && !m_announced && node.isValid() && node == Selected() && visualRect(node).contains(place))
         Q_EMIT NodeClick();
 }
 
 void CatalogTreeView::keyPressEvent(QKeyEvent* event)
 {
-    if (!IsEnter(*event))
+    // Opening all levels at once would fetch the cast of every film below.
+    if (!IsEnter(*event) && event->key() != Qt::Key_Asterisk)
         QTreeView::keyPressEvent(event);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPersistentModelIndex>
 #include <QTreeView>
 
 namespace kelvado {
@@ -33,7 +32,7 @@ protected:
     void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
 
 private:
-    QPersistentModelIndex m_selectedAtPress;
+    bool m_announced = false; ///< the press under way has changed the current node
     bool m_silent = false;
 };
 

@@ -25,7 +25,9 @@ PaneSplitter::PaneSplitter(QWidget* parent) : QWidget(parent)
 
 void PaneSplitter::mousePressEvent(QMouseEvent* event)
 {
-    m_dragging = event->button() == Qt::LeftButton;
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_dragging = true;
     update();
 }
 
@@ -42,9 +44,9 @@ void PaneSplitter::mouseMoveEvent(QMouseEvent* event)
     raise();
 }
 
-void PaneSplitter::mouseReleaseEvent(QMouseEvent*)
+void PaneSplitter::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (!m_dragging)
+    if (!m_dragging || event->button() != Qt::LeftButton)
         return;
     m_dragging = false;
     update();

@@ -54,6 +54,13 @@ QColor ReadableOn(const QColor& back)
     return IsDark(back) ? Qt::white : QColor(0x1F, 0x29, 0x33);
 }
 
+void SetFamily(QWidget& widget, const QString& family)
+{
+    QFont font = widget.font();
+    font.setFamily(family);
+    widget.setFont(font);
+}
+
 void Paint(QWidget& widget, const QColor& back, const QColor& text)
 {
     QPalette palette = widget.palette();
@@ -195,7 +202,7 @@ void Skinner::SkinForm(QWidget& form) const
             const bool link = label->objectName().contains(u"URL");
             Paint(*label, v.labelBack, link ? label->palette().color(QPalette::WindowText) : v.labelText);
             if (!v.fontName.isEmpty())
-                label->setFont(QFont(v.fontName, label->font().pointSize()));
+                SetFamily(*label, v.fontName);
         } else if (auto* line = qobject_cast<QLineEdit*>(control)) {
             Paint(*line, v.boxBack, v.boxText);
             line->setFrame(v.boxBorder != u"0");
@@ -204,7 +211,7 @@ void Skinner::SkinForm(QWidget& form) const
             static_cast<QFrame*>(control)->setFrameShape(v.boxBorder == u"0" ? QFrame::NoFrame : QFrame::StyledPanel);
         } else if (qobject_cast<QPushButton*>(control)) {
             if (!v.fontName.isEmpty())
-                control->setFont(QFont(v.fontName, control->font().pointSize()));
+                SetFamily(*control, v.fontName);
         } else if (qobject_cast<QAbstractItemView*>(control) || qobject_cast<QComboBox*>(control)) {
             Paint(*control, v.boxBack, v.boxText);
         }
@@ -218,7 +225,7 @@ void Skinner::SkinMainWindow(QWidget& window) const
     for (QLabel* label : window.findChildren<QLabel*>()) {
         Paint(*label, v.labelBack, v.labelText);
         if (!v.fontName.isEmpty())
-            label->setFont(QFont(v.fontName, label->font().pointSize()));
+            SetFamily(*label, v.fontName);
     }
     for (QTreeView* tree : window.findChildren<QTreeView*>()) {
         Paint(*tree, v.treeBack, v.treeItemText);

@@ -20,12 +20,23 @@ class HookedEvents : public DesktopEvents
 public:
     void ServeEvents() override
     {
-        if (const std::function<void()> running = hook) // a hook may take itself away
-            running();
+        RunHook();
         DesktopEvents::ServeEvents();
+    }
+    void ServeWithoutInput() override
+    {
+        RunHook();
+        DesktopEvents::ServeWithoutInput();
     }
 
     std::function<void()> hook;
+
+private:
+    void RunHook() const
+    {
+        if (const std::function<void()> running = hook) // a hook may take itself away
+            running();
+    }
 };
 
 /// The assembled main window on a program folder of its own, with a catalog of three films: "2001" (VHS, lent), "Alien" (DVD, with a

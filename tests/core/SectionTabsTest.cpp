@@ -111,6 +111,11 @@ TEST_F(SectionTabsTest, UnsavedChangesAreAskedAboutWhenAPanelIsLeft)
     dialogs.answers << kAnswerYes;
     tabs.Show(kActorInfo);
     EXPECT_TRUE(Taken().contains(QStringLiteral("SaveFilm 17")));
+    // On the tab of the section itself the question comes too, and nothing else happens.
+    state.CurrentSection = kMovieEdit;
+    dialogs.answers << kAnswerYes;
+    tabs.Show(kMovieEdit);
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("SaveFilm 17")});
 }
 
 TEST_F(SectionTabsTest, BackWalksOldStepsAndStopsAtTheTenth)
@@ -134,7 +139,7 @@ TEST_F(SectionTabsTest, BackWalksOldStepsAndStopsAtTheTenth)
     EXPECT_EQ(Taken().last(), u"Forward 0");
 }
 
-TEST_F(SectionTabsTest, AStepIntoAnotherSectionRecordsNothingAndALostNodeLeavesTheWalkWhereItWas)
+TEST_F(SectionTabsTest, AStepIntoAnotherSectionRecordsNothingAndALostNodeIsPassed)
 {
     state.CurrentSection = kMovieList;
     state.history.Push(FilmKey(1, u"65"), QString(kMovieEdit), {});
@@ -146,8 +151,10 @@ TEST_F(SectionTabsTest, AStepIntoAnotherSectionRecordsNothingAndALostNodeLeavesT
     tabs.GoForward();
     host.gone = FilmKey(1, u"65");
     EXPECT_THROW(tabs.GoBack(), RuntimeError);
-    EXPECT_EQ(state.history.Position(), 1);
+    EXPECT_EQ(state.history.Position(), 2);
     EXPECT_FALSE(state.history.walking);
+    EXPECT_THROW(tabs.GoBack(), RuntimeError); // there is no third step
+    EXPECT_EQ(state.history.Position(), 2);
 }
 
 } // namespace

@@ -9,6 +9,7 @@ class IdleEvents : public Events
 {
 public:
     void ServeEvents() override { ++served; }
+    void ServeWithoutInput() override { ++served; }
     void Pause(int) override {}
 
     int served = 0;

@@ -38,7 +38,7 @@ QString Text(const QJsonValue& value)
 QList<FilmPerson> People(const QJsonValue& list)
 {
     QList<FilmPerson> people;
-    for (const QJsonValue& entry : list.toArray()) {
+    for (const auto entry : list.toArray()) {
         FilmPerson person;
         person.Name = entry.isString() ? entry.toString() : entry[QStringLiteral("name")].toString();
         person.Extended = entry[QStringLiteral("note")].toString();
@@ -63,13 +63,15 @@ SampleFilm ReadFilm(const QJsonValue& json)
     record.SeenIt = at("seen").toBool();
     if (const QString price = Text(at("purchasePrice")); !price.isEmpty())
         record.PurchasePrice = ToCurrency(price);
-    for (const QJsonValue& genre : at("genres").toArray())
+    for (const auto genre : at("genres").toArray())
         record.Genres << FilmGenre{genre.toString(), 0};
-    for (const QJsonValue& company : at("companies").toArray())
+    for (const auto company : at("companies").toArray())
         record.Companies << FilmCompany{company[QStringLiteral("name")].toString(), 0, company[QStringLiteral("type")].toString(), {}};
     record.Directors = People(at("directors"));
     record.Writers = People(at("writers"));
     record.Producers = People(at("producers"));
+    for (FilmPerson& producer : record.Producers)
+        producer.IMDB_Link = producer.Name; // a new producer that brings no link is stored without a name
     record.Actors = People(at("cast"));
     film.movieNight = at("movieNight").toBool();
     film.backCover = at("backCover").toBool();
@@ -92,7 +94,7 @@ std::vector<SampleFilm> ReadSampleFilms(const QString& folder)
         const QJsonDocument list = file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll(), &fault) : QJsonDocument();
         if (!list.isArray())
             throw RuntimeError::WithDetail(kErrTypeMismatch, entry.filePath() + QStringLiteral(": ") + fault.errorString());
-        for (const QJsonValue& film : list.array())
+        for (const auto film : list.array())
             films.push_back(ReadFilm(film));
     }
     return films;
