@@ -295,7 +295,7 @@ QString RecordsetImpl::Text(int column)
 
 std::int64_t RecordsetImpl::Integer(int column)
 {
-    if (!IsEditing() && m_place == Place::Streamed && !m_query->statement.HoldsText(StatementColumn(column)))
+    if (!IsEditing() && m_place == Place::Streamed && m_query->statement.HoldsWhole(StatementColumn(column)))
         return m_query->statement.Integer(StatementColumn(column));
     const Value value = Get(column);
     return value.IsNull() ? 0 : value.Integer();
@@ -303,7 +303,7 @@ std::int64_t RecordsetImpl::Integer(int column)
 
 double RecordsetImpl::Number(int column)
 {
-    if (!IsEditing() && m_place == Place::Streamed && !m_query->statement.HoldsText(StatementColumn(column)))
+    if (!IsEditing() && m_place == Place::Streamed && m_query->statement.HoldsNumber(StatementColumn(column)))
         return m_query->statement.Number(StatementColumn(column));
     const Value value = Get(column);
     return value.IsNull() ? 0 : value.Number();

@@ -170,9 +170,9 @@ Value Statement::Get(int column) const
     }
 }
 
-bool Statement::HoldsText(int column) const
+bool Statement::HoldsWhole(int column) const
 {
-    return sqlite3_column_type(m_handle, column) == SQLITE_TEXT;
+    return sqlite3_column_type(m_handle, column) == SQLITE_INTEGER;
 }
 
 bool Statement::HoldsNumber(int column) const

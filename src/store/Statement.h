@@ -49,7 +49,7 @@ public:
     std::int64_t Integer(int column) const;
     double Number(int column) const;
     Value Get(int column) const;
-    bool HoldsText(int column) const;
+    bool HoldsWhole(int column) const;
     bool HoldsNumber(int column) const;
     qint64 ByteCount(int column) const;
 
