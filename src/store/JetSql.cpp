@@ -44,8 +44,7 @@ public:
         std::vector<Token> tokens;
         for (;;) {
             const qsizetype before = m_at;
-            while (m_at < m_sql.size() && m_sql[m_at].isSpace())
-                ++m_at;
+            SkipBlanks();
             if (m_at == m_sql.size())
                 return tokens;
             const bool spaced = m_at > before;
@@ -59,6 +58,28 @@ public:
     }
 
 private:
+    // Comments, in the engine's form, count as blanks.
+    void SkipBlanks()
+    {
+        while (m_at < m_sql.size()) {
+            const QStringView rest = m_sql.sliced(m_at);
+            if (rest.startsWith(u"--"))
+                SkipBehind(u"\n");
+            else if (rest.startsWith(u"/*"))
+                SkipBehind(u"*/");
+            else if (rest.front().isSpace())
+                ++m_at;
+            else
+                return;
+        }
+    }
+
+    void SkipBehind(QStringView end)
+    {
+        const qsizetype at = m_sql.indexOf(end, m_at + 2);
+        m_at = at < 0 ? m_sql.size() : at + end.size();
+    }
+
     std::optional<TokenKind> Skip()
     {
         const QChar first = m_sql[m_at];
@@ -137,6 +158,7 @@ public:
 
     TranslatedSql Run()
     {
+        TakeEndOut();
         TakeTopOut();
         TakeDeleteListOut();
         for (std::size_t i = 0; i < m_tokens.size(); ++i)
@@ -174,6 +196,13 @@ private:
         m_tokens.erase(m_tokens.begin() + static_cast<std::ptrdiff_t>(from), m_tokens.begin() + static_cast<std::ptrdiff_t>(to));
     }
 
+    // The statement may become a part of another one, where its end would be in the way.
+    void TakeEndOut()
+    {
+        while (!m_tokens.empty() && IsSymbol(m_tokens.size() - 1, u";"))
+            m_tokens.pop_back();
+    }
+
     // "SELECT Top 1 * …" asks for the first rows; SQLite wants the number at the end.
     void TakeTopOut()
     {
@@ -182,8 +211,6 @@ private:
         const std::size_t at = IsAnyWord(1, {u"DISTINCT", u"ALL"}) ? 2 : 1;
         if (!IsWord(at, u"TOP") || at + 1 >= m_tokens.size() || m_tokens[at + 1].kind != TokenKind::Number)
             return;
-        while (IsSymbol(m_tokens.size() - 1, u";"))
-            m_tokens.pop_back();
         m_limit = QStringLiteral(" LIMIT ") + m_tokens[at + 1].text.toString();
         Erase(at, at + 2);
     }
@@ -270,7 +297,7 @@ private:
         for (std::size_t i = 0; i < m_tokens.size(); ++i) {
             if (IsAnyWord(i, {u"WHERE", u"ON", u"HAVING"}))
                 inCondition = true;
-            else if (IsAnyWord(i, {u"SELECT", u"SET", u"ORDER", u"FROM"}))
+            else if (IsAnyWord(i, {u"SELECT", u"SET", u"FROM"}) || (IsWord(i, u"ORDER") && IsWord(i + 1, u"BY")))
                 inCondition = false;
             if (!inCondition || (i > 0 && (IsSymbol(i - 1, u".") || IsSymbol(i - 1, u"!"))))
                 continue;
@@ -314,7 +341,7 @@ private:
         if (!IsName(table))
             return;
         const std::size_t behind = table + 1;
-        if (behind < m_tokens.size() && !IsAnyWord(behind, {u"WHERE", u"ORDER"}) && !IsSymbol(behind, u";"))
+        if (behind < m_tokens.size() && !IsAnyWord(behind, {u"WHERE", u"ORDER"}))
             return;
         for (std::size_t i = behind; i < m_tokens.size(); ++i) {
             if (IsAnyWord(i, {u"UNION", u"EXCEPT", u"INTERSECT", u"HAVING"}) || (IsWord(i, u"GROUP") && IsWord(i + 1, u"BY")))

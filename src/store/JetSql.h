@@ -20,8 +20,9 @@ struct TranslatedSql
 /// Translates a statement from the catalog's dialect, token by token; texts in quotes are left alone:
 /// reserved words as column names are quoted (`Movie.Index`, `Group`, `Order`), `Movie!Title` becomes `Movie.Title`, `DELETE *` loses
 /// its star, `Top n` becomes a limit, double-quoted texts become texts, a number that runs into a word is parted from it (`12AND`),
-/// `Left(` is quoted, and a comparison of one of the columns in `numberColumns` (lower-case names) with a literal compares numbers, so that
-/// a text that is no number matches nothing. A text that cannot be read is passed on as it stands, so that the engine reports it.
+/// `Left(` is quoted, comments and the ";" at the end are left out, and a comparison of one of the columns in `numberColumns` (lower-case
+/// names) with a literal compares numbers, so that a text that is no number matches nothing. A text that cannot be read is passed on as it
+/// stands, so that the engine reports it.
 TranslatedSql TranslateJetSql(const QString& sql, const QSet<QString>& numberColumns);
 
 } // namespace kelvado

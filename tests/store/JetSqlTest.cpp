@@ -42,6 +42,9 @@ TEST(JetSql, WritesTheDialectInTheGrammarOfTheEngine)
         {u"WHERE Movie.Year = Movie.Rating AND Rating Is Null"_s, u"WHERE Movie.Year = Movie.Rating AND Rating Is Null"_s},
         {u"UPDATE Movie SET Year = 1999 WHERE Year = 1998"_s, u"UPDATE Movie SET Year = 1999 WHERE NumberOf(Year) = NumberOf(1998)"_s},
         {u"SELECT a FROM [Order] WHERE [Year] Is Null"_s, u"SELECT a FROM [Order] WHERE [Year] Is Null"_s},
+        {u"WHERE ActorLink.Order > 1 AND Year > 5 AND Order = 2 AND '9' < Rating ORDER BY Year"_s,
+         u"WHERE ActorLink.[Order] > 1 AND NumberOf(Year) > NumberOf(5) AND [Order] = 2 AND NumberOf('9') < NumberOf(Rating) ORDER BY Year"_s},
+        {u"SELECT a -- it's, \"\nFROM b /* ' */WHERE c = '--' ; ;"_s, u"SELECT a FROM b WHERE c = '--'"_s},
         // What cannot be read goes to the engine as it stands.
         {u"SELECT Top 1 \"open"_s, u"SELECT Top 1 \"open"_s},
         {u"DELETE * FROM x WHERE a = 'open"_s, u"DELETE * FROM x WHERE a = 'open"_s},

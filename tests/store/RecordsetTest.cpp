@@ -62,6 +62,10 @@ TEST_F(RecordsetTest, WalksCountsAndTurnsPages)
     EXPECT_EQ(ErrorOf([&] { (void)rows[3]; }), kErrItemNotFound);
     rows.Close();
     EXPECT_EQ(ErrorOf([&] { (void)rows.Eof(); }), kErrObjectNotSet);
+    for (const QString& end : {u";"_s, u" ; ; "_s, u" -- it's all"_s, u"; /* ; */"_s}) {
+        rows.Open(u"SELECT * FROM Writer"_s + end, connection);
+        EXPECT_EQ(rows.RecordCount(), 4) << qPrintable(end);
+    }
     rows.Open(u"SELECT * FROM Writer WHERE Writer = ?"_s, {Value(u"B"_s)}, connection);
     EXPECT_EQ(rows.RecordCount(), 1);
     EXPECT_TRUE(rows.IsNull(2));
