@@ -22,10 +22,15 @@ QString QuotedName(const QString& name)
 Statement::Statement(sqlite3* database, const QString& path, const QString& sql) : m_database(database), m_path(path)
 {
     const QByteArray text = sql.toUtf8();
-    if (sqlite3_prepare_v2(database, text.constData(), static_cast<int>(text.size()), &m_handle, nullptr) != SQLITE_OK)
+    const char* rest = nullptr;
+    if (sqlite3_prepare_v2(database, text.constData(), static_cast<int>(text.size()), &m_handle, &rest) != SQLITE_OK)
         RaiseEngineError(database, path);
     if (!m_handle)
         throw RuntimeError(kErrDatabase, QStringLiteral("the statement is empty (") + path + u')');
+    if (rest != text.constEnd()) {
+        sqlite3_finalize(m_handle);
+        throw RuntimeError(kErrDatabase, QStringLiteral("Characters found after end of SQL statement. (") + path + u')');
+    }
 }
 
 Statement::~Statement()

@@ -15,7 +15,8 @@ namespace kelvado {
 /// `name` as the engine takes it for a table or a column, whatever it is called.
 QString QuotedName(const QString& name);
 
-/// One prepared statement of the engine. Failures raise `kErrDatabase`; the statement is then reset.
+/// One prepared statement of the engine; a text with anything behind its first statement is none. Failures raise `kErrDatabase`; the
+/// statement is then reset.
 class Statement
 {
 public:

@@ -167,6 +167,29 @@ TEST(Connection, ClosesItsRecordsetsAndKnowsThePathInItsText)
     EXPECT_EQ(again.Text(0), u"changed"_s);
 }
 
+TEST(Connection, OneTextIsOneStatement)
+{
+    const TempCatalog catalog;
+    Connection connection;
+    connection.Open(ConnectionString(catalog.Path()));
+    const QString second = u"DELETE FROM Genre"_s;
+    for (const QString& behind : {u"; DELETE FROM Movie"_s, u";x"_s, u"; ; SELECT 1 -- c"_s, u"; '"_s, u";/* c */ SELECT 1"_s,
+                                  u";\n-- c\nSELECT 1"_s, u"; -"_s, u"; \0 SELECT 1"_s}) {
+        Recordset rows;
+        try {
+            connection.Execute(second + behind);
+            ADD_FAILURE() << qPrintable(behind);
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Description(), u"Characters found after end of SQL statement. ("_s + catalog.Path() + u')');
+        }
+        EXPECT_THROW(rows.Open(u"SELECT * FROM Genre"_s + behind, connection), RuntimeError);
+    }
+    for (const QString& behind : {u";"_s, u" ;;\n"_s, u"; -- it's all"_s, u";/* ; */ ;"_s})
+        connection.Execute(u"UPDATE Genre SET Genre = 'x' WHERE Genre_ID = 1"_s + behind);
+    connection.Close();
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Genre"), u"24"_s);
+}
+
 TEST(Connection, ARowTypedInWithAnotherToolIsAFilm)
 {
     const TempCatalog catalog;
