@@ -37,19 +37,24 @@ RecordsetImpl::~RecordsetImpl()
 {
     if (!m_query)
         return;
-    try {
-        CancelUpdate();
-    } catch (...) { // NOLINT(bugprone-empty-catch): an unused key may then be given once more
-    }
+    LetGo();
     m_connection->Leave(this);
-    m_blob.Close();
     m_connection->GiveBack(std::move(m_query));
 }
 
 void RecordsetImpl::Disconnect() noexcept
 {
-    m_blob.Close();
+    LetGo();
     m_query.reset();
+}
+
+void RecordsetImpl::LetGo() noexcept
+{
+    try {
+        CancelUpdate();
+    } catch (...) { // NOLINT(bugprone-empty-catch): an unused key may then be given once more
+    }
+    m_blob.Close();
 }
 
 bool RecordsetImpl::Eof()

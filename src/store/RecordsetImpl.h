@@ -63,6 +63,7 @@ private:
     };
 
     void Disconnect() noexcept override;
+    void LetGo() noexcept; // of the row that is being edited and of its bytes
     void Start();
     void StepOn();
     void ReachEnd();

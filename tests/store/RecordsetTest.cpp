@@ -164,6 +164,11 @@ TEST_F(RecordsetTest, KeysAreGivenAtOnceAndNeverComeBack)
     rows.Open(u"SELECT * FROM Loans"_s, connection);
     rows.AddNew();
     EXPECT_EQ(rows[u"Loan_ID"].Get(), Value(2));
+    connection.Close(); // under the new row
+    connection.Open(ConnectionString(catalog.Path()));
+    rows.Open(u"SELECT * FROM Loans"_s, connection);
+    rows.AddNew();
+    EXPECT_EQ(rows[u"Loan_ID"].Get(), Value(3));
 }
 
 TEST_F(RecordsetTest, ALostUpdateIsReportedAndChangesNothing)
