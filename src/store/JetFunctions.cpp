@@ -102,7 +102,7 @@ int RegisterJetFunctions(sqlite3* database)
     };
     for (const Entry& entry : kFunctions) {
         const int result =
-            sqlite3_create_function_v2(database, entry.name, entry.arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS,
+            sqlite3_create_function_v2(database, entry.name, entry.arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
                                        nullptr, entry.call, nullptr, nullptr, nullptr);
         if (result != SQLITE_OK)
             return result;

@@ -190,6 +190,20 @@ TEST(Connection, OneTextIsOneStatement)
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Genre"), u"24"_s);
 }
 
+TEST(Connection, WhatStandsInACatalogCannotUseTheProgramsFunctions)
+{
+    const TempCatalog catalog;
+    catalog.Run("CREATE VIEW Odd AS SELECT [Left](Genre, 1) FROM Genre;"
+                "CREATE TRIGGER t AFTER INSERT ON Writer BEGIN UPDATE Writer SET Writer = Ucase(Writer); END");
+    Connection connection;
+    connection.Open(ConnectionString(catalog.Path()));
+    Recordset rows;
+    EXPECT_THROW(rows.Open(u"SELECT * FROM Odd"_s, connection), RuntimeError);
+    EXPECT_THROW(connection.Execute(u"INSERT INTO Writer (Writer) VALUES ('a')"_s), RuntimeError);
+    rows.Open(u"SELECT Left(Genre, 1) FROM Genre WHERE Genre_ID = 1"_s, connection);
+    EXPECT_EQ(rows.Text(0).size(), 1);
+}
+
 TEST(Connection, ARowTypedInWithAnotherToolIsAFilm)
 {
     const TempCatalog catalog;
