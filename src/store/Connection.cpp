@@ -276,11 +276,24 @@ void ConnectionImpl::BurnKey(const QString& table, qint64 key)
 
 Connection::Connection() = default;
 Connection::Connection(Connection&&) noexcept = default;
-Connection& Connection::operator=(Connection&&) noexcept = default;
+
+Connection& Connection::operator=(Connection&& other) noexcept
+{
+    if (this != &other) {
+        CloseQuietly();
+        m_impl = std::move(other.m_impl);
+    }
+    return *this;
+}
 
 Connection::~Connection()
 {
-    // A recordset that lives on must not hold the commit back.
+    CloseQuietly();
+}
+
+// A recordset that lives on must not hold the commit back.
+void Connection::CloseQuietly() noexcept
+{
     try {
         Close();
     } catch (...) { // NOLINT(bugprone-empty-catch): nobody is left to tell; `Close` is there for those who want to know

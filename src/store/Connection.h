@@ -24,6 +24,7 @@ public:
     /// Closes; a failing commit is not reported from here.
     ~Connection();
     Connection(Connection&&) noexcept;
+    /// Closes what was open as the destructor does.
     Connection& operator=(Connection&&) noexcept;
 
     /// Closes what was open, then opens by a text of the form that `ConnectionString` gives; user, password and options are those of every
@@ -45,6 +46,8 @@ public:
     QString Path() const;
 
 private:
+    void CloseQuietly() noexcept;
+
     friend class Recordset;
     std::shared_ptr<ConnectionImpl> m_impl;
 };
