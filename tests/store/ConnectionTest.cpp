@@ -219,6 +219,23 @@ TEST(Connection, WhatStandsInACatalogCannotUseTheProgramsFunctions)
     EXPECT_EQ(rows.Text(0).size(), 1);
 }
 
+TEST(Connection, ALockedFileIsNamed)
+{
+    const TempCatalog catalog;
+    Connection first;
+    first.Open(ConnectionString(catalog.Path()));
+    first.Execute(u"DELETE FROM Genre"_s);
+    Connection second;
+    second.Open(ConnectionString(catalog.Path()));
+    second.Execute(u"PRAGMA busy_timeout = 1"_s);
+    try {
+        second.Execute(u"DELETE FROM Genre"_s);
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Description(), u"database is locked ("_s + catalog.Path() + u')');
+    }
+}
+
 TEST(Connection, ARowTypedInWithAnotherToolIsAFilm)
 {
     const TempCatalog catalog;
