@@ -122,7 +122,7 @@ void ConnectionImpl::Commit()
     if (sqlite3_get_autocommit(m_database) != 0)
         RaiseUndone();
     BurnKeys();
-    Prepared(u"COMMIT"_s).Step();
+    Run(u"COMMIT"_s);
 }
 
 void ConnectionImpl::BurnKeys()
@@ -157,6 +157,31 @@ qint64 ConnectionImpl::Execute(const QString& sql, const QList<Value>& values)
     while (statement.Step()) {
     }
     return writes ? LastChangeCount() : 0;
+}
+
+void ConnectionImpl::AllOrNothing(const std::function<void()>& action)
+{
+    BeginWrite();
+    Run(u"SAVEPOINT step"_s);
+    try {
+        action();
+    } catch (...) {
+        try {
+            Run(u"ROLLBACK TO step"_s);
+            Run(u"RELEASE step"_s);
+        } catch (const RuntimeError&) { // NOLINT(bugprone-empty-catch): the engine has undone the whole operation; closing says so
+        }
+        throw;
+    }
+    Run(u"RELEASE step"_s);
+}
+
+// Runs a statement of the engine's own grammar that has no values and gives no rows.
+void ConnectionImpl::Run(const QString& sql)
+{
+    Statement& statement = Prepared(sql);
+    statement.Step();
+    statement.Reset();
 }
 
 bool ConnectionImpl::IsTable(const QByteArray& name) const
@@ -240,9 +265,7 @@ void ConnectionImpl::BeginWrite()
     }
     if (sqlite3_db_readonly(m_database, "main") == 1)
         Raise(QString::fromUtf8(sqlite3_errstr(SQLITE_READONLY)));
-    Statement& begin = Prepared(u"BEGIN IMMEDIATE"_s);
-    begin.Step();
-    begin.Reset();
+    Run(u"BEGIN IMMEDIATE"_s);
     m_writing = true;
 }
 
@@ -327,6 +350,13 @@ qint64 Connection::Execute(const QString& sql, const QList<Value>& values)
     if (!m_impl)
         throw RuntimeError(kErrObjectNotSet);
     return m_impl->Execute(sql, values);
+}
+
+void Connection::AllOrNothing(const std::function<void()>& action)
+{
+    if (!m_impl)
+        throw RuntimeError(kErrObjectNotSet);
+    m_impl->AllOrNothing(action);
 }
 
 QString Connection::Path() const

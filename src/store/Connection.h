@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace kelvado {
@@ -41,6 +42,10 @@ public:
     qint64 Execute(const QString& sql);
     /// The same, with values for the question marks of `sql`.
     qint64 Execute(const QString& sql, const QList<Value>& values);
+
+    /// Runs `action`. Where it raises, all that it stored is undone and what was stored before stays; the failure then goes on its way.
+    /// Recordsets that `action` writes through must not outlive it.
+    void AllOrNothing(const std::function<void()>& action);
 
     /// The path of the open file.
     QString Path() const;

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <unordered_map>
@@ -64,6 +65,7 @@ public:
     void Leave(ConnectionClient* client) noexcept { std::erase(m_clients, client); }
 
     qint64 Execute(const QString& sql, const QList<Value>& values);
+    void AllOrNothing(const std::function<void()>& action);
 
     std::unique_ptr<Query> TakeQuery(const QString& sql);
     void GiveBack(std::unique_ptr<Query> query) noexcept;
@@ -81,6 +83,7 @@ public:
     void BurnKey(const QString& table, qint64 key);
 
 private:
+    void Run(const QString& sql);
     bool IsTable(const QByteArray& name) const; // a view is none
     void Commit();
     void BurnKeys();

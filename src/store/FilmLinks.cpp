@@ -241,14 +241,20 @@ std::optional<LinkFailure> StoreFilmLinks(const FilmRecord& film, const Value& m
         if (!isDue(step))
             continue;
         try {
-            if (mode == LinkMode::Update && !movieId.IsNull())
-                connection.Execute(u"DELETE FROM "_s + step.names.linkTable + u" WHERE Movie_ID = "_s + movieId.Text());
-            (writer.*step.store)(film);
+            if (mode == LinkMode::Add) {
+                (writer.*step.store)(film);
+                continue;
+            }
+            connection.AllOrNothing([&] {
+                if (!movieId.IsNull())
+                    connection.Execute(u"DELETE FROM "_s + step.names.linkTable + u" WHERE Movie_ID = "_s + movieId.Text());
+                (writer.*step.store)(film);
+            });
         } catch (const RuntimeError& error) {
             LinkFailure failure{error, {}};
             for (const ListStep* later = &step; later != std::end(kListSteps); ++later) {
                 if (isDue(*later))
-                    failure.missing.append(later->name);
+                    failure.lists.append(later->name);
             }
             return failure;
         }

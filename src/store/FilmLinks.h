@@ -18,13 +18,13 @@ enum class LinkMode { Add, Update };
 struct LinkFailure
 {
     RuntimeError error;
-    QStringList missing; ///< the lists that are not in the catalog, or not all of them
+    QStringList lists; ///< those that are not in the catalog, or not all of them; after an update, those that are as they were
 };
 
 /// Stores the lists of a film that `options` lets through: each name is matched to an existing row by the catalog's comparison, or added,
 /// and linked to the film. `movieId` goes into the link rows; with Null the links belong to no film.
 /// In the mode `Update` the film's old links of a list go first, where there are new ones to take their place and the film is known.
-/// Stops at the first failure and returns it.
+/// A list that cannot be stored then stays as it was. Stops at the first failure and returns it.
 std::optional<LinkFailure> StoreFilmLinks(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options,
                                           const WriterContext& context, Connection& connection);
 

@@ -72,9 +72,10 @@ std::optional<RuntimeError> StoreLinksAndClose(const FilmRecord& film, const Val
     }
     if (!failure)
         return std::nullopt;
+    const QString state = mode == LinkMode::Add ? u"missing or not complete"_s : u"as they were"_s;
     return RuntimeError(failure->error.Number(), failure->error.Description() + u"\r\n\""_s + film.Title +
-                                                     u"\" is in the catalog, but these lists are missing or not complete: "_s +
-                                                     failure->missing.join(u", "_s));
+                                                     u"\" is in the catalog, but these lists are "_s + state + u": "_s +
+                                                     failure->lists.join(u", "_s));
 }
 
 } // namespace

@@ -245,6 +245,30 @@ TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie"), u"1"_s);
 }
 
+TEST_F(FilmWriter, AListThatCannotBeUpdatedStaysAsItWas)
+{
+    AddFilm(WholeFilm(), all, context);
+    FilmRecord film = WholeFilm();
+    film.Writers = {Person(u"New Writer"_s)};
+    film.Actors = {Person(u"New Actor"_s)};
+    film.Genres = {{u"Western"_s, 0}};
+    catalog.Run("CREATE TRIGGER t BEFORE INSERT ON ActorLink BEGIN SELECT raise(ABORT, 'no actors today'); END");
+    try {
+        UpdateFilm(film, u"1"_s, all, context, shell);
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_TRUE(error.Description().startsWith(u"no actors today ("_s)) << qPrintable(error.Description());
+        EXPECT_TRUE(error.Description().endsWith(u"these lists are as they were: actors, companies"_s)) << qPrintable(error.Description());
+    }
+    const FilmRecord read = ReadFilm(1, catalog.Path());
+    ASSERT_EQ(read.Genres.size(), 1); // the lists in front of it are stored
+    EXPECT_EQ(read.Writers[0].Name, u"New Writer"_s);
+    ASSERT_EQ(read.Actors.size(), 2);
+    EXPECT_EQ(read.Actors[0].Name, u"Zed"_s);
+    EXPECT_EQ(read.Companies.size(), 1);
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Actor WHERE Actor = 'New Actor'"), u"0"_s);
+}
+
 TEST_F(FilmWriter, AFullDiskStoresNothingOfTheFilmAndSaysNothingElse)
 {
     // Files may grow by 100,000 bytes. The small cast fails at the commit, the large one on its way, when the engine's memory is full.
