@@ -167,6 +167,15 @@ std::optional<QDate> DateFromText(QStringView text)
     return date.isValid() && text.size() == 10 ? std::optional(date) : std::nullopt;
 }
 
+QString TrimBlanks(QStringView text)
+{
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text.toString();
+}
+
 QString FromWindows1252(QByteArrayView bytes)
 {
     QString text = QString::fromLatin1(bytes);

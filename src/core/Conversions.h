@@ -55,6 +55,9 @@ QString DateText(QDate date);
 /// Reads yyyy-mm-dd. Nothing for any other text.
 std::optional<QDate> DateFromText(QStringView text);
 
+/// The text without outer blanks; tabs and other white space stay.
+QString TrimBlanks(QStringView text);
+
 /// The text of bytes in Windows-1252; the five places that the code page leaves open keep their number. Never raises.
 QString FromWindows1252(QByteArrayView bytes);
 

@@ -1,5 +1,7 @@
 #include "store/FilmLinks.h"
 
+#include "core/Conversions.h"
+
 #include <algorithm>
 #include <functional>
 
@@ -202,35 +204,39 @@ const ListStep kListSteps[] = {
      [](const FilmRecord& film) { return AnyUsable(film.Companies, &FilmCompany::Company); }, &LinkWriter::StoreCompanies},
 };
 
-void ReadCrew(QList<FilmPerson>& people, const NameTable& names, QLatin1StringView note, QString FilmPerson::*noteMember, qint64 movieId,
-              Connection& connection)
+const QString kReadGenres = u"SELECT Genre.Genre, Genre.Genre_ID FROM Genre INNER JOIN GenreLink ON "
+                            "Genre.Genre_ID = GenreLink.Genre_ID WHERE GenreLink.Movie_ID = "_s;
+const QString kReadFeatures = u"SELECT Features.Feature, Features.Feature_ID FROM Features INNER JOIN Feature_Link ON "
+                              "Features.Feature_ID = Feature_Link.Feature_ID WHERE Feature_Link.Movie_ID = "_s;
+const QString kReadWriters =
+    u"SELECT Writer.Writer_ID, Writer.Writer, Writer.IMDB_Link, WriterLink.Extended FROM Writer INNER JOIN WriterLink ON "
+    "Writer.Writer_ID = WriterLink.Writer_ID WHERE WriterLink.Movie_ID = "_s;
+const QString kReadProducers =
+    u"SELECT Producer.Producer_ID, Producer.Producer, Producer.IMDB_Link, ProducerLink.Extended FROM Producer INNER JOIN ProducerLink ON "
+    "Producer.Producer_ID = ProducerLink.Producer_ID WHERE ProducerLink.Movie_ID = "_s;
+const QString kReadDirectors =
+    u"SELECT Director.Director_ID, Director.Director, Director.IMDB_Link, DirectorLink.Extended FROM Director INNER JOIN DirectorLink ON "
+    "Director.Director_ID = DirectorLink.Director_ID WHERE DirectorLink.Movie_ID = "_s;
+const QString kReadActors = u"SELECT Actor.Actor_ID, Actor.Actor, Actor.IMDB_Link, ActorLink.Character FROM Actor INNER JOIN ActorLink ON "
+                            "Actor.Actor_ID = ActorLink.Actor_ID WHERE ActorLink.Movie_ID = "_s;
+const QString kReadCompanies =
+    u"SELECT Company.Company_ID, Company.Company, CompanyLink.Type, CompanyLink.Extended FROM Company INNER JOIN CompanyLink ON "
+    "Company.Company_ID = CompanyLink.Company_ID WHERE CompanyLink.Movie_ID = "_s;
+
+void ReadPeople(QList<FilmPerson>& people, const QString& sql, QString FilmPerson::*note, Connection& connection)
 {
-    // "SELECT Writer.Writer_ID, Writer.Writer, Writer.IMDB_Link, WriterLink.Extended FROM Writer INNER JOIN WriterLink ON …"
-    const QString sql = u"SELECT %1.%2, %1.%1, %1.IMDB_Link, %3.%4 FROM %1 INNER JOIN %3 ON %1.%2 = %3.%2 WHERE %3.Movie_ID = "_s.arg(
-        names.table, names.idColumn, names.linkTable, note);
     Recordset rows;
-    for (rows.Open(sql + QString::number(movieId), connection); !rows.Eof(); rows.MoveNext()) {
+    for (rows.Open(sql, connection); !rows.Eof(); rows.MoveNext()) {
         FilmPerson person;
         person.ID = rows.Integer(0);
         person.Name = rows.Text(1);
         person.IMDB_Link = rows.Text(2);
-        person.*noteMember = rows.Text(3);
+        person.*note = rows.Text(3);
         people.append(person);
     }
 }
 
 } // namespace
-
-QString TrimBlanks(const QString& text)
-{
-    qsizetype from = 0;
-    qsizetype to = text.size();
-    while (from < to && text[from] == u' ')
-        ++from;
-    while (to > from && text[to - 1] == u' ')
-        --to;
-    return text.mid(from, to - from);
-}
 
 std::optional<LinkFailure> StoreFilmLinks(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options,
                                           const WriterContext& context, Connection& connection)
@@ -266,30 +272,15 @@ void ReadFilmLinks(FilmRecord& film, qint64 movieId, Connection& connection)
 {
     const QString id = QString::number(movieId);
     Recordset rows;
-    for (rows.Open(u"SELECT Genre.Genre, Genre.Genre_ID FROM Genre INNER JOIN GenreLink ON "
-                   "Genre.Genre_ID = GenreLink.Genre_ID WHERE GenreLink.Movie_ID = "_s +
-                       id,
-                   connection);
-         !rows.Eof(); rows.MoveNext())
+    for (rows.Open(kReadGenres + id, connection); !rows.Eof(); rows.MoveNext())
         film.Genres.append({rows.Text(0), rows.Integer(1)});
-    for (rows.Open(u"SELECT Features.Feature, Features.Feature_ID FROM Features INNER JOIN Feature_Link ON "
-                   "Features.Feature_ID = Feature_Link.Feature_ID WHERE Feature_Link.Movie_ID = "_s +
-                       id,
-                   connection);
-         !rows.Eof(); rows.MoveNext())
+    for (rows.Open(kReadFeatures + id, connection); !rows.Eof(); rows.MoveNext())
         film.Features.append({rows.Text(0), rows.Integer(1)});
-
-    const QLatin1StringView note("Extended");
-    ReadCrew(film.Writers, kWriter, note, &FilmPerson::Extended, movieId, connection);
-    ReadCrew(film.Producers, kProducer, note, &FilmPerson::Extended, movieId, connection);
-    ReadCrew(film.Directors, kDirector, note, &FilmPerson::Extended, movieId, connection);
-    ReadCrew(film.Actors, kActor, QLatin1StringView("Character"), &FilmPerson::Character, movieId, connection);
-
-    for (rows.Open(u"SELECT Company.Company_ID, Company.Company, CompanyLink.Type, CompanyLink.Extended FROM Company INNER JOIN "
-                   "CompanyLink ON Company.Company_ID = CompanyLink.Company_ID WHERE CompanyLink.Movie_ID = "_s +
-                       id,
-                   connection);
-         !rows.Eof(); rows.MoveNext())
+    ReadPeople(film.Writers, kReadWriters + id, &FilmPerson::Extended, connection);
+    ReadPeople(film.Producers, kReadProducers + id, &FilmPerson::Extended, connection);
+    ReadPeople(film.Directors, kReadDirectors + id, &FilmPerson::Extended, connection);
+    ReadPeople(film.Actors, kReadActors + id, &FilmPerson::Character, connection);
+    for (rows.Open(kReadCompanies + id, connection); !rows.Eof(); rows.MoveNext())
         film.Companies.append({rows.Text(1), rows.Integer(0), rows.Text(2), rows.Text(3)});
 }
 

@@ -9,9 +9,6 @@
 
 namespace kelvado {
 
-/// Text without the blanks at its ends; other white space stays.
-QString TrimBlanks(const QString& text);
-
 enum class LinkMode { Add, Update };
 
 /// Why the lists of a film could not be stored.

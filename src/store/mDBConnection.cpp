@@ -1,5 +1,6 @@
 #include "store/mDBConnection.h"
 
+#include "core/Conversions.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
 #include "store/FilmColumns.h"

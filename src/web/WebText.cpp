@@ -62,13 +62,4 @@ QString StripTags(QString text)
     return text.remove("&nbsp;"_L1).remove("&amp;"_L1);
 }
 
-QString TrimBlanks(QStringView text)
-{
-    while (text.startsWith(u' '))
-        text = text.sliced(1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text.toString();
-}
-
 } // namespace kelvado

@@ -50,7 +50,4 @@ QString FlattenPage(const QString& text);
 /// or stands in front of the "<".
 QString StripTags(QString text);
 
-/// The text without outer blanks; tabs and other white space stay.
-QString TrimBlanks(QStringView text);
-
 } // namespace kelvado

@@ -1,5 +1,6 @@
 #include "web/mIMDBTitleParse.h"
 
+#include "core/Conversions.h"
 #include "core/RuntimeError.h"
 #include "web/WebText.h"
 
