@@ -2,6 +2,8 @@
 
 #include "core/RuntimeError.h"
 
+#include <algorithm>
+
 namespace kelvado {
 
 using namespace Qt::StringLiterals;
@@ -39,12 +41,9 @@ QString PageText::Take(Place from, qsizetype length) const
 
 QString FlattenPage(const QString& text)
 {
-    QString flat;
-    flat.reserve(text.size());
-    for (const QChar c : text) {
-        if (c != u'\r' && c != u'\n' && c != u'\t')
-            flat.append(c);
-    }
+    QString flat(text.size(), Qt::Uninitialized);
+    const auto isBreak = [](QChar c) { return c == u'\r' || c == u'\n' || c == u'\t'; };
+    flat.truncate(std::remove_copy_if(text.cbegin(), text.cend(), flat.begin(), isBreak) - flat.begin());
     return flat;
 }
 

@@ -3,6 +3,8 @@
 #include "core/RuntimeError.h"
 #include "web/WebText.h"
 
+#include <QStringList>
+
 #include <algorithm>
 
 namespace kelvado {
