@@ -360,6 +360,7 @@ QString PathForPage(const QString& path)
     result.replace(u'#', QLatin1StringView("%23"));
     result.replace(u'?', QLatin1StringView("%3F"));
     result.replace(u'"', QLatin1StringView("%22"));
+    result.replace(u'&', QLatin1StringView("%26")); // in an attribute it would begin an entity
     return result;
 }
 

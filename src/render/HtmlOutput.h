@@ -39,7 +39,7 @@ void FillPageTokens(QString& text, qint64 page, qint64 pageCount, qint64 pageSiz
 /// Raises 75 with the path where a picture cannot be written.
 void CopyRatingBarImages(const QString& skin);
 
-/// `path` as pages take it: "/" for "\", and the few characters that would end the path in an address given as %XX.
+/// `path` as pages take it: "/" for "\", and the few characters that would end or change the path in an attribute's address given as %XX.
 QString PathForPage(const QString& path);
 
 } // namespace kelvado

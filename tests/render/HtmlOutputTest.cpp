@@ -150,7 +150,7 @@ TEST_F(Tokens, SkinPicturesAreFoundInAnySpelling)
     QDir(m_home.path()).mkpath(QStringLiteral("Skins/Plain/Ratings"));
     QFile(m_home.filePath(QStringLiteral("Skins/Plain/Ratings/na.gif"))).open(QIODevice::WriteOnly);
     EXPECT_EQ(Film("!!RATEDIMG!!"), "HOME/Skins/Plain/Ratings/na.gif");
-    EXPECT_EQ(PathForPage(QStringLiteral("C:\\100% #1\\a?.gif")), QStringLiteral("C:/100%25 %231/a%3F.gif"));
+    EXPECT_EQ(PathForPage(QStringLiteral("C:\\100% #1\\a?&lt;.gif")), QStringLiteral("C:/100%25 %231/a%3F%26lt;.gif"));
 }
 
 TEST_F(Tokens, GenresKeepTheBlankInFront)
