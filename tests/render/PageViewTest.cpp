@@ -11,6 +11,8 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QProcessEnvironment>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTemporaryDir>
@@ -191,6 +193,27 @@ TEST_F(PageView, GoesOnlyWhereTheProgramSendsIt)
         Ask(attempt);
         for (int round = 0; round < 20; ++round)
             EXPECT_TRUE(Ask("window.kept === true").toBool()) << attempt;
+    }
+}
+
+TEST_F(PageView, TemplatesHideAWholeTokenAndShowAValueThatLooksLikeOne)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"default.html", "!!TITLE!!"}, {"default.html", "!!PLOT!!"}, {"default.html", "!!ACTOR7!!"},
+        {"credits.html", "!!ACTOR!!"}, {"person.html", "!!BIO!!"},   {"nfo.html", "!!NFO!!"},
+    };
+    const QString value = QStringLiteral("!!! (2004) !!");
+    view.CreateBrowser();
+    for (const auto& [name, token] : cases) {
+        QFile file(QStringLiteral(KELVADO_SOURCE_DIR "/data/Skins/Default XP/Templates/") + QLatin1StringView(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        QByteArray page = file.readAll();
+        ASSERT_TRUE(page.contains(token)) << name;
+        page.replace(token, value.toUtf8()).replace("!!NAME!!", "Name").replace("!!INFILM!!", "");
+        Show(Write("home/temp/page.html", page));
+        const QString shown = Ask("document.body.innerText").toString();
+        EXPECT_TRUE(shown.contains(value)) << name << token;
+        EXPECT_FALSE(shown.contains(QRegularExpression(QStringLiteral("!![A-Z]+\\d*!!")))) << qPrintable(shown);
     }
 }
 
