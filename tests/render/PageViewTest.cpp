@@ -133,7 +133,8 @@ TEST_F(PageView, ClicksReachTheHostAndNeverTheBrowser)
     for (const char* quiet : {".file", ".script", ".nested b", "button"})
         Click(quiet);
     Click(".web", Qt::MiddleButton);
-    Ask("document.querySelector('.web').click()");
+    Ask("for (const kind of ['.web', '.mail', '.swallow']) document.querySelector(kind).click()");
+    Ask("document.body.dispatchEvent(new MouseEvent('contextmenu', { bubbles: true }))");
     Click("a[id*=Action]");
     ASSERT_TRUE(WaitForCalls(2));
     EXPECT_EQ(Calls(), "select \"12\nAction\" | show");

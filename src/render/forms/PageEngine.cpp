@@ -59,8 +59,8 @@ constexpr std::array<std::pair<QWebEngineSettings::WebAttribute, bool>, 14> kSet
 }};
 
 // Every click is told and cancelled before the page sees it, so that no page can keep one for itself; the page's own handlers run on.
-// The source element is the innermost one. A click that a script makes carries no address, so that a page cannot open the user's browser
-// by itself. The middle button and dragging do nothing.
+// The source element is the innermost one. A click or menu that a script makes is not told, so that a page cannot open the user's browser
+// or choose a film by itself. The middle button and dragging do nothing.
 constexpr const char* kScript = R"((() => {
     'use strict';
     let bridge = null;
@@ -72,13 +72,14 @@ constexpr const char* kScript = R"((() => {
     });
     const listen = (type, handler) => window.addEventListener(type, event => {
         event.preventDefault();
-        handler(event);
+        if (event.isTrusted)
+            handler(event);
     }, { capture: true, passive: false });
     listen('click', event => {
         const source = event.target;
         if (!(source instanceof Element))
             return;
-        const href = event.isTrusted && typeof source.href === 'string' ? source.href : '';
+        const href = typeof source.href === 'string' ? source.href : '';
         const id = source.getAttribute('id') || '', tagName = source.tagName, controlDown = event.ctrlKey;
         tell(page => page.Click(id, tagName, href, controlDown));
     });
