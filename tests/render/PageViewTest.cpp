@@ -20,10 +20,16 @@
 #include <QWebEngineScript>
 #include <QWebEngineView>
 
+#include <csignal>
 #include <gtest/gtest.h>
+
+// What the user gave the program, before the engine was prepared.
+QProcessEnvironment userEnvironment;
 
 std::unique_ptr<QCoreApplication> MakeTestApplication(int& argc, char** argv)
 {
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-breakpad");
+    userEnvironment = QProcessEnvironment::systemEnvironment();
     kelvado::PreparePageEngine();
     return std::make_unique<QApplication>(argc, argv);
 }
@@ -195,6 +201,24 @@ TEST_F(PageView, GoesOnlyWhereTheProgramSendsIt)
         for (int round = 0; round < 20; ++round)
             EXPECT_TRUE(Ask("window.kept === true").toBool()) << attempt;
     }
+}
+
+TEST_F(PageView, TheEnvironmentIsTheUsersOnceTheEngineRuns)
+{
+    view.CreateBrowser();
+    Show(Write("home/temp/one.html", "one"));
+    const QProcessEnvironment now = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"QTWEBENGINE_CHROMIUM_FLAGS", "QT_QUICK_BACKEND", "QT_XCB_GL_INTEGRATION", "QTWEBENGINE_DISABLE_SANDBOX"})
+        EXPECT_EQ(now.value(QLatin1StringView(name), QStringLiteral("unset")),
+                  userEnvironment.value(QLatin1StringView(name), QStringLiteral("unset")));
+    // An engine process that starts later works without it.
+    QSignalSpy complete(&view, &frmPageView::DocumentComplete);
+    const qint64 process = view.WebBrowser1()->page()->renderProcessPid();
+    ASSERT_EQ(::kill(static_cast<pid_t>(process), SIGKILL), 0);
+    ASSERT_TRUE(complete.wait(20000));
+    EXPECT_NE(view.WebBrowser1()->page()->renderProcessPid(), process);
+    Show(Write("home/temp/two.html", "two"));
+    EXPECT_EQ(Ask("document.body.innerText").toString(), QStringLiteral("two"));
 }
 
 TEST_F(PageView, TemplatesHideAWholeTokenAndShowAValueThatLooksLikeOne)

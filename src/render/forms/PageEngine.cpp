@@ -9,7 +9,9 @@
 #include <QWebEngineUrlRequestInfo>
 
 #include <array>
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include <unistd.h>
 
@@ -89,6 +91,25 @@ constexpr const char* kScript = R"((() => {
 })();
 )";
 
+struct ChangedVariable
+{
+    const char* name;
+    std::optional<QByteArray> before; // nothing where it was not set
+};
+
+std::vector<ChangedVariable>& ChangedVariables()
+{
+    static std::vector<ChangedVariable> variables;
+    return variables;
+}
+
+void ChangeVariable(const char* name, const QByteArray& value)
+{
+    const bool isSet = qEnvironmentVariableIsSet(name);
+    ChangedVariables().push_back({name, isSet ? std::optional(qgetenv(name)) : std::nullopt});
+    qputenv(name, value);
+}
+
 } // namespace
 
 void PreparePageEngine()
@@ -99,14 +120,25 @@ void PreparePageEngine()
             flags += ' ';
         flags += flag;
     }
-    qputenv(kFlagsVariable, flags);
+    ChangeVariable(kFlagsVariable, flags);
     for (const auto& [variable, value] : kEngineVariables) {
         if (!qEnvironmentVariableIsSet(variable))
-            qputenv(variable, value);
+            ChangeVariable(variable, value);
     }
     QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false")); // it would report the missing driver at every start
     if (geteuid() == 0)
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+        ChangeVariable("QTWEBENGINE_DISABLE_SANDBOX", "1");
+}
+
+void RestoreEnvironment()
+{
+    for (const ChangedVariable& variable : ChangedVariables()) {
+        if (variable.before)
+            qputenv(variable.name, *variable.before);
+        else
+            qunsetenv(variable.name);
+    }
+    ChangedVariables().clear();
 }
 
 void PageRequests::interceptRequest(QWebEngineUrlRequestInfo& info)

@@ -10,6 +10,10 @@ namespace kelvado {
 /// and turns its sandbox off where the program runs as root, for nobody else. Flags that the user has set for the engine stay.
 void PreparePageEngine();
 
+/// Puts the environment back as `PreparePageEngine` found it, so that the programs that we start get nothing of ours. The engine has read
+/// it once a page is loaded. Does nothing the second time.
+void RestoreEnvironment();
+
 /// Lets a page load files below the program's folder, links resolved, and pictures that it holds itself; nothing else.
 class PageRequests : public QWebEngineUrlRequestInterceptor
 {

@@ -64,6 +64,7 @@ void frmPageView::CreateBrowser()
         if (m_ending)
             return;
         m_watch.stop();
+        RestoreEnvironment();
         m_document->history()->clear(); // each page is left for good
         Q_EMIT DocumentComplete(m_path, loaded);
     });
