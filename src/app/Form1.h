@@ -1,12 +1,12 @@
 #pragma once
 
 #include "app/DesktopSeams.h"
-#include "app/Guard.h"
 #include "app/Menus.h"
 #include "browse/CatalogModel.h"
 #include "browse/Tree.h"
 #include "core/AppState.h"
 #include "core/CatalogFile.h"
+#include "core/Guard.h"
 #include "core/SectionTabs.h"
 #include "core/Shell.h"
 #include "render/PageHost.h"

@@ -1,7 +1,7 @@
 #include "app/DesktopSeams.h"
 #include "app/Form1.h"
-#include "app/Guard.h"
 #include "app/hMain.h"
+#include "core/Guard.h"
 #include "core/Paths.h"
 #include "render/forms/PageEngine.h"
 #include "ui/frmAbout.h"

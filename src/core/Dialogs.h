@@ -9,6 +9,8 @@ inline constexpr int kBoxPlain = 0;
 inline constexpr int kBoxYesNo = 4;
 inline constexpr int kBoxCritical = 16;
 inline constexpr int kBoxYesNoCritical = 20;
+inline constexpr int kBoxExclamation = 48;
+inline constexpr int kBoxYesNoExclamation = 52;
 inline constexpr int kBoxInformation = 64;
 
 inline constexpr int kAnswerOk = 1;

@@ -1,4 +1,4 @@
-#include "app/Guard.h"
+#include "core/Guard.h"
 
 namespace kelvado {
 
