@@ -2,7 +2,9 @@
 
 #include "core/RuntimeError.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace kelvado {
@@ -184,6 +186,21 @@ QString FromWindows1252(QByteArrayView bytes)
             c = kCodePageUpper[c.unicode() - 0x80];
     }
     return text;
+}
+
+QByteArray ToWindows1252(QStringView text)
+{
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    for (const QChar c : text) {
+        if (c < u'\x80' || (c >= u'\xA0' && c <= u'\xFF')) {
+            bytes.append(static_cast<char>(c.unicode()));
+            continue;
+        }
+        const auto* const upper = std::find(std::begin(kCodePageUpper), std::end(kCodePageUpper), c.unicode());
+        bytes.append(upper == std::end(kCodePageUpper) ? '?' : static_cast<char>(0x80 + (upper - std::begin(kCodePageUpper))));
+    }
+    return bytes;
 }
 
 QString DecodeEntities(const QString& text)

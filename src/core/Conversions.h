@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QByteArrayView>
 #include <QDate>
 #include <QString>
@@ -60,6 +61,8 @@ QString TrimBlanks(QStringView text);
 
 /// The text of bytes in Windows-1252; the five places that the code page leaves open keep their number. Never raises.
 QString FromWindows1252(QByteArrayView bytes);
+/// The bytes of a text in Windows-1252, with "?" for what the code page does not hold. Never raises.
+QByteArray ToWindows1252(QStringView text);
 
 /// Replaces numeric entities ("&#246;") by the characters of those codes in Windows-1252. The first "&#" and the first ";" of the text
 /// make the entity, and every occurrence of it goes at once. The decoding ends quietly at the first one that cannot be read: no ";",
