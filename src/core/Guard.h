@@ -7,7 +7,7 @@
 
 namespace kelvado {
 
-/// Shows a run-time failure in a message box with its number and text.
+/// Shows a run-time failure in a message box with its number and text; says nothing of a cancel.
 void ReportError(Dialogs& dialogs, const RuntimeError& error);
 
 /// Runs a handler: what it raises ends it here and is shown, so that nothing crosses the event loop and the window lives on.
