@@ -1,5 +1,7 @@
 #include "app/Form1.h"
 
+#include "app/BrowseMenus.h"
+#include "app/StatusBar.h"
 #include "app/mMenuOptions.h"
 #include "browse/SelectionMenus.h"
 #include "core/Paths.h"
@@ -90,6 +92,9 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     m_ui->TreeView1->setModel(&m_model);
     ConnectMenus();
     ConnectControls();
+    m_browseMenus = std::make_unique<BrowseMenus>(
+        BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_model, *m_ui->TreeView1, *m_ui->ID, m_skinner});
+    m_statusBar = std::make_unique<StatusBar>(m_state, dialogs, m_menus, m_skinner, *m_ui->StatusCells);
 }
 
 Form1::~Form1()
@@ -222,6 +227,7 @@ void Form1::OnFirstActivation()
             QTimer::singleShot(0, form.m_pageView, &frmPageView::CreateBrowser);
         }
     } last{*this};
+    UpdateSelectionMenus();
     m_sections.Show(kMovieList);
     m_state.Activated = true;
     PaintBySkin();
@@ -298,6 +304,7 @@ void Form1::RefreshCatalogTree()
             if (hadFocus)
                 form.m_ui->TreeView1->setFocus();
             form.ShowWorking(false);
+            form.Guard([this] { form.UpdateSelectionMenus(); }); // the selection went with the old nodes
             form.DoWhatWaited();
         }
     } filling(*this);
@@ -367,7 +374,10 @@ void Form1::PushHistory(const QString& key, const QString& section, const QStrin
     EnableButton(QStringLiteral("Back"), true);
 }
 
-void Form1::UpdateStatus(bool) {}
+void Form1::UpdateStatus(bool recount)
+{
+    m_statusBar->Update(recount);
+}
 
 void Form1::ShowWorking(bool busy)
 {

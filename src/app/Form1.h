@@ -25,6 +25,8 @@ class Form1;
 
 namespace kelvado {
 
+class BrowseMenus;
+class StatusBar;
 class frmPageView;
 
 /// The main window: it owns the process-wide state and the panels, and turns what the user does into calls of the logic.
@@ -141,6 +143,8 @@ private:
     Pages m_pages;
     PageMessages m_messages;
     frmPageView* m_pageView;
+    std::unique_ptr<BrowseMenus> m_browseMenus;
+    std::unique_ptr<StatusBar> m_statusBar;
     Qt::WindowStates m_lastWindowState = Qt::WindowNoState; ///< normal or maximised, for the way back from the tray
     bool m_activating = false;
     bool m_filling = false;

@@ -47,6 +47,13 @@ void Menus::SetVisible(const QString& menu, int index, bool visible)
         entry->setVisible(visible);
 }
 
+void Menus::SetCaption(const QString& menu, int index, const QString& caption)
+{
+    constexpr qsizetype kLongest = 80;
+    if (QAction* entry = Find(menu, index))
+        entry->setText(caption.simplified().left(kLongest).replace(u'&', QStringLiteral("&&")));
+}
+
 QAction& Menus::Entry(const QString& menu, int index) const
 {
     QAction* entry = Find(menu, index);

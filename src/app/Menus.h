@@ -20,7 +20,8 @@ public:
     void SetChecked(const QString& menu, int index, bool checked) override;
     bool IsChecked(const QString& menu, int index) const override;
     void SetEnabled(const QString& menu, int index, bool enabled) override;
-    void SetVisible(const QString& menu, int index, bool visible);
+    void SetVisible(const QString& menu, int index, bool visible) override;
+    void SetCaption(const QString& menu, int index, const QString& caption) override;
 
     /// The entry, or the action of a menu of that name. Raises 9 where there is none.
     QAction& Entry(const QString& menu, int index = -1) const;

@@ -53,6 +53,7 @@ void LoaderMain(Form1& window, const QStringList& arguments)
     window.Events().ServeEvents();
     state.gOptions = std::make_unique<cOptions>(SettingsFile(), window.MenuBar());
     window.LoadToolRow();
+    window.ApplyMenuRules();
     TurnOffWhatNeedsACatalog(window);
     state.FilterWhere.clear();
     state.FilterCount = 0;

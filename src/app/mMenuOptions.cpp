@@ -32,10 +32,10 @@ constexpr MenuEntry kStatusEntries[] = {
     {"mnuStatus", Rule::WithCatalog},
 };
 constexpr MenuEntry kRemainingEntries[] = {
-    {"mnuFileSaveAs", Rule::WithCatalog},      {"mnuFileDefault", Rule::WithCatalog},   {"mnuWebExport", Rule::WithCatalog},
-    {"mnuWebExportByView", Rule::WithCatalog}, {"mnuExportXML", Rule::WithCatalog},     {"mnuLoansManage", Rule::WithCatalog},
-    {"mnuMovieNightClear", Rule::WithCatalog}, {"mnuManageLists_0", Rule::WithCatalog}, {"mnuManageLists_1", Rule::WithCatalog},
-    {"Save", Rule::WithCatalog, true},         {"MnuPrint", Rule::WithPrinting},        {"Print", Rule::WithPrinting, true},
+    {"mnuWebExport", Rule::WithCatalog},     {"mnuWebExportByView", Rule::WithCatalog}, {"mnuExportXML", Rule::WithCatalog},
+    {"mnuLoansManage", Rule::WithCatalog},   {"mnuMovieNightClear", Rule::WithCatalog}, {"mnuManageLists_0", Rule::WithCatalog},
+    {"mnuManageLists_1", Rule::WithCatalog}, {"Save", Rule::WithCatalog, true},         {"MnuPrint", Rule::WithPrinting},
+    {"Print", Rule::WithPrinting, true},
 };
 
 } // namespace

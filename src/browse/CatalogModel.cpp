@@ -8,6 +8,8 @@ namespace kelvado {
 
 namespace {
 
+constexpr int kRemoved = -1; ///< the row of a film that is no longer in the tree
+
 bool SameValue(QStringView a, QStringView b)
 {
     return a.compare(b, Qt::CaseInsensitive) == 0;
@@ -33,8 +35,10 @@ void TreeContent::AddFilm(TreeFilm film, int group)
 void CatalogModel::SetContent(TreeContent content)
 {
     beginResetModel();
+    m_removedFilms = 0;
     m_content = std::move(content);
     m_casts.clear();
+    m_castOrder.clear();
     m_filmsById.clear();
     endResetModel();
 }
@@ -50,6 +54,8 @@ void CatalogModel::SetCast(const QModelIndex& film, const std::vector<TreeActor>
         m_casts.insert(number, {});
         endRemoveRows();
     }
+    std::erase(m_castOrder, number);
+    m_castOrder.push_back(number);
     if (!cast.empty()) {
         beginInsertRows(film, 0, static_cast<int>(cast.size()) - 1);
         m_casts.insert(number, cast);
@@ -86,8 +92,10 @@ QModelIndex CatalogModel::Find(const QString& key) const
     }
     if (m_filmsById.isEmpty()) {
         m_filmsById.reserve(static_cast<qsizetype>(m_content.films.size()));
-        for (std::size_t i = 0; i < m_content.films.size(); ++i)
-            m_filmsById.insert(m_content.films[i].id, static_cast<int>(i));
+        for (std::size_t i = 0; i < m_content.films.size(); ++i) {
+            if (m_content.films[i].row != kRemoved)
+                m_filmsById.insert(m_content.films[i].id, static_cast<int>(i));
+        }
     }
     const QString second = key.section(u'\n', 1).chopped(1);
     const QList<int> films = m_filmsById.values(KeyPart(key, 0).toLongLong());
@@ -120,6 +128,61 @@ void CatalogModel::SetFilmValue(const QModelIndex& film, const QString& value)
         return;
     m_content.films[static_cast<std::size_t>(NumberOf(film))].value = value;
     Q_EMIT dataChanged(film, film);
+}
+
+void CatalogModel::RemoveFilm(const QModelIndex& film)
+{
+    if (!film.isValid() || KindOf(film) != Kind::Film)
+        return;
+    const int number = NumberOf(film);
+    const int row = film.row();
+    TreeFilm& gone = m_content.films[static_cast<std::size_t>(number)];
+    TreeGroup& group = m_content.groups[static_cast<std::size_t>(gone.group)];
+    beginRemoveRows(film.parent(), row, row);
+    group.films.erase(group.films.begin() + row);
+    for (std::size_t place = static_cast<std::size_t>(row); place < group.films.size(); ++place)
+        m_content.films[static_cast<std::size_t>(group.films[place])].row = static_cast<int>(place);
+    // Its place in the list stays, so that the numbers of the others stay; nothing leads there any more.
+    m_filmsById.remove(gone.id, number);
+    gone.row = kRemoved;
+    m_casts.remove(number);
+    std::erase(m_castOrder, number);
+    ++m_removedFilms;
+    endRemoveRows();
+}
+
+int CatalogModel::NodeCount() const
+{
+    std::size_t count = m_content.groups.size() + m_content.films.size() - static_cast<std::size_t>(m_removedFilms);
+    for (const int film : m_castOrder)
+        count += m_casts.constFind(film)->size();
+    return static_cast<int>(count);
+}
+
+QModelIndex CatalogModel::NodeAt(int place) const
+{
+    int rest = place - 1;
+    if (rest < 0)
+        return {};
+    if (rest < GroupCount())
+        return Make(rest, Kind::Group, rest);
+    rest -= GroupCount();
+    const int films = static_cast<int>(m_content.films.size());
+    if (m_removedFilms == 0 && rest < films)
+        return IndexOfFilm(rest);
+    if (m_removedFilms == 0)
+        rest -= films;
+    for (int film = 0; m_removedFilms > 0 && film < films; ++film) {
+        if (m_content.films[static_cast<std::size_t>(film)].row != kRemoved && rest-- == 0)
+            return IndexOfFilm(film);
+    }
+    for (const int film : m_castOrder) {
+        const int cast = static_cast<int>(m_casts.constFind(film)->size());
+        if (rest < cast)
+            return Make(rest, Kind::Actor, film);
+        rest -= cast;
+    }
+    return {};
 }
 
 QModelIndex CatalogModel::Make(int row, Kind kind, int number) const

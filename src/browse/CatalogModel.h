@@ -80,6 +80,13 @@ public:
     void SetFilmTitle(const QModelIndex& film, const QString& title);
     /// Gives a film the second part of its key; it stays where it stands.
     void SetFilmValue(const QModelIndex& film, const QString& value);
+    /// Takes one film node out of the tree, with its cast; the same film under other groups stays. Anything but a film is left alone.
+    void RemoveFilm(const QModelIndex& film);
+
+    /// All nodes in the order in which they came into the tree: groups, films, then the casts that were fetched. Placeholders do not count.
+    int NodeCount() const;
+    /// Node `place`, from 1 to `NodeCount`; an invalid index outside.
+    QModelIndex NodeAt(int place) const;
     int GroupCount() const { return static_cast<int>(m_content.groups.size()); }
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -107,7 +114,9 @@ private:
     QString KeyOf(const QModelIndex& index) const;
 
     TreeContent m_content;
-    QHash<int, std::vector<TreeActor>> m_casts;  ///< by film
+    QHash<int, std::vector<TreeActor>> m_casts; ///< by film
+    std::vector<int> m_castOrder;               ///< the films of `m_casts` in the order in which they were fetched
+    int m_removedFilms = 0;
     mutable QMultiHash<qint64, int> m_filmsById; ///< made at the first search
     QColor m_textColor, m_backColor;
     std::array<QIcon, kImages + 1> m_images;

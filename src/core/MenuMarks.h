@@ -4,7 +4,8 @@
 
 namespace kelvado {
 
-/// The check marks of the main window's menus. Some of them are the only home of an option while the program runs.
+/// The entries of the main window's menus, as the logic sees them. Some check marks are the only home of an option while the
+/// program runs.
 class MenuMarks
 {
 public:
@@ -14,6 +15,9 @@ public:
     virtual void SetChecked(const QString& menu, int index, bool checked) = 0;
     virtual bool IsChecked(const QString& menu, int index) const = 0;
     virtual void SetEnabled(const QString& menu, int index, bool enabled) = 0;
+    virtual void SetVisible(const QString& menu, int index, bool visible) = 0;
+    /// `caption` is shown as it stands: "&" marks no key in it.
+    virtual void SetCaption(const QString& menu, int index, const QString& caption) = 0;
 };
 
 } // namespace kelvado

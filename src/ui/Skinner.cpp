@@ -116,6 +116,8 @@ void Skinner::ApplySkin(const QString& skin)
 void Skinner::InstallSkinFont() const
 {
     const QString folder = SkinFolder(m_skin);
+    if (m_skin.isEmpty() || !QFileInfo(folder).isDir())
+        return;
     const QString fontFile = Read("Skin", "FontFile");
     const QString path = FindFileCaseBlind(folder, fontFile);
     const bool named = !fontFile.isEmpty() && fontFile != u"0";

@@ -14,9 +14,13 @@ public:
     bool IsChecked(const QString& menu, int index) const override { return checked.value(Name(menu, index)); }
     void SetEnabled(const QString& menu, int index, bool on) override { enabled[Name(menu, index)] = on; }
 
+    void SetVisible(const QString& menu, int index, bool on) override { visible[Name(menu, index)] = on; }
+    void SetCaption(const QString& menu, int index, const QString& text) override { captions[Name(menu, index)] = text; }
+
     QStringList CheckedEntries() const { return checked.keys(true); }
 
-    QMap<QString, bool> checked, enabled;
+    QMap<QString, bool> checked, enabled, visible;
+    QMap<QString, QString> captions;
 
 private:
     static QString Name(const QString& menu, int index) { return index < 0 ? menu : menu + u'_' + QString::number(index); }

@@ -1,0 +1,39 @@
+#include "app/StatusBar.h"
+
+#include "core/Guard.h"
+
+namespace kelvado {
+
+namespace {
+
+constexpr int kLastEntry = 12;
+const QString kMenu = QStringLiteral("mnuStatusItem");
+
+} // namespace
+
+StatusBar::StatusBar(const AppState& state, Dialogs& dialogs, Menus& menus, const Skinner& skinner, StatusCells& cells)
+    : m_state(state), m_menus(menus), m_skinner(skinner), m_cells(cells)
+{
+    for (int entry = 1; entry <= kLastEntry; ++entry)
+        connect(&m_menus.Entry(kMenu, entry), &QAction::triggered, this,
+                [this, entry, &dialogs] { Guarded(dialogs, [&] { Toggle(entry); }); });
+}
+
+void StatusBar::Update(bool recount)
+{
+    const SkinValues& colors = m_skinner.Values();
+    m_cells.SetColors(colors.statusLight, colors.statusBack, colors.statusDark);
+    if (recount)
+        m_texts.Recount(m_state.CatalogPath());
+    m_texts.TakeView(m_state);
+    m_cells.SetCells(m_texts.Shown(m_state.gOptions->Status));
+}
+
+// The press has turned the entry's mark over already.
+void StatusBar::Toggle(int entry)
+{
+    m_state.gOptions->Status.*StatusOption(entry) = m_menus.IsChecked(kMenu, entry) ? 1 : 0;
+    Update(false);
+}
+
+} // namespace kelvado

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "core/AppState.h"
+#include "core/Dialogs.h"
+#include "core/MenuMarks.h"
+#include "core/Shell.h"
+
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <span>
+
+namespace kelvado {
+
+/// One condition on the films: its SQL and the text of its menu entry. A cancelled dialog gives a `WhereText` of "0".
+struct FilterRecord
+{
+    QString WhereText;
+    QString Caption;
+};
+
+/// One entry of the tree of filter elements. A group cannot be chosen.
+struct FilterElement
+{
+    const char* caption;
+    const char* key; ///< column key; the group's own key, which contains "MAIN", for a group
+    bool IsGroup() const;
+    /// A text element is compared for equality alone; a numeric one can also be greater or less. Both include the value itself.
+    bool IsText() const;
+};
+
+/// All elements in the order of the tree, each group followed by its elements.
+std::span<const FilterElement> FilterElements();
+/// The captions of the comparisons of a numeric element, in their order.
+std::span<const char* const> FilterOperands();
+
+/// What the dialog has to say before it accepts; the empty text where all is well. `element` is null where none is selected, `operand`
+/// -1 where none is chosen.
+QString FilterFault(const FilterElement* element, int operand, const QString& text);
+/// The condition that the dialog stands for. The value stands in double quotes as it was typed.
+FilterRecord MakeFilter(const FilterElement& element, int operand, const QString& text);
+
+/// The active filters, at most five, joined by AND, with their menu entries. They last as long as the program runs.
+class Filters
+{
+public:
+    static constexpr int kMost = 5;
+    using AskFilter = std::function<FilterRecord()>;
+
+    Filters(AppState& state, Dialogs& dialogs, MenuMarks& marks, Shell& shell, AskFilter askFilter);
+
+    void Add();
+    /// Asks first.
+    void RemoveAll();
+    /// Asks first, then removes record `index` and hides the menu entry that was clicked. The other entries keep their places, so behind a
+    /// removal in the middle entries and records no longer stand side by side; entry k still removes record k.
+    void RemoveSingle(int index);
+    /// Puts `FilterWhere` of the state together from the active filters.
+    void BuildFilterWhere();
+
+private:
+    void Apply();
+    void EnableAdd(bool enabled);
+
+    AppState& m_state;
+    Dialogs& m_dialogs;
+    MenuMarks& m_marks;
+    Shell& m_shell;
+    AskFilter m_askFilter;
+    std::array<FilterRecord, kMost + 1> m_active; ///< those from `FilterCount` on are stale
+};
+
+} // namespace kelvado

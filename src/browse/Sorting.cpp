@@ -1,0 +1,133 @@
+#include "browse/Sorting.h"
+
+#include "core/RuntimeError.h"
+
+#include <cstring>
+
+namespace kelvado {
+
+namespace {
+
+constexpr SortMethod kMethods[] = {
+    {"Movie", "MovieMAIN"},
+    {"Aphabetical", "Movie.Title"},
+    {"Year", "Movie.Year"},
+    {"Format", "Movie.Format"},
+    {"Runtime", "Movie.Runtime"},
+    {"Discs/Tapes", "Movie.Number"},
+    {"Index", "Movie.Index"},
+    {"Rated", "Movie.Rated"},
+    {"Color", "Movie.Color"},
+    {"Country", "Movie.Country"},
+    {"Spoken Language(s)", "Movie.Language"},
+    {"Subtitle Language(s)", "Movie.SubLanguage"},
+    {"Genre", "GenreMAIN"},
+    {"Genre", "Genre.Genre"},
+    {"Web", "WebMAIN"},
+    {"IMDb Rating", "Movie.Rating"},
+    {"IMDb Votes", "Movie.Votes"},
+    {"IMDb Number", "Movie.IMDb"},
+    {"IMDb Link", "Movie.IMDbLink"},
+    {"DVDEmpire Link", "Movie.ISONEWS"},
+    {"Custom Link 1", "Movie.UserURL1"},
+    {"Custom Link 2", "Movie.UserURL2"},
+    {"Trailer Link", "Movie.TrailerURL"},
+    {"File Details", "FileMAIN"},
+    {"Audio Type", "Movie.AudType"},
+    {"Video Type", "Movie.VidType"},
+    {"Audio Bitrate", "Movie.AudBitrate"},
+    {"Video Bitrate", "Movie.VidBitrate"},
+    {"Audio Channels", "Movie.AudChannels"},
+    {"Resolution", "Movie.Resolution"},
+    {"Filename", "Movie.Filename"},
+    {"Filesize", "Movie.Filesize"},
+    {"Group", "Movie.Group"},
+    {"Custom Entries", "CustomMAIN"},
+    {"Custom Entry 1", "Movie.Custom1"},
+    {"Custom Entry 2", "Movie.Custom2"},
+    {"Custom Entry 3", "Movie.Custom3"},
+};
+
+// Of the menus' entries; the custom dialog is the entry behind the last one.
+constexpr const char* kPrimaryKeys[] = {"Movie.IsRequest", "Movie.Title", "Movie.Format", "Genre.Genre",
+                                        "Movie.Year",      "Movie.Index", "Movie.Custom1"};
+constexpr const char* kSecondaryKeys[] = {"Movie.Title", "Movie.Index", "Movie.Format", "Movie.Year"};
+constexpr const char* kViewModes[] = {"Movies", "Requests", "Loans", "MovieNight"};
+
+} // namespace
+
+bool SortMethod::IsGroup() const
+{
+    return std::strstr(key, "MAIN") != nullptr;
+}
+
+std::span<const SortMethod> SortMethods()
+{
+    return kMethods;
+}
+
+Sorting::Sorting(AppState& state, MenuMarks& marks, Shell& shell, AskMethod askMethod)
+    : m_state(state), m_marks(marks), m_shell(shell), m_askMethod(std::move(askMethod))
+{
+}
+
+void Sorting::ChoosePrimary(int entry)
+{
+    Choose(entry, QStringLiteral("mnuSortPrimDetail"), kPrimaryKeys, &cOptView::PrimarySort);
+}
+
+void Sorting::ChooseSecondary(int entry)
+{
+    Choose(entry, QStringLiteral("mnuSortSecDetail"), kSecondaryKeys, &cOptView::SecondarySort);
+}
+
+void Sorting::Choose(int entry, const QString& menu, std::span<const char* const> keys, QString cOptView::*sort)
+{
+    const int custom = static_cast<int>(keys.size());
+    if (entry < 0 || entry > custom)
+        throw RuntimeError(kErrSubscript);
+    for (int i = 0; i < custom; ++i)
+        m_marks.SetChecked(menu, i, i == entry);
+    m_marks.SetChecked(menu, entry, true);
+    const QString key = entry < custom ? QString::fromLatin1(keys[static_cast<std::size_t>(entry)]) : m_askMethod();
+    if (key == kNothingChosen)
+        return;
+    m_state.gOptions->View.*sort = key;
+    m_shell.RefreshCatalogTree();
+}
+
+void Sorting::TogglePrimaryDirection()
+{
+    ToggleDirection(QStringLiteral("mnuSortPrimDESC"), &cOptView::PrimaryOrder);
+}
+
+void Sorting::ToggleSecondaryDirection()
+{
+    ToggleDirection(QStringLiteral("mnuSortSecDESC"), &cOptView::SecondaryOrder);
+}
+
+void Sorting::ToggleDirection(const QString& menu, QString cOptView::*order)
+{
+    const bool descending = !m_marks.IsChecked(menu, -1);
+    m_state.gOptions->View.*order = descending ? QStringLiteral("DESC") : QString();
+    m_marks.SetChecked(menu, -1, descending);
+    m_shell.RefreshCatalogTree();
+}
+
+void Sorting::TogglePrimaryExpanded()
+{
+    const QString menu = QStringLiteral("mnuSortPrimExpanded");
+    m_marks.SetChecked(menu, -1, !m_marks.IsChecked(menu, -1));
+}
+
+void Sorting::ChooseViewMode(int entry)
+{
+    if (entry < 0 || entry >= static_cast<int>(std::size(kViewModes)))
+        throw RuntimeError(kErrSubscript);
+    m_state.gOptions->View.ViewMode = QString::fromLatin1(kViewModes[entry]);
+    for (int i = 0; i < static_cast<int>(std::size(kViewModes)); ++i)
+        m_marks.SetChecked(QStringLiteral("mnuViewMode"), i, i == entry);
+    m_shell.RefreshCatalogTree();
+}
+
+} // namespace kelvado

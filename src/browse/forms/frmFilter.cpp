@@ -1,0 +1,59 @@
+#include "browse/forms/frmFilter.h"
+
+#include "browse/forms/MethodTree.h"
+#include "ui_frmFilter.h"
+
+namespace kelvado {
+
+frmFilter::frmFilter(Dialogs& dialogs, QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmFilter>()), m_dialogs(dialogs)
+{
+    m_ui->setupUi(this);
+    int number = 0;
+    for (const FilterElement& element : FilterElements())
+        AddMethod(*m_ui->tvFilter, QString::fromLatin1(element.caption), element.IsGroup(), number++);
+    connect(m_ui->tvFilter, &QTreeWidget::currentItemChanged, this, &frmFilter::OnSelect);
+    connect(m_ui->cmdAddFilter, &QPushButton::clicked, this, &frmFilter::OnAdd);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmFilter::~frmFilter() = default;
+
+FilterRecord frmFilter::ShowAndRead()
+{
+    if (exec() != QDialog::Accepted)
+        return {QStringLiteral("0"), {}};
+    return MakeFilter(*Element(), m_ui->CboOperand->currentIndex(), m_ui->txtFilter->text());
+}
+
+const FilterElement* frmFilter::Element() const
+{
+    const int number = MethodNumber(m_ui->tvFilter->currentItem());
+    return number < 0 ? nullptr : &FilterElements()[static_cast<std::size_t>(number)];
+}
+
+void frmFilter::OnSelect()
+{
+    const FilterElement* element = Element();
+    const bool chosen = element && !element->IsGroup();
+    m_ui->cmdAddFilter->setEnabled(chosen);
+    if (!chosen)
+        return;
+    m_ui->CboOperand->clear();
+    m_ui->CboOperand->setEnabled(!element->IsText());
+    if (element->IsText())
+        return;
+    for (const char* operand : FilterOperands())
+        m_ui->CboOperand->addItem(QString::fromLatin1(operand));
+    m_ui->CboOperand->setCurrentIndex(-1);
+}
+
+void frmFilter::OnAdd()
+{
+    const QString fault = FilterFault(Element(), m_ui->CboOperand->currentIndex(), m_ui->txtFilter->text());
+    if (fault.isEmpty())
+        accept();
+    else
+        m_dialogs.MessageBox(fault, kBoxInformation);
+}
+
+} // namespace kelvado

@@ -1,0 +1,89 @@
+#include "store/mStatusBar.h"
+
+#include "core/RuntimeError.h"
+#include "store/Recordset.h"
+
+namespace kelvado {
+
+namespace {
+
+struct Count
+{
+    StatusCell cell;
+    const char* caption;
+    const char* sql;
+};
+
+// In the order in which they are counted.
+constexpr Count kCounts[] = {
+    {StatusCell::Requests, "Total Requests: ", "SELECT Title FROM Movie WHERE Format = 'Request'"},
+    {StatusCell::Movies,
+     "Total Movies: ", "SELECT Title FROM Movie WHERE ((Movie.Format <> 'Request' AND Movie.Loan_ID = 0) OR Movie.Format Is Null)"},
+    {StatusCell::Loans, "Loaned Movies: ", "SELECT Title FROM Movie WHERE Movie.Loan_ID <> 0"},
+    {StatusCell::Discs, "Total Discs: ", "SELECT Sum(Movie.Number) As SumDiscs FROM Movie"},
+    {StatusCell::Actors, "Total Actors: ", "SELECT Actor FROM Actor"},
+    {StatusCell::Writers, "Total Writers: ", "SELECT Writer FROM Writer"},
+    {StatusCell::Directors, "Total Directors: ", "SELECT Director FROM Director"},
+    {StatusCell::Producers, "Total Producers: ", "SELECT Producer FROM Producer"},
+};
+
+// By cell.
+constexpr std::int32_t cOptStatus::*kOptions[] = {&cOptStatus::TotalMovies,    &cOptStatus::TotalRequests,  &cOptStatus::TotalLoans,
+                                                  &cOptStatus::TotalDiscs,     &cOptStatus::TotalActors,    &cOptStatus::TotalWriters,
+                                                  &cOptStatus::TotalDirectors, &cOptStatus::TotalProducers, &cOptStatus::PrimMethod,
+                                                  &cOptStatus::SecMethod,      &cOptStatus::ViewMethod,     &cOptStatus::FiltersMethod};
+
+// By entry of the menu, from 1.
+constexpr std::int32_t cOptStatus::*kMenuOptions[] = {&cOptStatus::TotalMovies,  &cOptStatus::TotalRequests,  &cOptStatus::TotalLoans,
+                                                      &cOptStatus::TotalDiscs,   &cOptStatus::PrimMethod,     &cOptStatus::SecMethod,
+                                                      &cOptStatus::ViewMethod,   &cOptStatus::FiltersMethod,  &cOptStatus::TotalActors,
+                                                      &cOptStatus::TotalWriters, &cOptStatus::TotalDirectors, &cOptStatus::TotalProducers};
+
+QString BehindThePoint(const QString& sort)
+{
+    return sort.section(u'.', 1, 1);
+}
+
+} // namespace
+
+void StatusTexts::Recount(const QString& catalogPath)
+{
+    Connection connection;
+    connection.Open(ConnectionString(catalogPath));
+    for (const Count& count : kCounts) {
+        Recordset rows;
+        rows.Open(QString::fromLatin1(count.sql), connection);
+        // The sum of no discs is Null, and its cell then holds the caption alone.
+        const QString number = count.cell == StatusCell::Discs ? rows.Text(0) : QString::number(rows.RecordCount());
+        Text(count.cell) = QString::fromLatin1(count.caption) + number;
+    }
+    connection.Close();
+}
+
+void StatusTexts::TakeView(const AppState& state)
+{
+    const cOptView& view = state.gOptions->View;
+    Text(StatusCell::PrimaryMethod) = QStringLiteral("Primary Sort: ") + BehindThePoint(view.PrimarySort);
+    Text(StatusCell::SecondaryMethod) = QStringLiteral("Secondary Sort: ") + BehindThePoint(view.SecondarySort);
+    Text(StatusCell::ViewMethod) = QStringLiteral("View Mode: ") + view.ViewMode;
+    Text(StatusCell::Filters) = QStringLiteral("Active Filters: ") + QString::number(state.FilterCount);
+}
+
+QStringList StatusTexts::Shown(const cOptStatus& options) const
+{
+    QStringList shown;
+    for (std::size_t cell = 0; cell < m_texts.size(); ++cell) {
+        if (options.*kOptions[cell] == 1)
+            shown << m_texts[cell];
+    }
+    return shown;
+}
+
+std::int32_t cOptStatus::*StatusOption(int entry)
+{
+    if (entry < 1 || entry > static_cast<int>(std::size(kMenuOptions)))
+        throw RuntimeError(kErrSubscript);
+    return kMenuOptions[entry - 1];
+}
+
+} // namespace kelvado
