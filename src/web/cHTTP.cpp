@@ -1,0 +1,29 @@
+#include "web/cHTTP.h"
+
+#include "core/Conversions.h"
+#include "core/Version.h"
+#include "web/HttpAnswer.h"
+
+namespace kelvado {
+
+cHTTP::cHTTP(QNetworkAccessManager& network, const NetworkLimits& limits, const QString& url)
+    : m_network(network), m_limits(limits), m_url(url)
+{
+}
+
+QString cHTTP::UserAgent() const
+{
+    if (!m_userAgent.isEmpty())
+        return m_userAgent;
+    return QStringLiteral("Mozilla/4.0 (compatible; KelDB %1.%2; Win32;)").arg(kMajorVersion).arg(kMinorVersion);
+}
+
+void cHTTP::SetUrl(const QString& /*url*/) {}
+
+QString cHTTP::GetUrl(const QString& url)
+{
+    const QString& address = url.isEmpty() ? m_url : url;
+    return address.isEmpty() ? QString() : FromWindows1252(FetchAnswer(m_network, address, UserAgent(), m_limits).body);
+}
+
+} // namespace kelvado

@@ -1,0 +1,130 @@
+#include "LoopbackServer.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempHome.h"
+#include "web/Hraw.h"
+#include "web/cHTTP.h"
+#include "web/cWaitableTimer.h"
+#include "web/mWeb.h"
+
+#include <QElapsedTimer>
+#include <QNetworkAccessManager>
+
+namespace kelvado {
+namespace {
+
+using namespace Qt::StringLiterals;
+using Then = LoopbackServer::Then;
+
+QByteArray Page(const QByteArray& status, const QByteArray& body, qsizetype length)
+{
+    return "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(length) + "\r\nConnection: close\r\n\r\n" + body;
+}
+
+TEST(BodyFetch, PresentsItselfAndTakesNothingFromACache)
+{
+    const LoopbackServer server(Page("200 OK", "L\xF6wen", 5));
+    QNetworkAccessManager network;
+    cHTTP http(network, {});
+    http.SetUrl(server.Url(u"/kept"_s));
+    EXPECT_EQ(http.Url(), QString()) << "the address is always dropped";
+    EXPECT_EQ(http.GetUrl(QString()), QString());
+    EXPECT_TRUE(server.requests.isEmpty());
+
+    EXPECT_EQ(http.GetUrl(server.Url(u"/Title?0912345"_s)), u"L\u00F6wen");
+    http.SetUserAgent(u"Tester"_s);
+    EXPECT_EQ(cHTTP(network, {}, server.Url(u"/given"_s)).GetUrl(QString()), u"L\u00F6wen");
+    http.GetUrl(server.Url(u"/again"_s));
+    EXPECT_EQ(server.Paths(), (QByteArrayList{"/Title?0912345", "/given", "/again"}));
+    EXPECT_TRUE(server.requests[0].contains("User-Agent: Mozilla/4.0 (compatible; KelDB 2.0; Win32;)\r\n"));
+    EXPECT_TRUE(server.requests[0].toLower().contains("cache-control: no-cache\r\n"));
+    EXPECT_TRUE(server.requests[2].contains("User-Agent: Tester\r\n"));
+}
+
+TEST(BodyFetch, IsEmptyWhereTheAnswerDidNotArriveWhole)
+{
+    const NetworkLimits tight{.TimeoutMilliseconds = 150, .MaxRedirects = 3, .LargestAnswer = 2000};
+    const struct
+    {
+        const char* name;
+        QByteArray answer;
+        Then then;
+        QByteArray body;
+        bool isPicture = true;
+    } cases[] = {
+        {"whole", Page("200 OK", "page", 4), Then::Close, "page"},
+        {"length untold", "HTTP/1.0 200 OK\r\n\r\npage", Then::Close, "page"},
+        {"page of an error", Page("404 Not Found", "lost", 4), Then::Close, "lost", false},
+        {"page of a server's error", Page("503 Service Unavailable", "busy", 4), Then::Close, "busy", false},
+        {"refused", Page("403 Forbidden", "no", 2), Then::Close, "no", false},
+        {"cut", Page("200 OK", "pa", 4), Then::Close, ""},
+        {"reset", Page("200 OK", "pa", 4), Then::Reset, ""},
+        {"stall", Page("200 OK", "pa", 4), Then::Stall, ""},
+        {"a byte now and then", Page("200 OK", "pa", 4000), Then::Trickle, ""},
+        {"too much", Page("200 OK", QByteArray(3000, 'x'), 3000), Then::Close, ""},
+        {"no answer of the web", "garbage", Then::Close, ""},
+        {"ring", "HTTP/1.1 302 Found\r\nLocation: /\r\nContent-Length: 0\r\nConnection: close\r\n\r\n", Then::Close, ""},
+    };
+    ScriptedDialogs dialogs;
+    Hraw hraw(tight, dialogs);
+    for (const auto& c : cases) {
+        const LoopbackServer server(c.answer, c.then);
+        EXPECT_EQ(hraw.GetUrl(server.Url(u"/"_s)).toLatin1(), c.body) << c.name;
+        EXPECT_EQ(hraw.OpenURL(server.Url(u"/"_s)), c.isPicture ? c.body : QByteArray()) << c.name;
+        EXPECT_LE(server.requests.size(), 16) << c.name;
+    }
+    EXPECT_TRUE(dialogs.boxes.isEmpty()) << "these fetchers fail quietly";
+}
+
+TEST(BodyFetch, FollowsARedirectAndRefusesWhatIsNotOnTheWeb)
+{
+    const LoopbackServer server([](const QByteArray& path) -> LoopbackServer::Reply {
+        return {path == "/a" ? "HTTP/1.1 301 Moved\r\nLocation: /b\r\nContent-Length: 0\r\n\r\n"
+                             : Page("200 OK", QByteArray("\xFF\x00", 2), 2)};
+    });
+    const TempHome home;
+    home.Write(u"secret.txt"_s, "secret");
+    ScriptedDialogs dialogs;
+    Hraw hraw({}, dialogs);
+    EXPECT_EQ(hraw.OpenURL(server.Url(u"/a"_s)), QByteArray("\xFF\x00", 2));
+    EXPECT_EQ(hraw.OpenURL(LoopbackServer(QByteArray()).Url(u"/x"_s)), QByteArray()) << "a dead host";
+    for (const QString& url : {"file://"_L1 + home.Path(u"secret.txt"_s), u"data:,secret"_s, u"/path"_s, u"http://a b/"_s, QString()})
+        EXPECT_EQ(hraw.OpenURL(url), QByteArray()) << qPrintable(url);
+}
+
+TEST(NetworkLimits, AreOffWhereTheirKeysAreMissingOrNoNumbers)
+{
+    const TempHome home;
+    const NetworkLimits none = ReadNetworkLimits(home.Path(u"none.ini"_s));
+    EXPECT_FALSE(none.ErrorEndsWait);
+    EXPECT_EQ(none.TimeoutMilliseconds, 0);
+    home.Write(u"s.ini"_s, "[Network]\nErrorEndsWait=1\nTimeoutSeconds=9999999\nMaxRedirects=-3\n");
+    const NetworkLimits limits = ReadNetworkLimits(home.Path(u"s.ini"_s));
+    EXPECT_TRUE(limits.ErrorEndsWait);
+    EXPECT_EQ(limits.TimeoutMilliseconds, 86'400'000);
+    EXPECT_EQ(limits.MaxRedirects, 0);
+}
+
+TEST(WaitableTimer, ServesEventsUntilTheTimeHasPassed)
+{
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] { ++ticks; });
+    timer.start(5);
+    QElapsedTimer time;
+    time.start();
+    cWaitableTimer().Wait(50);
+    EXPECT_GE(time.nsecsElapsed(), 49'000'000);
+    EXPECT_GE(ticks, 1);
+}
+
+TEST(OpenInBrowser, PassesOnlyAddressesOfWebAndMail)
+{
+    QStringList opened;
+    for (const QString& url : {u"http://a.test/Title?0912345"_s, u"HTTPS://a.test/"_s, u"mailto:a@b.test"_s, u"file:///etc/passwd"_s,
+                               u"javascript:alert(1)"_s, u"/usr/bin/xterm"_s, QString()})
+        OpenInBrowser(url, [&](const QUrl& address) { opened << address.toString(); });
+    EXPECT_EQ(opened, (QStringList{u"http://a.test/Title?0912345"_s, u"https://a.test/"_s, u"mailto:a@b.test"_s}));
+}
+
+} // namespace
+} // namespace kelvado
