@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/Transport.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <functional>
+
+namespace kelvado {
+
+/// Answers each address from a table made beforehand, with nothing where it has none, and keeps what was asked.
+class ScriptedTransport : public Transport
+{
+public:
+    QString Get_HTML(const QString& url) override
+    {
+        if (!url.isEmpty()) {
+            Note(QStringLiteral("Get_HTML "), url);
+            htmlDoc = pages.value(url);
+        }
+        return htmlDoc;
+    }
+    QString GetUrl(const QString& url) override
+    {
+        Note(QStringLiteral("GetUrl "), url);
+        return pages.value(url);
+    }
+    QByteArray OpenURL(const QString& url) override
+    {
+        Note(QStringLiteral("OpenURL "), url);
+        return pictures.value(url);
+    }
+
+    QHash<QString, QString> pages;
+    QHash<QString, QByteArray> pictures;
+    QStringList requests;             ///< "GetUrl http://host/path"
+    std::function<void()> duringEach; ///< runs while a fetch waits
+    QString htmlDoc;
+
+private:
+    void Note(const QString& fetcher, const QString& url)
+    {
+        requests << fetcher + url;
+        if (duringEach)
+            duringEach();
+    }
+};
+
+} // namespace kelvado

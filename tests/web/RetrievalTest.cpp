@@ -1,0 +1,298 @@
+#include "PageReaders.h"
+#include "WebPages.h"
+#include "support/ScriptedTransport.h"
+#include "support/TempCatalog.h"
+#include "support/TempHome.h"
+#include "web/mIMDB.h"
+
+#include <gtest/gtest.h>
+
+namespace kelvado {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kTitlePage = u"http://main.test/Title?0000001"_s;
+const QString kPlotPage = u"http://main.test/Plot?0000001"_s;
+const QString kCompaniesPage = u"http://main.test/Companies?0000001"_s;
+const QString kCreditsPage = u"http://main.test/Credits?0000001"_s;
+const QString kShopResults = u"http://search.test/r/5040-dvd/us"_s;
+const QString kShopProduct = u"http://shop.test/exec/dvd/2"_s;
+const QString kPoster = u"http://posters.test/media/12/48m.jpg"_s;
+const QString kLargePicture = u"http://pictures.test/large.jpg"_s;
+
+/// Writes what is shown into the transport's own list, so that one list tells the order of all.
+class RecordingProgress : public RetrievalProgress
+{
+public:
+    explicit RecordingProgress(QStringList& log) : m_log(log) {}
+    void Open() override { m_log << u"open"_s; }
+    void Close() override { m_log << u"close"_s; }
+    void ShowFilm(const QString& title) override { m_log << title; }
+    void ShowStage(const QString& filmOf, const QString& stage, int percent) override
+    {
+        m_log << u"%1: %2, %3%"_s.arg(filmOf, stage).arg(percent);
+    }
+
+private:
+    QStringList& m_log;
+};
+
+/// A list in a form that a failing test can show.
+std::string Lines(const QStringList& lines)
+{
+    return lines.join(u'\n').toStdString();
+}
+
+class RetrievalTest : public testing::Test
+{
+protected:
+    RetrievalTest()
+    {
+        transport.pages = {{kTitlePage, FetchedPage("title")},          {kPlotPage, FetchedPage("plot")},
+                           {kCompaniesPage, FetchedPage("companies")},  {kCreditsPage, FetchedPage("credits")},
+                           {kShopResults, FetchedPage("shop-results")}, {kShopProduct, FetchedPage("shop-product")}};
+        transport.pictures = {{kPoster, "\xFF\xD8\xFFposter"}, {kLargePicture, "GIF89a large"}};
+    }
+
+    std::optional<FilmRecord> Retrieve() { return RetrieveFilm(u"0000001"_s, retrieval); }
+
+    TempHome home;
+    ScriptedTransport transport;
+    RetrievalBatch batch;
+    RecordingProgress progress{transport.requests};
+    Retrieval retrieval{transport, TestHosts(), home.Path(u"Settings.ini"_s), home.Path(u"temp"_s), batch, progress};
+};
+
+TEST_F(RetrievalTest, AsksAllPagesInOrderAndShowsEachStage)
+{
+    ASSERT_TRUE(Retrieve());
+    EXPECT_EQ(Lines(transport.requests), Lines({
+                                             "GetUrl "_L1 + kTitlePage,
+                                             u"The L\u00F6wen Affair (1987/II) (TV)"_s,
+                                             u"1 / 1: Retrieving IMDb Title Page, 14%"_s,
+                                             u"1 / 1: Parsing IMDb Title Page, 29%"_s,
+                                             u"1 / 1: Locating High Resolution Imagery, 43%"_s,
+                                             "Get_HTML "_L1 + kShopResults,
+                                             "Get_HTML "_L1 + kShopProduct,
+                                             u"1 / 1: Downloading Image, 57%"_s,
+                                             "OpenURL "_L1 + kLargePicture,
+                                             u"1 / 1: Retrieving IMDb Plot Page, 71%"_s,
+                                             "GetUrl "_L1 + kPlotPage,
+                                             u"1 / 1: Retrieving IMDb Companies Page, 86%"_s,
+                                             "GetUrl "_L1 + kCompaniesPage,
+                                             u"1 / 1: Retrieving IMDb Credits Page, 100%"_s,
+                                             "GetUrl "_L1 + kCreditsPage,
+                                         }));
+}
+
+TEST_F(RetrievalTest, FillsTheRecordFromThePages)
+{
+    const FilmRecord film = Retrieve().value();
+    EXPECT_EQ(film.Title, u"The L&#246;wen Affair (1987/II) (TV)");
+    EXPECT_EQ(film.Year, u"1987");
+    EXPECT_EQ(film.Rating, u"7.0");
+    EXPECT_EQ(film.Votes, u"41,310 votes");
+    EXPECT_EQ(film.IMDB, u"0912345") << "of the page that was reached";
+    EXPECT_EQ(film.Rated, u"PG-13");
+    EXPECT_EQ(film.Genres.size(), 3);
+    EXPECT_EQ(film.ImageURL, kPoster);
+    EXPECT_EQ(film.HiResImageURL, kLargePicture);
+    EXPECT_EQ(film.ImageData, "GIF89a large");
+    EXPECT_EQ(film.ImageExtention, u"GIF");
+    EXPECT_EQ(home.Read(u"temp/tmp.img"_s), "GIF89a large");
+    EXPECT_EQ(film.Plot, ParsePlotPage(FetchedPage("plot")));
+    EXPECT_GT(film.Companies.size(), 2);
+    for (const auto& people : {film.Actors, film.Directors, film.Producers, film.Writers})
+        EXPECT_FALSE(people.isEmpty());
+    EXPECT_EQ(film.Format + film.Number + film.Index, QString()) << "these are the caller's";
+}
+
+TEST_F(RetrievalTest, OnlyTheKey0SparesTheShop)
+{
+    for (const char* value : {"0", "1", ""}) {
+        home.Write(u"Settings.ini"_s, QByteArray("[Options]\nGetHighResImage=") + value + "\n");
+        transport.requests.clear();
+        const FilmRecord film = Retrieve().value();
+        const bool asked = transport.requests.contains("Get_HTML "_L1 + kShopResults);
+        EXPECT_EQ(asked, QByteArray(value) != "0") << value;
+        EXPECT_EQ(film.ImageExtention, asked ? u"GIF" : u"JPG");
+        EXPECT_EQ(transport.requests.contains("OpenURL "_L1 + kPoster), !asked);
+        EXPECT_EQ(film.ImageURL, kPoster);
+    }
+}
+
+TEST_F(RetrievalTest, APictureThatIsMissingOrAPageIsNone)
+{
+    const struct
+    {
+        QByteArray picture;
+        QString kind;
+    } cases[] = {
+        {"", QString()}, {"\r\n <!DOCTYPE HTML PUBLIC>lost", QString()}, {"<HTML><body>lost", QString()}, {"unknown bytes", u"JPG"_s}};
+    for (const auto& c : cases) {
+        transport.pictures[kLargePicture] = c.picture;
+        const FilmRecord film = Retrieve().value();
+        EXPECT_EQ(film.ImageExtention, c.kind) << c.picture.constData();
+        EXPECT_EQ(film.ImageData.isEmpty(), c.kind.isEmpty());
+    }
+    transport.pages[kTitlePage].remove(u"DVD available"_s).append(u"title_noposter2"_s);
+    transport.requests.clear();
+    EXPECT_EQ(ErrorOf([&] { return Retrieve(); }), 0);
+    EXPECT_FALSE(transport.requests.join(u'|').contains(u"OpenURL"_s)) << "without an address none is asked for";
+    EXPECT_FALSE(transport.requests.join(u'|').contains(u"Downloading"_s));
+}
+
+TEST_F(RetrievalTest, ThePlotPageWinsOnlyWhereItIsLonger)
+{
+    const QString outline = ParsePlotOutline(FlattenPage(FetchedPage("title")));
+    for (const int more : {-1, 0, 1}) {
+        const QString plot(outline.size() + more, u'p');
+        transport.pages[kPlotPage] = "<p class=\"plotpar\">"_L1 + plot + "</p>"_L1;
+        EXPECT_EQ(Retrieve().value().Plot, more > 0 ? plot : outline) << more;
+    }
+}
+
+TEST_F(RetrievalTest, AFailedFetchIsReadLikeAnEmptyPage)
+{
+    for (const QString& page : {kShopResults, kShopProduct, kPlotPage, kCompaniesPage, kCreditsPage}) {
+        const QString whole = transport.pages.take(page);
+        EXPECT_TRUE(Retrieve()) << qPrintable(page);
+        transport.pages[page] = whole;
+    }
+    transport.pages.remove(kCreditsPage);
+    EXPECT_TRUE(Retrieve().value().Actors.isEmpty());
+    transport.pages.remove(kTitlePage);
+    EXPECT_EQ(ErrorOf([&] { return Retrieve(); }), kErrInvalidCall);
+}
+
+TEST_F(RetrievalTest, StagesShareTheBarWithTheOtherFilms)
+{
+    batch.CurrentFilm = 2;
+    batch.FilmCount = 4;
+    ShowRetrievalStage(u"a"_s, 1, 7, retrieval);
+    ShowRetrievalStage(u"b"_s, 7, 7, retrieval);
+    EXPECT_EQ(Lines(transport.requests), Lines({u"2 / 4: a, 29%"_s, u"2 / 4: b, 50%"_s}));
+    batch.FilmCount = 0;
+    EXPECT_EQ(ErrorOf([&] {
+                  ShowRetrievalStage(u"c"_s, 1, 7, retrieval);
+                  return 0;
+              }),
+              kErrDivisionByZero);
+}
+
+TEST_F(RetrievalTest, OnlyAYesCancels)
+{
+    ScriptedDialogs dialogs;
+    dialogs.answers << kAnswerNo << kAnswerYes;
+    EXPECT_FALSE(AskCancelRetrieval(batch, dialogs));
+    EXPECT_FALSE(batch.RetrievalCancelled);
+    EXPECT_TRUE(AskCancelRetrieval(batch, dialogs));
+    EXPECT_TRUE(batch.RetrievalCancelled);
+    EXPECT_EQ(dialogs.boxes[0], (ScriptedDialogs::Box{u"Are you sure you wish to cancel IMDb retrieval?"_s, kBoxYesNo, QString()}));
+}
+
+class UpdateMovieInfoTest : public RetrievalTest
+{
+protected:
+    UpdateMovieInfoTest()
+    {
+        catalog.Run("INSERT INTO Movie (Movie_ID, Title, IMDB, Plot) VALUES (7, 'Old', '0000001', 'old plot');"
+                    "INSERT INTO Actor (Actor_ID, Actor) VALUES (3, 'Old Actor');"
+                    "INSERT INTO ActorLink (Actor_ID, Movie_ID) VALUES (3, 7)");
+    }
+
+    int Update()
+    {
+        return ErrorOf([&] {
+            UpdateMovieInfo(u"7"_s, retrieval, AllParts(), {catalog.Path(), home.Path(u"Settings.ini"_s), dialogs}, shell);
+            return 0;
+        });
+    }
+    QString OldLinks() const { return catalog.Ask("SELECT count(*) FROM ActorLink WHERE Actor_ID = 3"); }
+    QString Title() const { return catalog.Ask("SELECT Title FROM Movie"); }
+
+    TempCatalog catalog;
+    ScriptedDialogs dialogs;
+    RecordingShell shell;
+};
+
+TEST_F(UpdateMovieInfoTest, StoresTheFilmAnewAndShowsIt)
+{
+    batch.CurrentFilm = 5;
+    batch.FilmCount = 9;
+    EXPECT_EQ(Update(), 0);
+    EXPECT_EQ(Title(), u"The L&#246;wen Affair (1987/II) (TV)");
+    EXPECT_EQ(OldLinks(), u"0");
+    EXPECT_EQ(catalog.Ask("SELECT count(*) > 1 FROM ActorLink WHERE Movie_ID = 7"), u"1");
+    EXPECT_EQ(transport.requests.constFirst(), u"open");
+    EXPECT_EQ(transport.requests.constLast(), u"close");
+    EXPECT_TRUE(transport.requests.contains(u"1 / 1: Retrieving IMDb Title Page, 14%"_s));
+    EXPECT_EQ(Lines(shell.calls), Lines({u"EnableMainWindow 0"_s, u"Retitle The L\u00F6wen Affair (1987/II) (TV)"_s, u"Rekey 7"_s,
+                                         u"EnableMainWindow 1"_s, u"ShowSelection"_s}));
+}
+
+// The flag is read after each fetch but that of the picture, so that a cancel ends the run with the fetch that is under way.
+TEST_F(UpdateMovieInfoTest, LeavesTheFilmAloneAfterACancelAtAnyStage)
+{
+    const std::pair<QString, qsizetype> cases[] = {{kTitlePage, 1}, {kShopResults, 3},   {kShopProduct, 3}, {kLargePicture, 5},
+                                                   {kPlotPage, 5},  {kCompaniesPage, 6}, {kCreditsPage, 7}};
+    for (const auto& [during, fetches] : cases) {
+        SCOPED_TRACE(qPrintable(during));
+        shell.calls.clear();
+        transport.requests.clear();
+        transport.duringEach = [&] {
+            if (transport.requests.constLast().endsWith(during))
+                batch.RetrievalCancelled = true;
+        };
+        EXPECT_EQ(Update(), 0);
+        EXPECT_EQ(transport.requests.filter(u"http://"_s).size(), fetches);
+        EXPECT_EQ(Title(), u"Old");
+        EXPECT_EQ(OldLinks(), u"1");
+        EXPECT_EQ(Lines(shell.calls), Lines({u"EnableMainWindow 0"_s, u"EnableMainWindow 1"_s}));
+    }
+    transport.duringEach = nullptr;
+    EXPECT_TRUE(Retrieve()) << "the next run starts afresh";
+}
+
+TEST_F(UpdateMovieInfoTest, LeavesTheFilmAloneWhereAPageCannotBeRead)
+{
+    const std::pair<QString, QString> cases[] = {
+        {kTitlePage, QString()},
+        {kPlotPage, u"<p class=\"plotpar\">without an end"_s},
+        {kCompaniesPage, u"Distributors</h2><ul><li><a href=\"/\">No link end</li></ul>"_s},
+        {kCreditsPage, u"Cast</b></a><table><a href=\"/name/nm1/\">No end</a></table>"_s},
+    };
+    for (const auto& [page, content] : cases) {
+        const QString whole = transport.pages.value(page);
+        transport.pages[page] = content;
+        transport.requests.clear();
+        EXPECT_NE(Update(), 0) << qPrintable(page);
+        EXPECT_EQ(Title(), u"Old") << qPrintable(page);
+        EXPECT_EQ(OldLinks(), u"1") << qPrintable(page);
+        EXPECT_EQ(transport.requests.constLast(), u"close");
+        EXPECT_EQ(shell.calls.constLast(), u"EnableMainWindow 1");
+        transport.pages[page] = whole;
+    }
+}
+
+TEST_F(UpdateMovieInfoTest, KeepsCastAndPictureWhereTheNewOnesCouldNotBeFetched)
+{
+    catalog.Run("INSERT INTO Images (Image_ID, Image, Extention) VALUES (4, x'00', 'JPG'); UPDATE Movie SET Image_ID = 4");
+    transport.pages.remove(kCreditsPage);
+    transport.pictures.clear();
+    EXPECT_EQ(Update(), 0);
+    EXPECT_EQ(OldLinks(), u"1");
+    EXPECT_EQ(catalog.Ask("SELECT Image_ID FROM Movie"), u"4");
+}
+
+TEST_F(UpdateMovieInfoTest, RaisesForAFilmThatIsGone)
+{
+    catalog.Run("DELETE FROM Movie");
+    EXPECT_EQ(Update(), kErrNoCurrentRecord);
+    EXPECT_EQ(Lines(transport.requests), Lines({u"open"_s, u"close"_s}));
+    EXPECT_EQ(shell.calls.constLast(), u"EnableMainWindow 1");
+}
+
+} // namespace
+} // namespace kelvado
