@@ -3,6 +3,9 @@
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+
+#include <utility>
 
 namespace kelvado {
 
@@ -11,10 +14,30 @@ namespace {
 // The first day that the field takes; while there is no date, it holds this one and shows a blank for it.
 const QDate kFirstDay(100, 1, 1);
 
+/// Goes on to the next part when one is full, as its base does, and then takes no offence at a hyphen typed all the same.
+class DateField : public QDateEdit
+{
+public:
+    using QDateEdit::QDateEdit;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (std::exchange(m_wentOn, false) && event->text() == u"-")
+            return;
+        const Section before = currentSection();
+        QDateEdit::keyPressEvent(event);
+        m_wentOn = !event->text().isEmpty() && event->text()[0].isDigit() && currentSection() != before;
+    }
+
+private:
+    bool m_wentOn = false;
+};
+
 } // namespace
 
 DatePicker::DatePicker(QWidget* parent)
-    : QWidget(parent), m_present(new QCheckBox(this)), m_field(new QDateEdit(this)), m_offer(QDate::currentDate())
+    : QWidget(parent), m_present(new QCheckBox(this)), m_field(new DateField(this)), m_offer(QDate::currentDate())
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

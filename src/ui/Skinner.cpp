@@ -207,7 +207,9 @@ void Skinner::SkinForm(QWidget& form) const
                 SetFamily(*label, v.fontName);
         } else if (auto* line = qobject_cast<QLineEdit*>(control)) {
             Paint(*line, v.boxBack, v.boxText);
-            line->setFrame(v.boxBorder != u"0");
+            // The line of a combo box or a date field lies within its owner's frame.
+            const bool framedByOwner = qobject_cast<QComboBox*>(line->parent()) || qobject_cast<QAbstractSpinBox*>(line->parent());
+            line->setFrame(!framedByOwner && v.boxBorder != u"0");
         } else if (qobject_cast<QTextEdit*>(control) || qobject_cast<QPlainTextEdit*>(control)) {
             Paint(*control, v.boxBack, v.boxText);
             static_cast<QFrame*>(control)->setFrameShape(v.boxBorder == u"0" ? QFrame::NoFrame : QFrame::StyledPanel);

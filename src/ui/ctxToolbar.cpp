@@ -43,7 +43,8 @@ public:
 
     QSize sizeHint() const override
     {
-        const int caption = text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text()) + kCaptionGap + m_owner.m_margin;
+        const int caption =
+            text().isEmpty() ? 0 : fontMetrics().size(Qt::TextShowMnemonic, text()).width() + kCaptionGap + m_owner.m_margin;
         return {m_owner.m_buttonWidth + caption, m_owner.m_buttonHeight};
     }
 
@@ -70,8 +71,8 @@ protected:
         painter.setOpacity(1);
         if (!text().isEmpty()) {
             painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-            painter.drawText(rect().adjusted(m_owner.m_buttonWidth + kCaptionGap - m_owner.m_margin / 2, 0, 0, 0), Qt::AlignVCenter,
-                             text());
+            painter.drawText(rect().adjusted(m_owner.m_buttonWidth + kCaptionGap - m_owner.m_margin / 2, 0, 0, 0),
+                             Qt::AlignVCenter | Qt::TextShowMnemonic, text());
         }
         if (hasFocus()) {
             painter.setPen(QPen(m_owner.m_selectionColor, 1.5));

@@ -33,7 +33,8 @@ public:
 
     explicit ctxToolbar(QWidget* parent = nullptr);
 
-    /// Appends a button and prepares its pictures. An empty `caption` shows the picture alone; the tool tip is also the accessible name.
+    /// Appends a button and prepares its pictures. An empty `caption` shows the picture alone; an "&" in it makes a key of the letter
+    /// behind. The tool tip is also the accessible name.
     void Add(const ToolbarPictures& pictures, Style style, const QString& key, const QString& caption, const QString& tooltip);
     /// Gives an existing button other pictures, as after a change of skin.
     void SetPictures(const QString& key, const ToolbarPictures& pictures);
