@@ -74,7 +74,8 @@ TEST_F(PaintedSkin, HasEveryPictureThatTheWindowNamesAndItsTwinInDoubleSize)
     for (const QString& tab :
          Words("ToolMovieList ToolMovieGrab ToolMovieEdit ToolActorInfo Searchbar/ToolIMDB Searchbar/ToolDVDEmp Searchbar/ToolManual"))
         names << tab + QStringLiteral(".BMP") << tab + QStringLiteral("Sel.BMP");
-    for (const QString& key : Words("Back Forward New Open Save Print Refresh AddFilter Delete AddIMDb AddDVDEmp AddManual")) {
+    for (const QString& key :
+         Words("Back Forward New Open Save Print Refresh AddFilter Delete AddIMDb AddDVDEmp AddManual CheckOut CheckIn Edit")) {
         for (const QString& state : {QString(), QStringLiteral("-over"), QStringLiteral("-down"), QStringLiteral("-disabled")})
             names << QStringLiteral("Toolbar/") + key + state + QStringLiteral(".png");
     }

@@ -178,6 +178,16 @@ Strokes StrokesOf(Icon icon)
         path.addEllipse(QPointF(12, 12), 9, 9);
         path.addEllipse(QPointF(12, 12), 2.75, 2.75);
         break;
+    case Icon::CheckOut:
+        path = Polyline({{12.5, 4}, {4, 4}, {4, 20}, {12.5, 20}});
+        strokes.added = Polyline({{9.5, 12}, {20.5, 12}});
+        strokes.added.addPath(Polyline({{16, 7.5}, {20.5, 12}, {16, 16.5}}));
+        break;
+    case Icon::CheckIn:
+        path = Polyline({{11.5, 4}, {20, 4}, {20, 20}, {11.5, 20}});
+        strokes.added = Polyline({{3.5, 12}, {14.5, 12}});
+        strokes.added.addPath(Polyline({{10, 7.5}, {14.5, 12}, {10, 16.5}}));
+        break;
     }
     return strokes;
 }

@@ -26,6 +26,8 @@ enum class Icon {
     People,
     Globe,
     Disc,
+    CheckOut,
+    CheckIn,
 };
 
 /// Draws a line icon into `place`, which is square. `accent` colours the part that says "add".

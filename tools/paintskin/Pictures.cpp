@@ -241,6 +241,9 @@ constexpr Button kButtons[] = {
     {"AddIMDb", Icon::AddFromWeb},
     {"AddDVDEmp", Icon::AddFromShop},
     {"AddManual", Icon::AddByHand},
+    {"CheckOut", Icon::CheckOut},
+    {"CheckIn", Icon::CheckIn},
+    {"Edit", Icon::Pencil},
 };
 
 constexpr const char* kCertificates[] = {"NA", "G", "PG", "PG-13", "R", "NC-17"};
