@@ -1,0 +1,70 @@
+#include "loans/LoanActions.h"
+
+#include "core/RuntimeError.h"
+#include "loans/LoanQueries.h"
+#include "store/Recordset.h"
+
+namespace kelvado {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The two blanks are those of the given query.
+const QString kFilmOnShow = u"SELECT * FROM Movie WHERE Movie_ID  = "_s;
+
+} // namespace
+
+void Return_Item(qint64 loanId, const QString& catalogPath, const Clock& clock)
+{
+    Connection connection;
+    connection.Open(ConnectionString(catalogPath));
+    Recordset film;
+    film.Open(kFilmOfLoan + QString::number(loanId), connection);
+    if (film.Eof())
+        throw RuntimeError(kErrNoCurrentRecord);
+    Recordset loan;
+    loan.Open(kLoanById + QString::number(loanId), connection);
+    loan[u"ReturnDate"].Set(clock.Now().toString(u"MM/dd/yyyy"_s));
+    loan.Update();
+    film[u"Loan_ID"].Set(0);
+    film.Update();
+    loan.Close();
+    film.Close();
+    connection.Close();
+}
+
+void ReturnFilm(qint64 movieId, const QString& catalogPath, const Clock& clock)
+{
+    Connection connection;
+    connection.Open(ConnectionString(catalogPath));
+    Recordset film;
+    film.Open(kFilmOnShow + QString::number(movieId), connection);
+    if (film.Eof())
+        throw RuntimeError(kErrNoCurrentRecord);
+    const qint64 loanId = film[u"Loan_ID"].IsNull() ? 0 : film[u"Loan_ID"].Get().Integer();
+    film.Close();
+    connection.Close();
+    Return_Item(loanId, catalogPath, clock);
+}
+
+void Delete_Loan(qint64 loanId, const QString& catalogPath)
+{
+    Connection connection;
+    connection.Open(ConnectionString(catalogPath));
+    Recordset loan;
+    loan.Open(kLoanById + QString::number(loanId), connection);
+    if (!loan.Eof())
+        loan.Delete();
+    loan.Close();
+    Recordset film;
+    film.Open(kFilmOfLoan + QString::number(loanId), connection);
+    if (!film.Eof()) {
+        film[u"Loan_ID"].Set(0);
+        film.Update();
+    }
+    film.Close();
+    connection.Close();
+}
+
+} // namespace kelvado

@@ -1,0 +1,198 @@
+#include "loans/forms/fLoan.h"
+
+#include "core/Guard.h"
+#include "loans/LoanActions.h"
+#include "loans/forms/fLoanAdd.h"
+#include "ui/SkinPictures.h"
+#include "ui/Skinner.h"
+#include "ui/ctxToolbar.h"
+#include "ui_fLoan.h"
+
+#include <QHeaderView>
+#include <QScopeGuard>
+#include <QShortcut>
+
+namespace kelvado {
+
+namespace {
+
+struct ToolButton
+{
+    const char* key;
+    const char* caption;
+    const char* toolTip;
+};
+constexpr ToolButton kButtons[] = {
+    {"CheckOut", QT_TRANSLATE_NOOP("fLoan", "Check &Out"), QT_TRANSLATE_NOOP("fLoan", "Loan a movie (Ins)")},
+    {"CheckIn", QT_TRANSLATE_NOOP("fLoan", "Check &In"), QT_TRANSLATE_NOOP("fLoan", "The selected movie is back")},
+    {"Edit", QT_TRANSLATE_NOOP("fLoan", "&Edit"), QT_TRANSLATE_NOOP("fLoan", "Edit the selected loan (Enter)")},
+    {"delete", QT_TRANSLATE_NOOP("fLoan", "&Delete"), QT_TRANSLATE_NOOP("fLoan", "Remove the selected loan (Del)")},
+};
+
+constexpr int kColumnChars[kLoanColumns] = {30, 16, 12, 12, 12, 20};
+
+ToolbarPictures PicturesOf(const QString& key, const Skinner& skinner, qreal scale)
+{
+    const auto load = [&](const char* ending) {
+        return LoadSkinPicture(skinner.Skin(), QStringLiteral("Toolbar/") + key + QLatin1StringView(ending), scale);
+    };
+    try {
+        return {load(".png"), load("-over.png"), load("-down.png"), load("-disabled.png")};
+    } catch (const RuntimeError&) {
+        return {}; // a skin may lack these: the captions stand alone
+    }
+}
+
+} // namespace
+
+fLoan::fLoan(const LoanContext& context, const Skinner& skinner, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::fLoan>()), m_context(context), m_skinner(skinner)
+{
+    m_ui->setupUi(this);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    AddButtons(skinner);
+    m_ui->lvLoans->setModel(&m_model);
+    SizeColumns();
+    connect(m_ui->toolMain, &ctxToolbar::ButtonClick, this, [this](const QString& key) { OnButton(key); });
+    connect(m_ui->lvLoans, &QTreeView::activated, this, [this] { Run(&fLoan::Edit); });
+    const auto onKey = [this](const QKeySequence& key, void (fLoan::*routine)()) {
+        auto* shortcut = new QShortcut(key, m_ui->lvLoans);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this, routine] { Run(routine); });
+    };
+    onKey(Qt::Key_Insert, &fLoan::CheckOut);
+    onKey(QKeySequence::Delete, &fLoan::Delete);
+    onKey(Qt::Key_F5, &fLoan::Loans_Refresh);
+    Run(&fLoan::Loans_Refresh);
+    m_ui->lvLoans->setFocus();
+}
+
+fLoan::~fLoan()
+{
+    // The list's view goes with the window's controls, before the model.
+    m_ui->lvLoans->setModel(nullptr);
+}
+
+void fLoan::AddButtons(const Skinner& skinner)
+{
+    for (const ToolButton& button : kButtons) {
+        const QString key = QString::fromLatin1(button.key);
+        m_ui->toolMain->Add(PicturesOf(key, skinner, devicePixelRatioF()), ctxToolbar::Style::Button, key, tr(button.caption),
+                            tr(button.toolTip));
+    }
+    if (skinner.Values().progressFront.isValid())
+        m_ui->toolMain->SetSelectionColor(skinner.Values().progressFront);
+}
+
+void fLoan::SizeColumns()
+{
+    for (int column = 0; column < kLoanColumns; ++column)
+        m_ui->lvLoans->setColumnWidth(column, kColumnChars[column] * fontMetrics().averageCharWidth());
+}
+
+void fLoan::Run(void (fLoan::*routine)())
+{
+    Guarded(m_context.dialogs, [&] { (this->*routine)(); });
+}
+
+void fLoan::OnButton(const QString& key)
+{
+    struct Action
+    {
+        QLatin1StringView key;
+        void (fLoan::*routine)();
+    };
+    static constexpr Action kActions[] = {{QLatin1StringView("CheckOut"), &fLoan::CheckOut},
+                                          {QLatin1StringView("CheckIn"), &fLoan::CheckIn},
+                                          {QLatin1StringView("Edit"), &fLoan::Edit},
+                                          {QLatin1StringView("delete"), &fLoan::Delete}};
+    for (const Action& action : kActions) {
+        if (key == action.key)
+            Run(action.routine);
+    }
+}
+
+void fLoan::Loans_Refresh()
+{
+    QItemSelectionModel& selection = *m_ui->lvLoans->selectionModel();
+    const QModelIndexList rows = selection.selectedRows();
+    const qint64 selected = rows.isEmpty() || ShowsOtherCatalog() ? 0 : rows[0].data(LoanModel::TagRole).toLongLong();
+    const int place = selection.currentIndex().row();
+    // Also where the reading ends in an error: the list then shows all the other loans.
+    const auto restore = qScopeGuard([&] {
+        const int row = selected == 0 ? -1 : m_model.RowOf(selected);
+        if (row >= 0)
+            m_ui->lvLoans->setCurrentIndex(m_model.index(row, 0));
+        else // the arrow keys go on from the same place, but no other loan is taken for the one that is gone
+            selection.setCurrentIndex(m_model.index(std::min(place, m_model.rowCount() - 1), 0), QItemSelectionModel::NoUpdate);
+    });
+    m_model.Refresh(m_context.state.CatalogPath());
+}
+
+bool fLoan::ShowsOtherCatalog() const
+{
+    return m_model.CatalogPath() != m_context.state.CatalogPath();
+}
+
+bool fLoan::event(QEvent* event)
+{
+    // The window stays open while the main window goes over to another catalog.
+    if (event->type() == QEvent::WindowActivate && !m_model.CatalogPath().isEmpty() && ShowsOtherCatalog())
+        Run(&fLoan::Loans_Refresh);
+    return QDialog::event(event);
+}
+
+qint64 fLoan::SelectedLoan()
+{
+    // The numbers of one catalog's loans mean other loans in the next.
+    if (ShowsOtherCatalog())
+        Loans_Refresh();
+    const QModelIndexList rows = m_ui->lvLoans->selectionModel()->selectedRows();
+    if (rows.isEmpty())
+        throw RuntimeError(kErrObjectNotSet);
+    return rows[0].data(LoanModel::TagRole).toLongLong();
+}
+
+void fLoan::CheckOut()
+{
+    // The new loan shows at the next refresh.
+    fLoanAdd dialog(LoanMode::Loan, m_context, this);
+    m_skinner.SkinForm(dialog);
+    dialog.Load_NewLoan();
+    dialog.exec();
+}
+
+void fLoan::CheckIn()
+{
+    Return_Item(SelectedLoan(), m_context.state.CatalogPath(), m_context.clock);
+    Loans_Refresh();
+}
+
+void fLoan::Edit()
+{
+    fLoanAdd dialog(LoanMode::Edit, m_context, this);
+    m_skinner.SkinForm(dialog);
+    dialog.Edit_Loan(SelectedLoan());
+    dialog.exec();
+    Loans_Refresh();
+}
+
+void fLoan::Delete()
+{
+    const qint64 loanId = SelectedLoan();
+    const QString question = QStringLiteral("Are you sure you with to permanetly remove this loan ?");
+    if (m_context.dialogs.MessageBox(question, kBoxYesNoExclamation) != kAnswerYes)
+        return;
+    Delete_Loan(loanId, m_context.state.CatalogPath());
+    Loans_Refresh();
+}
+
+void LoanFilm(qint64 movieId, const LoanContext& context, const Skinner& skinner, QWidget* parent)
+{
+    fLoanAdd dialog(LoanMode::Loan, context, parent);
+    skinner.SkinForm(dialog);
+    dialog.Load_DirectLoan(movieId);
+    dialog.exec();
+}
+
+} // namespace kelvado

@@ -1,0 +1,135 @@
+#include "loans/forms/fLoanAdd.h"
+
+#include "core/Guard.h"
+#include "ui_fLoanAdd.h"
+
+#include <QCompleter>
+#include <QListView>
+
+namespace kelvado {
+
+namespace {
+
+constexpr int kSuggestions = 12;
+
+} // namespace
+
+fLoanAdd::fLoanAdd(LoanMode mode, const LoanContext& context, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::fLoanAdd>()), m_mode(mode), m_context(context)
+{
+    m_ui->setupUi(this);
+    const bool isEdit = mode == LoanMode::Edit;
+    m_ui->lblMovie->setText(isEdit ? tr("Loaned &Movie:") : tr("&Movie to Loan:"));
+    m_ui->lblLoanTo->setText(isEdit ? tr("Loaned &To:") : tr("Loan &To:"));
+    m_ui->cboMovie->setAccessibleName(isEdit ? tr("Loaned Movie") : tr("Movie to Loan"));
+    m_ui->cboLoanTo->setAccessibleName(isEdit ? tr("Loaned To") : tr("Loan To"));
+    m_films = new FilmChoices(this);
+    PrepareFilms();
+    PrepareBorrowers();
+    for (DatePicker* picker : {m_ui->DTDate, m_ui->DTDue, m_ui->DTReturn})
+        picker->SetOffer(context.clock.Now().date());
+    connect(m_ui->Command1, &QPushButton::clicked, this, [this] { Guarded(m_context.dialogs, [this] { Okay(); }); });
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+fLoanAdd::~fLoanAdd() = default;
+
+void fLoanAdd::PrepareFilms()
+{
+    // A list of equal rows opens at once, however long it is.
+    auto* list = new QListView(m_ui->cboMovie);
+    list->setUniformItemSizes(true);
+    m_ui->cboMovie->setView(list);
+    // Any part of the title finds the film.
+    auto* completer = new QCompleter(m_films, m_ui->cboMovie);
+    completer->setFilterMode(Qt::MatchContains);
+    completer->setCaseSensitivity(Qt::CaseInsensitive);
+    completer->setMaxVisibleItems(kSuggestions);
+    auto* suggestions = new QListView;
+    suggestions->setUniformItemSizes(true);
+    completer->setPopup(suggestions);
+    m_ui->cboMovie->setCompleter(completer);
+    m_ui->cboMovie->lineEdit()->setPlaceholderText(tr("Type a part of the title"));
+}
+
+void fLoanAdd::PrepareBorrowers()
+{
+    // Names are only suggested: a combo box's own completion would put a known spelling in place of the typed one.
+    m_ui->cboLoanTo->setCompleter(nullptr);
+    auto* line = m_ui->cboLoanTo->lineEdit();
+    auto* completer = new QCompleter(m_ui->cboLoanTo->model(), m_ui->cboLoanTo);
+    completer->setCaseSensitivity(Qt::CaseInsensitive);
+    completer->setWidget(line);
+    connect(line, &QLineEdit::textEdited, completer, [completer](const QString& text) {
+        completer->setCompletionPrefix(text);
+        if (text.isEmpty())
+            completer->popup()->hide();
+        else
+            completer->complete();
+    });
+    connect(completer, qOverload<const QString&>(&QCompleter::activated), line, &QLineEdit::setText);
+}
+
+void fLoanAdd::Load_NewLoan()
+{
+    Fill(kelvado::Load_NewLoan(m_context.state.CatalogPath(), m_context.clock));
+}
+
+void fLoanAdd::Load_DirectLoan(qint64 movieId)
+{
+    Fill(kelvado::Load_DirectLoan(movieId, m_context.state.CatalogPath(), m_context.clock));
+}
+
+void fLoanAdd::Edit_Loan(qint64 loanId)
+{
+    Fill(kelvado::Edit_Loan(loanId, m_context.state.CatalogPath()));
+}
+
+void fLoanAdd::Fill(const LoanEntry& entry)
+{
+    setWindowTitle(entry.caption);
+    m_films->SetFilms(entry.films);
+    m_ui->cboMovie->setModel(m_films);
+    m_ui->cboMovie->setCurrentIndex(entry.filmIsGiven ? 0 : -1);
+    m_ui->cboMovie->setEnabled(!entry.filmIsGiven);
+    m_ui->cboLoanTo->addItems(entry.borrowers);
+    m_ui->cboLoanTo->setCurrentIndex(-1);
+    m_ui->cboLoanTo->setEditText(entry.terms.loanedTo);
+    m_ui->DTDate->SetDate(entry.terms.loanDate);
+    m_ui->DTDue->SetDate(entry.terms.dueDate);
+    m_ui->DTReturn->SetDate(entry.returnDate);
+    m_ui->txtNotes->setPlainText(entry.terms.notes);
+    QWidget* first = entry.filmIsGiven ? m_ui->cboLoanTo : m_ui->cboMovie;
+    first->setFocus();
+}
+
+std::optional<qint64> fLoanAdd::ChosenFilm() const
+{
+    const QComboBox& films = *m_ui->cboMovie;
+    const QString text = films.currentText();
+    if (text.isEmpty())
+        return std::nullopt;
+    // Of films with the same title, the one that was picked from the list counts.
+    int row = films.currentIndex();
+    if (row < 0 || films.itemText(row).compare(text, Qt::CaseInsensitive) != 0)
+        row = films.findText(text, Qt::MatchFixedString);
+    return row < 0 ? std::nullopt : std::optional(films.itemData(row).toLongLong());
+}
+
+LoanAnswer fLoanAdd::Answer() const
+{
+    return {ChosenFilm(), {m_ui->cboLoanTo->currentText(), m_ui->DTDate->Date(), m_ui->DTDue->Date(), m_ui->txtNotes->toPlainText()}};
+}
+
+void fLoanAdd::Okay()
+{
+    const LoanAnswer answer = Answer();
+    if (StoreLoan(m_mode, answer, m_context.state.CatalogPath(), m_context.dialogs))
+        accept();
+    else if (!answer.film)
+        m_ui->cboMovie->setFocus();
+    else
+        m_ui->cboLoanTo->setFocus();
+}
+
+} // namespace kelvado

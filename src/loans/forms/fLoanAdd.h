@@ -1,0 +1,45 @@
+#pragma once
+
+#include "loans/FilmChoices.h"
+#include "loans/LoanContext.h"
+#include "loans/LoanEntry.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class fLoanAdd;
+}
+
+namespace kelvado {
+
+/// "Loan A Movie": the entry of a new loan, or of the changed terms of an open one. One of the three routines that fill it is called
+/// before it is shown; they raise what the catalog raises.
+class fLoanAdd : public QDialog
+{
+    Q_OBJECT
+public:
+    fLoanAdd(LoanMode mode, const LoanContext& context, QWidget* parent);
+    ~fLoanAdd() override;
+
+    void Load_NewLoan();
+    void Load_DirectLoan(qint64 movieId);
+    void Edit_Loan(qint64 loanId);
+
+private:
+    void PrepareFilms();
+    void PrepareBorrowers();
+    void Fill(const LoanEntry& entry);
+    /// The number behind the film that `cboMovie` shows; nothing where its text is no film's title.
+    std::optional<qint64> ChosenFilm() const;
+    LoanAnswer Answer() const;
+    void Okay();
+
+    std::unique_ptr<Ui::fLoanAdd> m_ui;
+    LoanMode m_mode;
+    LoanContext m_context;
+    FilmChoices* m_films;
+};
+
+} // namespace kelvado
