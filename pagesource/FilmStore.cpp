@@ -212,6 +212,7 @@ std::string FilmStore::RarestTerms(std::string_view text)
     std::sort(terms.begin(), terms.end(), [](const Term& a, const Term& b) { return a.films < b.films; });
     terms.resize(std::min(terms.size(), kTermCount));
     std::vector<std::string> quoted;
+    quoted.reserve(terms.size());
     for (const Term& term : terms)
         quoted.push_back(Quoted(term.text));
     return Join(quoted, " AND ");

@@ -65,7 +65,7 @@ void Server::Run(Site& site)
         if (!answer.location.empty())
             response.set_redirect(answer.location, answer.status);
         response.status = answer.status;
-        response.set_content(std::move(answer.body), answer.type);
+        response.set_content(answer.body, answer.type);
         return httplib::Server::HandlerResponse::Handled;
     });
     m_http->server.listen_after_bind();
