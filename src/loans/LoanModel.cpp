@@ -6,6 +6,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 namespace kelvado {
 
 using namespace Qt::StringLiterals;

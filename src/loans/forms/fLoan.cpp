@@ -12,6 +12,8 @@
 #include <QScopeGuard>
 #include <QShortcut>
 
+#include <algorithm>
+
 namespace kelvado {
 
 namespace {

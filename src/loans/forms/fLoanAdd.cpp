@@ -4,6 +4,7 @@
 #include "ui_fLoanAdd.h"
 
 #include <QCompleter>
+#include <QLineEdit>
 #include <QListView>
 
 namespace kelvado {
