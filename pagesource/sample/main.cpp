@@ -80,7 +80,7 @@ Film FilmOf(const QJsonValue& json, OwnNumbers& numbers)
     film.minutes = Utf8(json[u"runtime"]).empty() ? 0 : std::stoi(Utf8(json[u"runtime"]));
     film.ratingTenths = qRound(json[u"rating"].toVariant().toDouble() * 10);
     film.votes = film.ratingTenths > 0 ? 1 : 0; // each film was rated once, by who typed it
-    for (const QJsonValue& genre : json[u"genres"].toArray())
+    for (const QJsonValue genre : json[u"genres"].toArray())
         film.genres.push_back(Utf8(genre));
     film.languages = Split(Utf8(json[u"language"]), " / ");
     film.countries = Split(Utf8(json[u"country"]), " / ");
@@ -94,11 +94,11 @@ Film FilmOf(const QJsonValue& json, OwnNumbers& numbers)
 void AddPeople(FilmWriter& writer, OwnNumbers& people, std::int64_t film, Section section, const QJsonValue& list)
 {
     int place = 0;
-    for (const QJsonValue& entry : list.toArray()) {
+    for (const QJsonValue entry : list.toArray()) {
         const std::string name = Utf8(entry.isString() ? entry : entry[u"name"]);
         std::string note = Utf8(entry[section == Section::Cast ? u"role" : u"note"]);
         if (section != Section::Cast && !note.empty())
-            note = '(' + note + ')';
+            note.insert(0, 1, '(').push_back(')');
         writer.AddCredit(film, section, ++place, people.Of(name), note);
     }
 }
@@ -106,7 +106,7 @@ void AddPeople(FilmWriter& writer, OwnNumbers& people, std::int64_t film, Sectio
 void AddCompanies(FilmWriter& writer, OwnNumbers& companies, std::int64_t film, const QJsonValue& list)
 {
     int place = 0;
-    for (const QJsonValue& entry : list.toArray()) {
+    for (const QJsonValue entry : list.toArray()) {
         const QString type = entry[u"type"].toString();
         const CompanySection section = type == u"Production Companies" ? CompanySection::Production
                                        : type == u"Distributors"       ? CompanySection::Distributor
@@ -128,7 +128,7 @@ void PaintPoster(const Film& film, const QJsonValue& json, quint32 seed, const Q
     for (const std::string& genre : film.genres)
         text.genres << QString::fromStdString(genre);
     QStringList directors;
-    for (const QJsonValue& director : json[u"directors"].toArray())
+    for (const QJsonValue director : json[u"directors"].toArray())
         directors << (director.isString() ? director.toString() : director[u"name"].toString());
     text.director = directors.join(QStringLiteral(", "));
     const QImage cover = kelvado::PaintCover(text, seed);
@@ -159,7 +159,7 @@ void PaintPerson(const QDir& pictures)
 void AddPersons(FilmWriter& writer, const OwnNumbers& people, const QString& facts)
 {
     std::map<std::string, Person> known;
-    for (const QJsonValue& json : ReadList(facts)) {
+    for (const QJsonValue json : ReadList(facts)) {
         Person person;
         person.name = Utf8(json[u"name"]);
         person.birthDay = Utf8(json[u"birthDay"]);
@@ -186,7 +186,7 @@ void MakeSample(const QStringList& arguments)
         throw Failure("Cannot make " + arguments[3].toStdString());
     std::vector<QJsonValue> list;
     for (const QString& name : films.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name)) {
-        for (const QJsonValue& film : ReadList(films.filePath(name)))
+        for (const QJsonValue film : ReadList(films.filePath(name)))
             list.push_back(film);
     }
     OwnNumbers filmNumbers;
