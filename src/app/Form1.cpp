@@ -2,6 +2,7 @@
 
 #include "app/BrowseMenus.h"
 #include "app/StatusBar.h"
+#include "app/WebMenus.h"
 #include "app/mMenuOptions.h"
 #include "browse/SelectionMenus.h"
 #include "core/Paths.h"
@@ -95,6 +96,9 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     m_browseMenus = std::make_unique<BrowseMenus>(
         BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_model, *m_ui->TreeView1, *m_ui->ID, m_skinner});
     m_statusBar = std::make_unique<StatusBar>(m_state, dialogs, m_menus, m_skinner, *m_ui->StatusCells);
+    m_webMenus = std::make_unique<WebMenus>(
+        WebMenus::Context{*this, m_state, dialogs, m_menus, *this, *m_ui->TreeView1, *m_ui->ID, m_skinner, *m_ui->picGrabSelect,
+                          *m_ui->FormScroll, [this] { return SelectedNode(); }, [this](const QUrl& address) { OpenOutside(address); }});
 }
 
 Form1::~Form1()
@@ -464,16 +468,19 @@ void Form1::Navigate(const QString& path)
 
 void Form1::ShowAddPanel()
 {
-    ShowPanel(nullptr);
+    ShowPanel(m_ui->FormScroll);
+    m_webMenus->ShowAddPanel();
 }
 
 void Form1::ShowFilmPanel()
 {
+    m_ui->FormScroll->SetPanel(nullptr);
     ShowPanel(m_ui->FormScroll);
 }
 
 void Form1::ShowPersonPanel()
 {
+    m_ui->FormScroll->SetPanel(nullptr);
     ShowPanel(m_ui->FormScroll);
 }
 
@@ -677,6 +684,7 @@ void Form1::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    m_webMenus->EndRun();
     SaveSettings();
     QMainWindow::closeEvent(event);
     qApp->quit();

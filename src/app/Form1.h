@@ -27,6 +27,7 @@ namespace kelvado {
 
 class BrowseMenus;
 class StatusBar;
+class WebMenus;
 class frmPageView;
 
 /// The main window: it owns the process-wide state and the panels, and turns what the user does into calls of the logic.
@@ -145,6 +146,7 @@ private:
     frmPageView* m_pageView;
     std::unique_ptr<BrowseMenus> m_browseMenus;
     std::unique_ptr<StatusBar> m_statusBar;
+    std::unique_ptr<WebMenus> m_webMenus;
     Qt::WindowStates m_lastWindowState = Qt::WindowNoState; ///< normal or maximised, for the way back from the tray
     bool m_activating = false;
     bool m_filling = false;

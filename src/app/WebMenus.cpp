@@ -1,0 +1,151 @@
+#include "app/WebMenus.h"
+
+#include "core/Guard.h"
+#include "core/Paths.h"
+#include "web/UpdateCheck.h"
+#include "web/VisitAddress.h"
+#include "web/cWaitableTimer.h"
+#include "web/forms/Form2.h"
+#include "web/forms/frmAddSingleIMDb.h"
+#include "web/forms/frmImportIMDb.h"
+#include "web/mWeb.h"
+
+#include <QLabel>
+#include <QMenu>
+
+namespace kelvado {
+
+namespace {
+
+constexpr QLatin1StringView kFilmSite("IMDB");
+
+} // namespace
+
+WebMenus::WebMenus(const Context& context)
+    : m_context(context), m_web(ReadNetworkLimits(SettingsFile()), context.dialogs),
+      m_progress(context.window, context.dialogs, [&skinner = context.skinner](QWidget& window) { skinner.SkinForm(window); }),
+      m_desk{context.state, context.shell, context.dialogs, m_web, m_progress, {}, false}
+{
+    m_progress.SetBatch(m_desk.batch);
+    Connect("mnuUpdateMovieInfo", [this] { UpdateFilm(); });
+    Connect("mnuMovieRetrieve", [this] { RetrieveFilm(); });
+    Connect("mnuImportIMDb", [this] { ImportNumbers(); });
+    Connect("mnuHelpUpdate", [this] { CheckUpdate(); });
+    for (const char* entry : {"mnuImdbVisit", "mnuImdbVisitV"})
+        Connect(entry, [this] { VisitSite(); });
+    for (const char* entry : {"mnuisonewsvisit", "mnuIsonewsVisitV"})
+        Connect(entry, [this] { VisitShop(); });
+    for (const char* entry : {"mnufrmSearchViewOnIMDB", "mnuViewOnIMDb"})
+        Connect(entry, [this] { Visit(FilmAddress(m_rowNumber, ReadWebHosts(SettingsFile()))); });
+    connect(&context.sources, &GrabSelectRow::SourceClick, this,
+            [this](const QString& mode) { Guarded(m_context.dialogs, [&] { ShowSource(mode); }); });
+}
+
+WebMenus::~WebMenus()
+{
+    delete m_addPanel.data();
+}
+
+void WebMenus::Connect(const char* entry, std::function<void()> handler)
+{
+    connect(&m_context.menus.Entry(QString::fromLatin1(entry)), &QAction::triggered, this,
+            [this, handler = std::move(handler)] { Guarded(m_context.dialogs, handler); });
+}
+
+void WebMenus::ShowAddPanel()
+{
+    ShowSource(kFilmSite);
+}
+
+void WebMenus::ShowSource(const QString& mode)
+{
+    m_context.sources.LoadSearchBar(m_context.state.skin, mode);
+    if (mode != kFilmSite)
+        return m_context.host.SetPanel(nullptr);
+    if (!m_addPanel) {
+        m_addPanel = new Form2(m_desk, m_context.skinner);
+        connect(m_addPanel, &Form2::MenuWanted, this, [this](const QPoint& place, const QString& number) {
+            ShowRowMenu("mnufrmSearch", "mnufrmSearchViewOnIMDB", place, number);
+        });
+    }
+    m_context.host.SetPanel(m_addPanel);
+    m_addPanel->show();
+    m_addPanel->Reopen();
+}
+
+void WebMenus::EndRun()
+{
+    m_desk.batch.RetrievalCancelled = true;
+    m_progress.Close();
+}
+
+void WebMenus::UpdateFilm()
+{
+    const FetchTurn turn(m_desk);
+    if (TakeTurn(turn, m_context.dialogs))
+        UpdateMovieInfo(m_context.idLabel.text(), MakeRetrieval(m_desk), m_context.state.gOptions->IMDbFilmUpdate, MakeWriter(m_desk),
+                        m_context.shell);
+}
+
+void WebMenus::RetrieveFilm()
+{
+    if (m_desk.fetching) {
+        TakeTurn(FetchTurn(m_desk), m_context.dialogs);
+        return;
+    }
+    if (!m_retrieveWindow) {
+        m_retrieveWindow = new frmAddSingleIMDb(m_desk, m_context.skinner, &m_context.window);
+        connect(m_retrieveWindow, &frmAddSingleIMDb::MenuWanted, this,
+                [this](const QPoint& place, const QString& number) { ShowRowMenu("mnufrmAddSingle", "mnuViewOnIMDb", place, number); });
+    }
+    m_retrieveWindow->Open(m_context.tree.Selected().data().toString(), m_context.idLabel.text());
+}
+
+void WebMenus::ImportNumbers()
+{
+    if (!m_importWindow) {
+        m_importWindow = new frmImportIMDb(
+            m_desk, m_context.skinner, [](int milliseconds) { cWaitableTimer().Wait(milliseconds); }, &m_context.window);
+    }
+    m_importWindow->Open();
+}
+
+void WebMenus::CheckUpdate()
+{
+    bool unload = false;
+    {
+        const FetchTurn turn(m_desk);
+        unload = TakeTurn(turn, m_context.dialogs) &&
+                 CheckForUpdate(false, m_web, ReadWebHosts(SettingsFile()), m_context.dialogs, [] { StartUpdater(AppPath()); });
+    }
+    if (unload)
+        m_context.window.close();
+}
+
+void WebMenus::VisitSite()
+{
+    if (const std::optional<NodeRef> node = m_context.selectedNode())
+        Visit(SiteAddressOf(*node, m_context.state.CatalogPath(), ReadWebHosts(SettingsFile())));
+}
+
+void WebMenus::VisitShop()
+{
+    if (const std::optional<NodeRef> node = m_context.selectedNode())
+        Visit(ShopAddressOf(*node, m_context.state.CatalogPath()));
+}
+
+void WebMenus::Visit(const QString& address)
+{
+    OpenInBrowser(address, m_context.openOutside);
+}
+
+void WebMenus::ShowRowMenu(const char* menu, const char* entry, const QPoint& place, const QString& number)
+{
+    m_rowNumber = number;
+    m_context.menus.SetEnabled(QString::fromLatin1(entry), -1, !number.isEmpty());
+    QMenu& popup = m_context.menus.Menu(QString::fromLatin1(menu));
+    popup.setEnabled(true); // also where the main window, whose menu it is, is disabled
+    popup.popup(place);
+}
+
+} // namespace kelvado

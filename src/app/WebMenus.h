@@ -1,0 +1,79 @@
+#pragma once
+
+#include "app/Menus.h"
+#include "core/NodeKey.h"
+#include "ui/CatalogTreeView.h"
+#include "ui/ScrollingImage.h"
+#include "ui/Skinner.h"
+#include "web/FilmDesk.h"
+#include "web/Hraw.h"
+#include "web/forms/FilmProgress.h"
+#include "web/forms/GrabSelectRow.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QLabel;
+
+namespace kelvado {
+
+class Form2;
+class frmAddSingleIMDb;
+class frmImportIMDb;
+
+/// Owns the way to the web and the panels that bring films in from there, and connects the menu entries around them.
+class WebMenus : public QObject
+{
+    Q_OBJECT
+public:
+    /// What the entries work on; all of it outlives this object.
+    struct Context
+    {
+        QWidget& window;
+        AppState& state;
+        Dialogs& dialogs;
+        Menus& menus;
+        Shell& shell;
+        CatalogTreeView& tree;
+        const QLabel& idLabel;
+        const Skinner& skinner;
+        GrabSelectRow& sources;
+        ScrollingImage& host;
+        std::function<std::optional<NodeRef>()> selectedNode;
+        std::function<void(const QUrl& address)> openOutside;
+    };
+    explicit WebMenus(const Context& context);
+    ~WebMenus() override;
+
+    /// Shows the panel of the first film source.
+    void ShowAddPanel();
+    /// For the end of the program: a run under way stores nothing more.
+    void EndRun();
+
+private:
+    void Connect(const char* entry, std::function<void()> handler);
+    void ShowSource(const QString& mode);
+    void UpdateFilm();
+    void RetrieveFilm();
+    void ImportNumbers();
+    void CheckUpdate();
+    void VisitSite();
+    void VisitShop();
+    void Visit(const QString& address);
+    void ShowRowMenu(const char* menu, const char* entry, const QPoint& place, const QString& number);
+
+    Context m_context;
+    Hraw m_web;
+    FilmProgress m_progress;
+    FilmDesk m_desk;
+    QPointer<Form2> m_addPanel; ///< its host may go before this object and takes it along
+    QPointer<frmAddSingleIMDb> m_retrieveWindow;
+    QPointer<frmImportIMDb> m_importWindow;
+    QString m_rowNumber;
+};
+
+} // namespace kelvado

@@ -1,0 +1,54 @@
+#include "web/VisitAddress.h"
+
+#include "store/mDBConnection.h"
+
+namespace kelvado {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString ColumnOf(const QString& query, const QString& column, const QString& catalogPath)
+{
+    Connection connection;
+    connection.Open(ConnectionString(catalogPath));
+    Recordset row;
+    row.Open(query, connection);
+    return row.Eof() ? QString() : FieldString(column, row);
+}
+
+QString FilmColumn(const NodeRef& node, const QString& column, const QString& catalogPath)
+{
+    return ColumnOf("SELECT * FROM Movie WHERE Movie_ID = "_L1 + KeyPart(node.key, 0), column, catalogPath);
+}
+
+} // namespace
+
+QString FilmAddress(const QString& number, const WebHosts& hosts)
+{
+    return "http://"_L1 + hosts.ImdbPersonHost + "/Title?"_L1 + number;
+}
+
+QString PersonAddress(const QString& link, const WebHosts& hosts)
+{
+    return "http://"_L1 + hosts.ImdbPersonHost + (link.startsWith("nm"_L1) ? "/name/"_L1 : "/Name?"_L1) + link;
+}
+
+QString SiteAddressOf(const NodeRef& node, const QString& catalogPath, const WebHosts& hosts)
+{
+    if (node.tag == kTagFilm) {
+        const QString number = FilmColumn(node, u"IMDB"_s, catalogPath);
+        return number.isEmpty() ? QString() : FilmAddress(number, hosts);
+    }
+    if (node.tag != kTagActor)
+        return {};
+    const QString link = ColumnOf("SELECT * FROM Actor WHERE Actor_ID = "_L1 + KeyPart(node.key, 1), u"IMDB_LINK"_s, catalogPath);
+    return link.isEmpty() ? QString() : PersonAddress(link, hosts);
+}
+
+QString ShopAddressOf(const NodeRef& node, const QString& catalogPath)
+{
+    return node.tag == kTagFilm ? FilmColumn(node, u"iSONEWS"_s, catalogPath) : QString();
+}
+
+} // namespace kelvado

@@ -1,0 +1,83 @@
+#include "web/forms/FilmRows.h"
+
+#include "web/FilmQueue.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+
+namespace kelvado {
+
+FilmRows::FilmRows(QWidget* parent) : QTreeWidget(parent)
+{
+    setColumnCount(2);
+    setHeaderLabels({tr("Title"), tr("Number")});
+    setHeaderHidden(true);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    header()->setSectionResizeMode(1, QHeaderView::Fixed);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setEditTriggers(NoEditTriggers);
+    connect(this, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) { Q_EMIT Chosen(indexOfTopLevelItem(item)); });
+    connect(this, &QTreeWidget::itemSelectionChanged, this, &FilmRows::SelectionMoved);
+}
+
+void FilmRows::SetRows(const QList<SearchRow>& rows)
+{
+    const int selected = Selected();
+    clear();
+    QList<QTreeWidgetItem*> items;
+    for (const SearchRow& row : rows) {
+        const RowParts parts = PartsOf(row);
+        auto* item = new QTreeWidgetItem({parts.Title, parts.Number});
+        item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
+        items << item;
+    }
+    addTopLevelItems(items);
+    if (!items.isEmpty())
+        setCurrentItem(items[std::clamp<qsizetype>(selected, 0, items.size() - 1)]);
+    else
+        Q_EMIT SelectionMoved();
+}
+
+int FilmRows::Selected() const
+{
+    const QList<QTreeWidgetItem*> items = selectedItems();
+    return items.isEmpty() ? -1 : indexOfTopLevelItem(items.constFirst());
+}
+
+void FilmRows::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter)
+        return QTreeWidget::keyPressEvent(event);
+    event->accept(); // no default button is meant
+    if (Selected() >= 0)
+        Q_EMIT Chosen(Selected());
+}
+
+void FilmRows::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    QPoint place = event->globalPos();
+    if (event->reason() == QContextMenuEvent::Keyboard && currentItem())
+        place = viewport()->mapToGlobal(visualItemRect(currentItem()).center());
+    Q_EMIT MenuRequested(place);
+}
+
+void FilmRows::focusInEvent(QFocusEvent* event)
+{
+    QTreeWidget::focusInEvent(event);
+    Q_EMIT Focused();
+}
+
+void FilmRows::resizeEvent(QResizeEvent* event)
+{
+    constexpr int kMargin = 24;
+    header()->resizeSection(1, fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + kMargin);
+    QTreeWidget::resizeEvent(event);
+}
+
+} // namespace kelvado

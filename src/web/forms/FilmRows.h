@@ -1,0 +1,36 @@
+#pragma once
+
+#include "web/IMDBSearch.h"
+
+#include <QTreeWidget>
+
+namespace kelvado {
+
+/// A list of found films: title and number in two columns.
+class FilmRows : public QTreeWidget
+{
+    Q_OBJECT
+public:
+    explicit FilmRows(QWidget* parent = nullptr);
+
+    /// Shows these rows, keeping the place of the selection; the first row is selected where none was.
+    void SetRows(const QList<SearchRow>& rows);
+    /// The place of the selected row; -1 for none.
+    int Selected() const;
+
+Q_SIGNALS:
+    /// By a double click or Enter.
+    void Chosen(int row);
+    void SelectionMoved();
+    void Focused();
+    /// By the right mouse button or the menu key.
+    void MenuRequested(const QPoint& globalPosition);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+};
+
+} // namespace kelvado

@@ -1,0 +1,171 @@
+#include "web/forms/Form2.h"
+
+#include "core/Guard.h"
+#include "ui_Form2.h"
+#include "web/forms/frmAkaSet.h"
+
+#include <QScopeGuard>
+
+namespace kelvado {
+
+Form2::Form2(FilmDesk& desk, const Skinner& skinner, QWidget* parent)
+    : QWidget(parent), m_ui(std::make_unique<Ui::Form2>()), m_desk(desk), m_skinner(skinner), m_search(desk, [this] {
+          ShowLists();
+          ShowButtons();
+      })
+{
+    m_ui->setupUi(this);
+    m_ui->lblAka->hide();
+    m_skinner.SkinForm(*this);
+    ConnectControls();
+    LoadDefaults();
+}
+
+Form2::~Form2() = default;
+
+void Form2::ConnectControls()
+{
+    const auto guarded = [this](void (Form2::*handler)()) {
+        return [this, handler] { Guarded(m_desk.dialogs, [this, handler] { (this->*handler)(); }); };
+    };
+    connect(m_ui->Image1, &QPushButton::clicked, this, guarded(&Form2::Search));
+    connect(m_ui->txtSearch, &QLineEdit::returnPressed, this, guarded(&Form2::Search));
+    connect(m_ui->CmdByIMDBno, &QPushButton::clicked, this, guarded(&Form2::LookUp));
+    connect(m_ui->txtIMDBnum, &QLineEdit::returnPressed, this, guarded(&Form2::LookUp));
+    connect(m_ui->Command2, &QPushButton::clicked, this, guarded(&Form2::AddAll));
+    connect(m_ui->lstSearch, &FilmRows::Chosen, this, &Form2::MoveToQueue);
+    connect(m_ui->lstSelect, &FilmRows::Chosen, this, &Form2::MoveBack);
+    connect(m_ui->lstSearch, &FilmRows::SelectionMoved, this, [this] { OnSelect(*m_ui->lstSearch, m_search.Rows()); });
+    connect(m_ui->lstSelect, &FilmRows::SelectionMoved, this, [this] { OnSelect(*m_ui->lstSelect, m_queue); });
+    for (const FilmRows* list : {m_ui->lstSearch, m_ui->lstSelect}) {
+        connect(list, &FilmRows::MenuRequested, this,
+                [this, list](const QPoint& place) { Q_EMIT MenuWanted(place, list->Selected() < 0 ? QString() : m_lastNumber); });
+    }
+    connect(m_ui->lstSearch, &FilmRows::Focused, this, [this] { OnSelect(*m_ui->lstSearch, m_search.Rows()); });
+    connect(m_ui->lstSelect, &FilmRows::Focused, this, [this] { OnSelect(*m_ui->lstSelect, m_queue); });
+    connect(m_ui->txtLog, &QPlainTextEdit::textChanged, this, [this] { m_ui->txtLog->moveCursor(QTextCursor::End); });
+}
+
+void Form2::LoadDefaults()
+{
+    m_defaults = m_desk.state.gOptions->Defaults;
+    m_ui->ChkAKA->setChecked(m_defaults.PromptAKA != 0);
+    m_ui->ChkDefault->setChecked(m_defaults.Enable != 0);
+    m_ui->cboFormat->setEditText(m_defaults.Format);
+    m_ui->txtDiscs->setText(m_defaults.Discs);
+    m_ui->txtIndex->setText(m_defaults.Index);
+}
+
+void Form2::Reopen()
+{
+    m_search.Unlock();
+    ShowButtons();
+    const cOptDefaults& now = m_desk.state.gOptions->Defaults;
+    const auto values = [](const cOptDefaults& o) { return std::tie(o.PromptAKA, o.Enable, o.Format, o.Discs, o.Index); };
+    if (values(now) != values(m_defaults))
+        LoadDefaults();
+    const QString format = m_ui->cboFormat->currentText();
+    m_ui->cboFormat->clear();
+    m_ui->cboFormat->addItems(FormatsInUse(m_desk.state.CatalogPath()));
+    m_ui->cboFormat->setEditText(format);
+    m_ui->txtSearch->setFocus();
+}
+
+void Form2::Search()
+{
+    m_search.Search(m_ui->txtSearch->text());
+}
+
+void Form2::LookUp()
+{
+    m_search.LookUp(m_ui->txtIMDBnum->text());
+}
+
+void Form2::AddAll()
+{
+    if (m_queue.isEmpty()) {
+        m_desk.dialogs.MessageBox(QStringLiteral("You have not selected any movies to be added."), kBoxPlain);
+        return;
+    }
+    const FetchTurn turn(m_desk);
+    if (!TakeTurn(turn, m_desk.dialogs))
+        return;
+    m_ui->txtLog->clear();
+    const auto shown = qScopeGuard([this] { ShowLists(); });
+    QueueRun run{m_search.OtherTitles(), {}, {}};
+    if (m_ui->ChkAKA->isChecked())
+        run.chooseTitle = AskInAkaSet(m_desk.dialogs, m_skinner, *window());
+    if (m_ui->ChkDefault->isChecked())
+        run.defaults = {m_ui->cboFormat->currentText(), m_ui->txtDiscs->text(), m_ui->txtIndex->text()};
+    const BatchResult result = AddQueue(m_queue, run, m_desk);
+    WriteLog(result);
+    TellResult(result, m_desk.dialogs);
+    if (m_queue.isEmpty())
+        m_search.Clear(); // rows that wait in the queue still need the other titles
+    window()->activateWindow();
+}
+
+void Form2::WriteLog(const BatchResult& result)
+{
+    for (const BatchResult::Failure& failure : result.Failures)
+        m_ui->txtLog->insertPlainText(QStringLiteral("\r\nNot added: %1: %2").arg(failure.Film, failure.Reason));
+    if (result.Cancelled)
+        m_ui->txtLog->insertPlainText(QStringLiteral("\r\nCancelled."));
+    m_ui->txtLog->insertPlainText(QStringLiteral("\r\nSuccessfully Added %1 Films.").arg(result.Added));
+}
+
+void Form2::MoveToQueue(int row)
+{
+    if (row >= m_search.Rows().size())
+        return;
+    m_queue.append(m_search.Take(row));
+    ShowLists();
+}
+
+void Form2::MoveBack(int row)
+{
+    m_search.Add(m_queue.takeAt(row));
+    ShowLists();
+}
+
+void Form2::ShowLists()
+{
+    m_ui->lstSearch->SetRows(m_search.Rows());
+    m_ui->lstSelect->SetRows(m_queue);
+    // Both lists have a selected row: the one that the user works in counts.
+    if (m_ui->lstSelect->hasFocus())
+        OnSelect(*m_ui->lstSelect, m_queue);
+    else
+        OnSelect(*m_ui->lstSearch, m_search.Rows());
+}
+
+void Form2::ShowButtons()
+{
+    m_ui->Image1->setEnabled(!m_search.SearchRunning());
+    m_ui->CmdByIMDBno->setEnabled(!m_search.SearchRunning());
+}
+
+void Form2::OnSelect(const FilmRows& list, const QList<SearchRow>& rows)
+{
+    const int selected = list.Selected();
+    if (selected < 0 || selected >= rows.size()) {
+        m_ui->lblAka->clear();
+        m_ui->lblAka->hide();
+        return;
+    }
+    m_lastNumber = PartsOf(rows[selected]).Number;
+    const QString others = OtherTitlesOf(rows[selected], m_search.OtherTitles());
+    m_ui->lblAka->setText(others);
+    m_ui->lblAka->setVisible(!others.isEmpty());
+}
+
+ChooseTitle AskInAkaSet(Dialogs& dialogs, const Skinner& skinner, QWidget& owner)
+{
+    return [&dialogs, &skinner, &owner](const QStringList& titles) {
+        frmAkaSet dialog(titles, dialogs, &owner);
+        skinner.SkinForm(dialog);
+        return dialog.ShowAndRead();
+    };
+}
+
+} // namespace kelvado

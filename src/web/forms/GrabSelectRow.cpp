@@ -1,0 +1,92 @@
+#include "web/forms/GrabSelectRow.h"
+
+#include "ui/SkinPictures.h"
+
+namespace kelvado {
+
+namespace {
+
+struct Slot
+{
+    const char* name;
+    QLatin1StringView mode; ///< empty for a piece that is no tab
+    const char* caption;
+};
+
+// From left to right.
+constexpr Slot kSlotTable[] = {
+    {"ImgTaddLeft", {}, ""},    {"ImgTaddIMDB", QLatin1StringView("IMDB"), "IMDb"},
+    {"ImgTaddTabber1", {}, ""}, {"ImgTaddDVDEmp", QLatin1StringView("DVDEmp"), "DVD Empire"},
+    {"ImgTaddTabber2", {}, ""}, {"ImgTaddAdultEmp", QLatin1StringView("AdultEmp"), "Manual Entry"},
+    {"ImgTaddRight", {}, ""},
+};
+
+struct ModePictures
+{
+    QLatin1StringView mode;
+    std::array<const char*, std::size(kSlotTable)> files;
+};
+
+constexpr ModePictures kModes[] = {
+    {QLatin1StringView("IMDB"),
+     {"ToolLeftSel.BMP", "ToolIMDBSel.BMP", "ToolFrontYesNo.BMP", "ToolDVDEmp.BMP", "ToolFrontNoNo.BMP", "ToolManual.BMP", "ToolEnd.BMP"}},
+    {QLatin1StringView("DVDEmp"),
+     {"ToolLeft.BMP", "ToolIMDB.BMP", "ToolFrontNoYes.BMP", "ToolDVDEmpSel.BMP", "ToolFrontYesNo.BMP", "ToolManual.BMP", "ToolEnd.BMP"}},
+    {QLatin1StringView("AdultEmp"),
+     {"ToolLeft.BMP", "ToolIMDB.BMP", "ToolFrontNoNo.BMP", "ToolDVDEmp.BMP", "ToolFrontNoYes.BMP", "ToolManualSel.BMP", "ToolEndSel.BMP"}},
+};
+
+} // namespace
+
+GrabSelectRow::GrabSelectRow(QWidget* parent) : QWidget(parent), m_spacer(new TabImage(QStringLiteral("ImgTaddSpacer"), this))
+{
+    for (std::size_t i = 0; i < kSlots; ++i) {
+        const Slot& slot = kSlotTable[i];
+        auto* piece = new TabImage(QString::fromLatin1(slot.name), this);
+        m_pieces[i] = piece;
+        if (slot.mode.isEmpty())
+            continue;
+        piece->setFocusPolicy(Qt::TabFocus);
+        piece->setAccessibleName(QString::fromLatin1(slot.caption));
+        piece->setCursor(Qt::PointingHandCursor);
+        connect(piece, &QAbstractButton::clicked, this, [this, mode = QString(slot.mode)] { Q_EMIT SourceClick(mode); });
+    }
+}
+
+void GrabSelectRow::LoadSearchBar(const QString& skin, const QString& mode)
+{
+    const auto pictures = std::ranges::find(kModes, mode, &ModePictures::mode);
+    if (pictures == std::end(kModes))
+        return;
+    const auto load = [&](const char* file) {
+        return LoadSkinPicture(skin, QStringLiteral("Searchbar/") + QLatin1StringView(file), devicePixelRatioF());
+    };
+    for (std::size_t i = 0; i < kSlots; ++i)
+        m_pieces[i]->SetPicture(load(pictures->files[i]));
+    m_spacer->SetPicture(load("ToolSpacer.BMP"));
+    m_mode = mode;
+    ArrangeSearchBar();
+}
+
+void GrabSelectRow::ArrangeSearchBar()
+{
+    int rowHeight = 0;
+    int left = 0;
+    for (const TabImage* piece : m_pieces)
+        rowHeight = std::max(rowHeight, piece->PictureSize().height());
+    if (rowHeight == 0)
+        return; // no skin yet
+    setFixedHeight(rowHeight);
+    for (TabImage* piece : m_pieces) {
+        piece->setGeometry(left, 0, piece->PictureSize().width(), rowHeight);
+        left += piece->width();
+    }
+    m_spacer->setGeometry(left, 0, std::max(0, width() - left), rowHeight);
+}
+
+void GrabSelectRow::resizeEvent(QResizeEvent*)
+{
+    ArrangeSearchBar();
+}
+
+} // namespace kelvado

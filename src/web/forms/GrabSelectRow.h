@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ui/SectionTabRow.h"
+
+#include <QWidget>
+
+#include <array>
+
+namespace kelvado {
+
+/// The row in which the source of new films is chosen: the sources' tabs with the pieces that join them, all pictures of the skin.
+class GrabSelectRow : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit GrabSelectRow(QWidget* parent = nullptr);
+
+    /// Loads the pictures of `skin` with the source of `mode` selected: "IMDB", "DVDEmp" or "AdultEmp"; any other does nothing.
+    /// Raises 53 or 481 where a picture is missing.
+    void LoadSearchBar(const QString& skin, const QString& mode);
+    /// Places the pieces side by side; the last one fills what is left.
+    void ArrangeSearchBar();
+    const QString& Mode() const { return m_mode; }
+
+Q_SIGNALS:
+    void SourceClick(const QString& mode);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    static constexpr std::size_t kSlots = 7;
+
+    std::array<TabImage*, kSlots> m_pieces{};
+    TabImage* m_spacer;
+    QString m_mode;
+};
+
+} // namespace kelvado

@@ -1,0 +1,88 @@
+#include "web/forms/frmAddSingleIMDb.h"
+
+#include "core/Guard.h"
+#include "ui_frmAddSingleIMDb.h"
+#include "web/forms/Form2.h"
+
+#include <QScopeGuard>
+
+namespace kelvado {
+
+frmAddSingleIMDb::frmAddSingleIMDb(FilmDesk& desk, const Skinner& skinner, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmAddSingleIMDb>()), m_desk(desk), m_skinner(skinner), m_search(desk, [this] {
+          m_ui->lstSearch->SetRows(m_search.Rows());
+          m_ui->lblSearching->setVisible(m_search.SearchRunning());
+      })
+{
+    m_ui->setupUi(this);
+    m_ui->ChkAKA->setChecked(desk.state.gOptions->Defaults.PromptAKA != 0);
+    m_skinner.SkinForm(*this);
+    connect(m_ui->lstSearch, &FilmRows::SelectionMoved, this, &frmAddSingleIMDb::OnSelect);
+    connect(m_ui->lstSearch, &FilmRows::Chosen, this, [this](int row) { Guarded(m_desk.dialogs, [&] { OnChoose(row); }); });
+    connect(m_ui->lstSearch, &FilmRows::MenuRequested, this,
+            [this](const QPoint& place) { Q_EMIT MenuWanted(place, m_ui->lstSearch->Selected() < 0 ? QString() : m_lastNumber); });
+    connect(m_ui->cmdUpdate, &QPushButton::clicked, this,
+            [this] { Guarded(m_desk.dialogs, [&] { OnChoose(m_ui->lstSearch->Selected()); }); });
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    m_ui->lblSearching->hide();
+    OnSelect();
+}
+
+frmAddSingleIMDb::~frmAddSingleIMDb() = default;
+
+void frmAddSingleIMDb::Open(const QString& title, const QString& movieId)
+{
+    m_movieId = movieId;
+    m_search.Clear();
+    m_ui->lstSearch->SetRows({});
+    m_ui->lblFilm->setText(title);
+    m_desk.shell.EnableMainWindow(false);
+    setEnabled(true); // as a window of the main one it went with it
+    show();
+    m_ui->lstSearch->setFocus();
+    m_search.Search(title);
+}
+
+void frmAddSingleIMDb::Release()
+{
+    hide();
+    m_desk.shell.EnableMainWindow(true);
+    if (parentWidget())
+        parentWidget()->activateWindow();
+}
+
+void frmAddSingleIMDb::reject()
+{
+    if (isVisible())
+        Release();
+}
+
+void frmAddSingleIMDb::OnSelect()
+{
+    const int row = m_ui->lstSearch->Selected();
+    const bool chosen = row >= 0 && row < m_search.Rows().size();
+    m_ui->cmdUpdate->setEnabled(chosen);
+    const QString others = chosen ? OtherTitlesOf(m_search.Rows()[row], m_search.OtherTitles()) : QString();
+    if (chosen)
+        m_lastNumber = PartsOf(m_search.Rows()[row]).Number;
+    m_ui->lblAka->setText(others);
+    m_ui->lblAka->setVisible(!others.isEmpty());
+}
+
+void frmAddSingleIMDb::OnChoose(int row)
+{
+    if (row < 0 || row >= m_search.Rows().size())
+        return;
+    const FetchTurn turn(m_desk);
+    if (!TakeTurn(turn, m_desk.dialogs))
+        return;
+    const auto released = qScopeGuard([this] { Release(); });
+    hide();
+    ChooseTitle choose;
+    if (m_ui->ChkAKA->isChecked())
+        choose = AskInAkaSet(m_desk.dialogs, m_skinner, *parentWidget());
+    if (UpdateFromRow(m_search.Rows()[row], m_search.OtherTitles(), choose, m_movieId, m_desk))
+        m_desk.shell.ShowSelection();
+}
+
+} // namespace kelvado

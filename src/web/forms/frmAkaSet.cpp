@@ -1,0 +1,33 @@
+#include "web/forms/frmAkaSet.h"
+
+#include "ui_frmAkaSet.h"
+
+namespace kelvado {
+
+frmAkaSet::frmAkaSet(const QStringList& titles, Dialogs& dialogs, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmAkaSet>()), m_dialogs(dialogs)
+{
+    m_ui->setupUi(this);
+    m_ui->lstAkaSel->addItems(titles);
+    connect(m_ui->lstAkaSel, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
+    connect(m_ui->cmdOkay, &QPushButton::clicked, this, &frmAkaSet::OnOkay);
+}
+
+frmAkaSet::~frmAkaSet() = default;
+
+std::optional<qsizetype> frmAkaSet::ShowAndRead()
+{
+    if (exec() != QDialog::Accepted)
+        return std::nullopt;
+    return m_ui->lstAkaSel->currentRow();
+}
+
+void frmAkaSet::OnOkay()
+{
+    if (m_ui->lstAkaSel->selectedItems().isEmpty())
+        m_dialogs.MessageBox(QStringLiteral("Please Select A Title First"), kBoxPlain, QStringLiteral("Error: AKA Selection"));
+    else
+        accept();
+}
+
+} // namespace kelvado

@@ -1,0 +1,70 @@
+#include "web/forms/frmImportIMDb.h"
+
+#include "core/Guard.h"
+#include "ui_frmImportIMDb.h"
+#include "web/NumberImport.h"
+
+#include <QScopeGuard>
+
+namespace kelvado {
+
+frmImportIMDb::frmImportIMDb(FilmDesk& desk, const Skinner& skinner, std::function<void(int milliseconds)> pause, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmImportIMDb>()), m_desk(desk), m_pause(std::move(pause))
+{
+    m_ui->setupUi(this);
+    m_ui->List1->setModel(&m_numbers);
+    m_file.filter = kNumberFileFilter;
+    skinner.SkinForm(*this);
+    connect(m_ui->cmdSelFile, &QPushButton::clicked, this, [this] { Guarded(m_desk.dialogs, [this] { SelectFile(); }); });
+    connect(m_ui->Command2, &QPushButton::clicked, this, [this] { Guarded(m_desk.dialogs, [this] { AddAll(); }); });
+    connect(m_ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmImportIMDb::~frmImportIMDb() = default;
+
+void frmImportIMDb::Open()
+{
+    if (!isVisible())
+        ShowNumbers({});
+    show();
+    raise();
+    activateWindow();
+}
+
+void frmImportIMDb::reject()
+{
+    if (!m_running)
+        hide();
+}
+
+void frmImportIMDb::SelectFile()
+{
+    m_desk.dialogs.ShowOpen(m_file);
+    ShowNumbers(m_numbers.stringList() + ReadNumbers(m_file.fileName));
+}
+
+void frmImportIMDb::AddAll()
+{
+    const FetchTurn turn(m_desk);
+    if (!TakeTurn(turn, m_desk.dialogs))
+        return;
+    QStringList numbers = m_numbers.stringList();
+    m_running = true;
+    const auto shown = qScopeGuard([&] {
+        m_running = false;
+        ShowNumbers(numbers);
+    });
+    const BatchResult result = AddNumbers(numbers, m_pause, m_desk);
+    TellResult(result, m_desk.dialogs);
+    if (numbers.isEmpty())
+        hide();
+}
+
+void frmImportIMDb::ShowNumbers(const QStringList& numbers)
+{
+    m_numbers.setStringList(numbers);
+    m_ui->Command2->setEnabled(!numbers.isEmpty());
+    m_ui->lblCount->setText(numbers.isEmpty() ? QString() : numbers.size() == 1 ? tr("1 film") : tr("%1 films").arg(numbers.size()));
+}
+
+} // namespace kelvado

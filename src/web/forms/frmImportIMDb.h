@@ -1,0 +1,45 @@
+#pragma once
+
+#include "ui/Skinner.h"
+#include "web/FilmQueue.h"
+
+#include <QDialog>
+#include <QStringListModel>
+
+#include <memory>
+
+namespace Ui {
+class frmImportIMDb;
+}
+
+namespace kelvado {
+
+/// Reads film numbers out of a file and adds all these films.
+class frmImportIMDb : public QDialog
+{
+    Q_OBJECT
+public:
+    /// `pause` stands behind every film. All of it outlives the window.
+    frmImportIMDb(FilmDesk& desk, const Skinner& skinner, std::function<void(int milliseconds)> pause, QWidget* parent);
+    ~frmImportIMDb() override;
+
+    /// Shows the window, empty where it was closed before.
+    void Open();
+
+    /// A run under way keeps the window: it is cancelled in the progress window.
+    void reject() override;
+
+private:
+    void SelectFile();
+    void AddAll();
+    void ShowNumbers(const QStringList& numbers);
+
+    std::unique_ptr<Ui::frmImportIMDb> m_ui;
+    FilmDesk& m_desk;
+    std::function<void(int)> m_pause;
+    QStringListModel m_numbers;
+    FileDialog m_file;
+    bool m_running = false;
+};
+
+} // namespace kelvado

@@ -1,0 +1,281 @@
+#include "WebPanels.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QTimer>
+
+namespace kelvado {
+namespace {
+
+class AddPanel : public WebPanels
+{
+protected:
+    void LookUp(const char* number)
+    {
+        Get<QLineEdit>("txtIMDBnum").setText(QString::fromLatin1(number));
+        Get<QLineEdit>("txtIMDBnum").setFocus();
+        Key(Qt::Key_Return);
+    }
+};
+
+constexpr const char* kFound = "The L\u00F6wen Affair (1987/II) (TV)|0912345\n"
+                               "Another Affair (1990)|0912346\n"
+                               "A Very Long Affair of the Town of Lio ...|0912347";
+
+TEST_F(AddPanel, FilmsAreSearchedQueuedNamedAndAdded)
+{
+    Set("DefaultValues", "PromptAKA", QStringLiteral("1"));
+    Set("DefaultValues", "Enable", QStringLiteral("1"));
+    Set("DefaultValues", "Format", QStringLiteral("Laserdisc"));
+    Set("DefaultValues", "Index", QStringLiteral("B-12"));
+    StartAdding();
+    EXPECT_TRUE(Get("lstSearch").isVisible());
+    EXPECT_FALSE(Tree().isEnabled());
+    Get<QLineEdit>("txtSearch").setFocus();
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("lion affair"));
+    Key(Qt::Key_Return);
+    EXPECT_EQ(site.Paths().value(0), "/Tsearch?title=lion%20affair&type=substring&from_year=1890&to_year=2009&sort=smart&tv=off&x=20&y=9");
+    EXPECT_EQ(Rows("lstSearch"), kFound);
+
+    List("lstSearch").setFocus();
+    Key(Qt::Key_Home);
+    EXPECT_EQ(Get<QLabel>("lblAka").text(), QStringLiteral("Die L\u00F6wen-Aff\u00E4re\nThe Lion Affair"));
+    Key(Qt::Key_Down);
+    EXPECT_FALSE(Get("lblAka").isVisible());
+    Key(Qt::Key_Up);
+    Key(Qt::Key_Return, 2);
+    DoubleClick("lstSearch", 0);
+    EXPECT_EQ(Rows("lstSelect"), kFound);
+    DoubleClick("lstSelect", 1);
+    EXPECT_EQ(Rows("lstSearch"), "Another Affair (1990)|0912346");
+    DoubleClick("lstSearch", 0); // comes to the end
+
+    bool disabled = false, shown = false;
+    QStringList stages;
+    onRequest = [&](const QByteArray& path) {
+        disabled = !window->isEnabled();
+        shown = Get("frmProgress").isVisible() && Get("cmdCancel").isEnabled();
+        stages << Get<QLabel>("lblFilmOf").text() + u' ' + Get<QLabel>("lblPercent").text() + u' ' + QString::fromLatin1(path);
+    };
+    QStringList offered;
+    InWindow("frmAkaSet", [&](QWidget& modal) {
+        auto& list = *modal.findChild<QListWidget*>(QStringLiteral("lstAkaSel"));
+        for (int i = 0; i < list.count(); ++i)
+            offered << list.item(i)->text();
+        QTest::mouseClick(modal.findChild<QWidget*>(QStringLiteral("cmdOkay")), Qt::LeftButton);
+        list.setCurrentRow(1);
+        InWindow("frmAkaSet", [](QWidget& second) { // the third film's; it keeps its own title
+            second.findChild<QListWidget*>(QStringLiteral("lstAkaSel"))->setCurrentRow(0);
+            QTest::mouseClick(second.findChild<QWidget*>(QStringLiteral("cmdOkay")), Qt::LeftButton);
+        });
+        QTest::mouseClick(modal.findChild<QWidget*>(QStringLiteral("cmdOkay")), Qt::LeftButton);
+    });
+    Press("Command2");
+    EXPECT_EQ(offered, QStringList({QStringLiteral("The L\u00F6wen Affair (1987/II) (TV)"), QStringLiteral("Die L\u00F6wen-Aff\u00E4re"),
+                                    QStringLiteral("The Lion Affair")}));
+    EXPECT_TRUE(disabled);
+    EXPECT_TRUE(shown);
+    EXPECT_TRUE(stages.contains(QStringLiteral("2 / 3 62% /Companies?0912347"))) << qPrintable(stages.join(u'\n'));
+    EXPECT_EQ(TakeMessages(), "0 Error: AKA Selection: Please Select A Title First | 0 Movie Grab Complete: Successfully Added 3 Films");
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_EQ(Rows("lstSearch") + Rows("lstSelect"), "");
+    EXPECT_EQ(Get<QPlainTextEdit>("txtLog").toPlainText().trimmed(), QStringLiteral("Successfully Added 3 Films."));
+
+    EXPECT_EQ(NewTitles(), "Die L\u00F6wen-Aff\u00E4re) / A Very Long Affair (2001) / Another Affair (1990)");
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie WHERE Movie_ID > 3 AND Format = 'Laserdisc' AND Number = 1 AND \"Index\" = 'B-12'"),
+              QStringLiteral("3"));
+    EXPECT_EQ(catalog.Ask("SELECT Extention FROM Images WHERE Image_ID = (SELECT Image_ID FROM Movie WHERE Movie_ID = 4)"),
+              QStringLiteral("JPG"));
+    EXPECT_NE(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 6"), QStringLiteral("0"));
+    Press("ImgTabMovieList");
+    ClickNode(QStringLiteral("Another Affair (1990)"));
+    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Another Affair"));
+}
+
+TEST_F(AddPanel, AnOverlongTextIsCutOrGivenToTheUser)
+{
+    const QString longFormat(60, u'F');
+    for (const bool cut : {true, false}) {
+        SCOPED_TRACE(cut);
+        window.reset();
+        Set("IMDb", "AutoCut", cut ? QStringLiteral("-1") : QStringLiteral("0"));
+        StartAdding();
+        QueueAll();
+        while (List("lstSelect").topLevelItemCount() > 1)
+            DoubleClick("lstSelect", 0);
+        Get<QCheckBox>("ChkDefault").setChecked(true);
+        Get<QComboBox>("cboFormat").setEditText(longFormat);
+        dialogs.edits << QStringLiteral("Shortened");
+        Press("Command2");
+        EXPECT_EQ(TakeMessages(), "0 Movie Grab Complete: Successfully Added 1 Films");
+        EXPECT_EQ(catalog.Ask("SELECT Format FROM Movie ORDER BY Movie_ID DESC LIMIT 1"),
+                  cut ? longFormat.left(50) : QStringLiteral("Shortened"));
+        EXPECT_EQ(std::exchange(dialogs.fieldEdits, {}), cut ? QStringList() : QStringList(QStringLiteral("FORMAT:50")));
+        dialogs.edits.clear();
+    }
+}
+
+TEST_F(AddPanel, ANumberIsLookedUp)
+{
+    constexpr const char* kNoNumber =
+        "0 : The iMDB title code you have entered is either not numeric or is not seven digits. Please re-enter "
+        "the title code.";
+    constexpr const char* kNoFilm = "0 : You have entered an Invalid IMDb title code.  Please re-enter the title code";
+    StartAdding();
+    for (const char* number : {"", "123456", "12345678", "abcdefg"}) {
+        LookUp(number);
+        EXPECT_EQ(TakeMessages(), kNoNumber) << number;
+    }
+    EXPECT_TRUE(site.requests.isEmpty());
+
+    instead = [](const QByteArray& path) {
+        const QByteArray number = path.mid(path.indexOf('?') + 1);
+        const QByteArray title = number == "0000002" ? "0000002 - not found" : "Some\r\n L&#246;we";
+        return LoopbackServer::Reply{number == "0000003" ? QByteArray("HTTP/1.0 200 OK\r\n\r\nnothing")
+                                                         : "HTTP/1.0 200 OK\r\n\r\n<title>" + title + "</title>"};
+    };
+    LookUp("0000001");
+    EXPECT_EQ(Rows("lstSearch"), "Some L&#246;we|0000001");
+    LookUp("0000002");
+    EXPECT_EQ(TakeMessages(), kNoFilm);
+    EXPECT_TRUE(Get("Image1").isEnabled());
+    LookUp("0000003");
+    EXPECT_EQ(TakeMessages(), kNoFilm);
+    EXPECT_FALSE(Get("Image1").isEnabled());
+    EXPECT_FALSE(Get("CmdByIMDBno").isEnabled());
+    site.requests.clear();
+    Get<QLineEdit>("txtSearch").setFocus();
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(site.requests.isEmpty()) << "the panel is locked";
+    Press("ImgTabMovieList");
+    Press("ImgTabMovieGrab");
+    EXPECT_TRUE(Get("Image1").isEnabled());
+    instead = nullptr;
+    Press("Image1");
+    EXPECT_EQ(Rows("lstSearch"), kFound);
+}
+
+TEST_F(AddPanel, ASecondSearchStaysOut)
+{
+    StartAdding();
+    int during = 0;
+    instead = [](const QByteArray&) { return LoopbackServer::Reply{"HTTP/1.0 200 OK\r\n\r\n<title>A Film</title>"}; };
+    LookUp("0000002");
+    DoubleClick("lstSearch", 0);
+    instead = nullptr;
+    onRequest = [&, once = false](const QByteArray&) mutable {
+        if (std::exchange(once, true))
+            return;
+        EXPECT_FALSE(Get("Image1").isEnabled());
+        EXPECT_EQ(Rows("lstSearch"), "");
+        Get<QLineEdit>("txtSearch").setFocus();
+        Key(Qt::Key_Return);
+        Press("Command2");
+        ++during;
+    };
+    site.requests.clear();
+    Press("Image1");
+    EXPECT_EQ(during, 1);
+    EXPECT_EQ(site.requests.size(), 1);
+    EXPECT_EQ(TakeMessages(), "64 : Another search or retrieval is still under way.");
+    EXPECT_EQ(Rows("lstSearch"), kFound);
+    EXPECT_EQ(Rows("lstSelect"), "A Film|0000002");
+}
+
+TEST_F(AddPanel, AnEmptyQueueAndAnEmptyResultAreTold)
+{
+    StartAdding();
+    Press("Command2");
+    EXPECT_EQ(TakeMessages(), "0 : You have not selected any movies to be added.");
+    instead = [](const QByteArray&) { return LoopbackServer::Reply{"HTTP/1.0 200 OK\r\n\r\nSorry there were no matches for the title"}; };
+    Press("Image1");
+    EXPECT_EQ(TakeMessages(), "0 : Sorry There Were No Matches Found");
+    EXPECT_TRUE(Get("Image1").isEnabled());
+}
+
+/// Keeps what would have gone to the desktop's browser.
+class Browser : public QObject
+{
+    Q_OBJECT
+public:
+    Browser() { QDesktopServices::setUrlHandler(QStringLiteral("http"), this, "Open"); }
+    ~Browser() override { QDesktopServices::unsetUrlHandler(QStringLiteral("http")); }
+    Q_SLOT void Open(const QUrl& address) { opened << address.toString(); }
+    QStringList opened;
+};
+
+TEST_F(AddPanel, RowsFilmsAndPeopleAreVisitedInTheBrowser)
+{
+    Browser browser;
+    catalog.Run("UPDATE Movie SET iSONEWS = 'http://shop.test/item?1' WHERE Movie_ID = 1;"
+                "UPDATE Actor SET IMDB_LINK = 'nm0000244' WHERE Actor_ID = 11");
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    Entry("mnuImdbVisit").trigger();
+    Entry("mnuIsonewsVisitV").trigger();
+    Tree().expand(Node(QStringLiteral("Alien")));
+    ClickNode(QStringLiteral("Sigourney Weaver"));
+    Entry("mnuImdbVisitV").trigger();
+    Press("AddIMDb");
+    Press("Image1");
+    const auto menu = [&](const char* list) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, List(list).rect().center(), List(list).mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&List(list), &event);
+        auto& popup = Get<QMenu>("mnufrmSearch");
+        EXPECT_TRUE(popup.isVisible());
+        return &popup;
+    };
+    menu("lstSelect")->close();
+    EXPECT_FALSE(Entry("mnufrmSearchViewOnIMDB").isEnabled()) << "no row is selected";
+    QTest::mouseClick(List("lstSearch").viewport(), Qt::LeftButton, {},
+                      List("lstSearch").visualItemRect(List("lstSearch").topLevelItem(1)).center());
+    QMenu* popup = menu("lstSearch");
+    QTest::mouseClick(popup, Qt::LeftButton, {}, popup->actionGeometry(&Entry("mnufrmSearchViewOnIMDB")).center());
+    EXPECT_EQ(browser.opened, QStringList({site.Url(QStringLiteral("/Title?0078748")), QStringLiteral("http://shop.test/item?1"),
+                                           site.Url(QStringLiteral("/name/nm0000244")), site.Url(QStringLiteral("/Title?0912346"))}));
+}
+
+TEST_F(AddPanel, TheSourcesTakeTurnsInTheHost)
+{
+    StartAdding();
+    QWidget& panel = Get("Form2");
+    for (const char* source : {"ImgTaddDVDEmp", "ImgTaddAdultEmp"}) {
+        Press(source);
+        EXPECT_FALSE(panel.isVisible()) << source;
+        Press("ImgTaddIMDB");
+        EXPECT_TRUE(panel.isVisible());
+    }
+    Press("ImgTabMovieList");
+    EXPECT_FALSE(panel.isVisible());
+    EXPECT_FALSE(Get("picGrabSelect").isVisible());
+}
+
+TEST_F(AddPanel, EveryControlIsReachedByTabAndHasAName)
+{
+    StartAdding();
+    QStringList passed;
+    Get("txtSearch").setFocus();
+    do {
+        const QWidget* at = QApplication::focusWidget();
+        passed << at->objectName();
+        QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
+        EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty()) << qPrintable(passed.last());
+        Key(Qt::Key_Tab);
+    } while (passed.last() != QStringLiteral("Command2") && passed.size() < 30);
+    EXPECT_EQ(passed.join(u' '),
+              QStringLiteral("txtSearch Image1 txtIMDBnum CmdByIMDBno lstSearch lstSelect ChkAKA ChkDefault cboFormat txtDiscs "
+                             "txtIndex txtLog Command2"));
+}
+
+} // namespace
+} // namespace kelvado
+
+#include "AddPanelTest.moc"

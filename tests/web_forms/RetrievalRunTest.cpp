@@ -1,0 +1,213 @@
+#include "WebPanels.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QTimer>
+
+namespace kelvado {
+namespace {
+
+class RetrievalWindow : public WebPanels
+{
+};
+
+TEST_F(RetrievalWindow, ACancelAtAnyStageLeavesNoHalfFilmAndGivesTheWindowBack)
+{
+    StartAdding();
+    QueueAll();
+    const std::string queue = Rows("lstSelect");
+    for (const QByteArray page : {"/Title?0912345", "/media/", "/Plot?0912345", "/Companies?0912345", "/Credits?0912345"}) {
+        SCOPED_TRACE(page.constData());
+        dialogs.answers << kAnswerNo << kAnswerYes;
+        onRequest = [&](const QByteArray& path) {
+            if (!path.startsWith(page))
+                return;
+            Press("cmdCancel");
+            EXPECT_TRUE(Get("frmProgress").isVisible());
+            Get("cmdCancel").setFocus();
+            QTest::keyClick(&Get("cmdCancel"), Qt::Key_Escape);
+            EXPECT_FALSE(Get("frmProgress").isVisible());
+            EXPECT_FALSE(window->isEnabled()) << "the fetch is finished first";
+        };
+        Press("Command2");
+        EXPECT_EQ(TakeMessages(),
+                  "4 : Are you sure you wish to cancel IMDb retrieval? | 4 : Are you sure you wish to cancel IMDb retrieval?");
+        EXPECT_EQ(NewTitles(), "<null>");
+        EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Images"), QStringLiteral("0"));
+        EXPECT_EQ(Rows("lstSelect"), queue);
+        EXPECT_TRUE(window->isEnabled());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    onRequest = nullptr;
+    Press("Command2");
+    EXPECT_EQ(TakeMessages(), "0 Movie Grab Complete: Successfully Added 3 Films");
+}
+
+TEST_F(RetrievalWindow, AFilmThatFailsIsNamedAndTheOthersAreAdded)
+{
+    titles.remove("0912346");
+    StartAdding();
+    QueueAll();
+    Press("Command2");
+    const std::string told = TakeMessages();
+    EXPECT_EQ(told.substr(0, told.find("Run-time")), "48 Movie Grab Complete: 2 of 3 films were added. These were not:\n\n"
+                                                     "Another Affair (1990): its pages could not be fetched or read. ");
+    EXPECT_EQ(NewTitles(), "The L&#246;wen Affair (1987/II) (TV) / A Very Long Affair (2001)");
+    EXPECT_EQ(Rows("lstSelect"), "Another Affair (1990)|0912346");
+    EXPECT_TRUE(window->isEnabled());
+}
+
+TEST_F(RetrievalWindow, ADeadHostIsTold)
+{
+    StartAdding();
+    QueueAll();
+    for (const char* host : {"ImdbMainHost", "ImdbSearchHost"})
+        Set("Hosts", host, QStringLiteral("127.0.0.1:1"));
+    Press("Command2");
+    EXPECT_EQ(TakeMessages().find("48 Movie Grab Complete: 0 of 3 films were added."), 0U);
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_EQ(List("lstSelect").topLevelItemCount(), 3);
+    Press("Image1");
+    EXPECT_EQ(TakeMessages().find("0 : Kelvado encontured the following error"), 0U);
+    EXPECT_TRUE(Get("Image1").isEnabled());
+    Press("ImgTabMovieList");
+    ClickNode(QStringLiteral("Alien"));
+    Entry("mnuUpdateMovieInfo").trigger();
+    EXPECT_EQ(TakeMessages().find("16 : Run-time error '5'"), 0U);
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 1"), QStringLiteral("2")) << "nothing is lost";
+}
+
+TEST_F(RetrievalWindow, AStoredFilmIsUpdated)
+{
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    bool disabled = false;
+    onRequest = [&](const QByteArray&) { disabled = !window->isEnabled() && Get("frmProgress").isVisible(); };
+    Entry("mnuUpdateMovieInfo").trigger();
+    EXPECT_TRUE(disabled);
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_TRUE(Node(QStringLiteral("Alien Renewed (1979)")).isValid()) << Shown();
+    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp1.html")).contains(u"Alien Renewed"));
+    EXPECT_EQ(catalog.Ask("SELECT Format || ' ' || Nfo || ' ' || IMDB FROM Movie WHERE Movie_ID = 1"),
+              QStringLiteral("DVD Seen in the dark. 0078748"));
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 1 AND Actor_ID IN (11, 12)"), QStringLiteral("0"));
+}
+
+TEST_F(RetrievalWindow, AFilmWithoutANumberIsFoundAndUpdated)
+{
+    catalog.Run("UPDATE Movie SET Format = 'VHS' WHERE Movie_ID = 2");
+    Start();
+    ClickNode(QStringLiteral("Brazil"));
+    Entry("mnuMovieRetrieve").trigger();
+    EXPECT_EQ(site.Paths().value(0).left(21), "/Tsearch?title=Brazil");
+    EXPECT_FALSE(window->isEnabled());
+    QWidget& panel = Get("frmAddSingleIMDb");
+    EXPECT_TRUE(panel.isVisible());
+    auto& rows = *panel.findChild<QTreeWidget*>(QStringLiteral("lstSearch"));
+    EXPECT_EQ(rows.topLevelItemCount(), 3);
+
+    QTest::keyClick(&rows, Qt::Key_Escape);
+    EXPECT_FALSE(panel.isVisible());
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_EQ(catalog.Ask("SELECT Title FROM Movie WHERE Movie_ID = 2"), QStringLiteral("Brazil"));
+
+    Entry("mnuMovieRetrieve").trigger();
+    panel.findChild<QCheckBox*>(QStringLiteral("ChkAKA"))->setChecked(false);
+    QTest::keyClick(&rows, Qt::Key_Down);
+    onRequest = [&](const QByteArray&) { EXPECT_FALSE(panel.isVisible()); };
+    QTest::keyClick(&rows, Qt::Key_Return);
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_EQ(catalog.Ask("SELECT Title || ' ' || IMDB || ' ' || Format FROM Movie WHERE Movie_ID = 2"),
+              QStringLiteral("Another Affair (1990) 0912346 VHS"));
+    EXPECT_TRUE(Node(QStringLiteral("Another Affair (1990)")).isValid());
+}
+
+TEST_F(RetrievalWindow, ThePanelThatIsClosedDuringItsSearchGivesTheWindowBackAtOnce)
+{
+    Start();
+    ClickNode(QStringLiteral("Brazil"));
+    bool enabled = false;
+    onRequest = [&](const QByteArray&) {
+        Get<QWidget>("frmAddSingleIMDb").close();
+        enabled = window->isEnabled();
+        Entry("mnuMovieRetrieve").trigger();
+    };
+    Entry("mnuMovieRetrieve").trigger();
+    EXPECT_TRUE(enabled);
+    EXPECT_EQ(TakeMessages(), "64 : Another search or retrieval is still under way.");
+    EXPECT_FALSE(Get("frmAddSingleIMDb").isVisible());
+    EXPECT_TRUE(window->isEnabled());
+}
+
+TEST_F(RetrievalWindow, NumbersOfAFileAreImported)
+{
+    home.Write(QStringLiteral("list.txt"), "Films: tt0912346, 123456, \xE4 and again 09123469");
+    Start();
+    Entry("mnuImportIMDb").trigger();
+    QWidget& panel = Get("frmImportIMDb");
+    auto& add = *panel.findChild<QWidget*>(QStringLiteral("Command2"));
+    const auto select = [&] { QTest::mouseClick(panel.findChild<QWidget*>(QStringLiteral("cmdSelFile")), Qt::LeftButton); };
+    select(); // cancelled
+    EXPECT_FALSE(add.isEnabled());
+    dialogs.files << home.Path(QStringLiteral("list.txt"));
+    select();
+    EXPECT_EQ(panel.findChild<QListView*>(QStringLiteral("List1"))->model()->rowCount(), 2);
+    EXPECT_TRUE(add.isEnabled());
+    QString film;
+    onRequest = [&](const QByteArray& path) {
+        if (path == "/Title?0912346")
+            film = Get<QLabel>("lblFilm").text();
+        EXPECT_FALSE(window->isEnabled());
+        panel.close();
+        EXPECT_TRUE(panel.isVisible()) << "a run keeps its window";
+    };
+    QElapsedTimer clock;
+    clock.start();
+    QTest::mouseClick(&add, Qt::LeftButton);
+    EXPECT_GE(clock.elapsed(), 6000);
+    EXPECT_EQ(film, QStringLiteral("Unknown - Ref #: 0912346"));
+    EXPECT_EQ(TakeMessages(), "0 Movie Grab Complete: Successfully Added 2 Films");
+    EXPECT_EQ(NewTitles(), "Another Affair (1990) / Another Affair (1990)");
+    EXPECT_FALSE(panel.isVisible());
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_TRUE(Node(QStringLiteral("Another Affair (1990)")).isValid());
+}
+
+TEST_F(RetrievalWindow, ClosingTheProgramEndsTheWait)
+{
+    StartAdding();
+    QueueAll();
+    instead = [&](const QByteArray& path) {
+        if (!path.startsWith("/Plot?"))
+            return LoopbackServer::Reply{};
+        QTimer::singleShot(0, window.get(), &QWidget::close);
+        return LoopbackServer::Reply{{}, LoopbackServer::Then::Stall};
+    };
+    bool returned = false;
+    QTimer::singleShot(0, window.get(), [&] {
+        Press("Command2");
+        returned = true;
+    });
+    QElapsedTimer clock;
+    clock.start();
+    QApplication::exec();
+    EXPECT_TRUE(returned);
+    EXPECT_LT(clock.elapsed(), 5000);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(NewTitles(), "<null>");
+    EXPECT_EQ(TakeMessages(), "");
+}
+
+TEST_F(RetrievalWindow, TheNewestBuildIsAskedFor)
+{
+    Start();
+    Entry("mnuHelpUpdate").trigger();
+    EXPECT_EQ(TakeMessages(), "0 : 2247 | 0 : Kelvado is currently upto date.");
+}
+
+} // namespace
+} // namespace kelvado

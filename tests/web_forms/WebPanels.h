@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/MainWindow.h"
+#include "web/LoopbackServer.h"
+
+#include <QMap>
+#include <QTreeWidget>
+
+namespace kelvado {
+
+/// The assembled main window with a film site of its own on this machine: the films of `titles`, by number. Any other number has no page.
+class WebPanels : public MainWindow
+{
+protected:
+    WebPanels();
+
+    /// Starts the window and opens the panel that adds films.
+    void StartAdding();
+    /// Searches by the panel and puts all films that are found into the queue.
+    void QueueAll();
+    QTreeWidget& List(const char* name) const { return Get<QTreeWidget>(name); }
+    /// The rows as "title|number", parted by a line feed.
+    std::string Rows(const char* list) const;
+    void DoubleClick(const char* list, int row);
+    /// Does `action` in the modal window `name`, once it is there.
+    void InWindow(const char* name, std::function<void(QWidget& modal)> action);
+    /// `count` films' titles in the order in which they came into the catalog.
+    std::string NewTitles() const;
+
+    QMap<QByteArray, QByteArray> titles{{"0912345", "The L&#246;wen Affair (1987/II) (TV)"},
+                                        {"0912346", "Another Affair (1990)"},
+                                        {"0912347", "A Very Long Affair (2001)"},
+                                        {"0078748", "Alien Renewed (1979)"}};
+    std::function<void(const QByteArray& path)> onRequest;
+    std::function<LoopbackServer::Reply(const QByteArray& path)> instead; ///< answers where it gives any bytes, or stalls
+    LoopbackServer site;
+
+private:
+    LoopbackServer::Reply Answer(const QByteArray& path);
+};
+
+} // namespace kelvado
