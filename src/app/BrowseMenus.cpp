@@ -4,15 +4,15 @@
 #include "browse/forms/frmFind.h"
 #include "browse/forms/frmSortCustom.h"
 #include "core/Guard.h"
-
-#include <QLabel>
+#include "loans/LoanActions.h"
+#include "loans/forms/fLoan.h"
 
 namespace kelvado {
 
 BrowseMenus::BrowseMenus(const Context& context)
     : m_context(context), m_sorting(context.state, context.menus, context.shell, [this] { return AskMethod(); }),
       m_filters(context.state, context.dialogs, context.menus, context.shell, [this] { return AskFilter(); }),
-      m_films(context.state, context.dialogs, context.shell, context.model), m_find(context.model, context.dialogs)
+      m_films(context.state, context.dialogs, context.shell, context.model)
 {
     ConnectArray("mnuSortPrimDetail", 8, [this](int entry) { m_sorting.ChoosePrimary(entry); });
     ConnectArray("mnuSortSecDetail", 5, [this](int entry) { m_sorting.ChooseSecondary(entry); });
@@ -26,13 +26,18 @@ BrowseMenus::BrowseMenus(const Context& context)
     ConnectArray("MnuFilterRemoveSingle", Filters::kMost, [this](int entry) { m_filters.RemoveSingle(entry); });
 
     for (const char* entry : {"mnuDelete", "mnuDeleteE"})
-        Connect(entry, -1, [this] { m_films.Delete(m_context.tree.Selected()); });
+        Connect(entry, -1, [this] { DeleteSelected(); });
     for (const char* entry : {"MnuMoveMyMovies", "MnuMoveMyMoviesE"})
         Connect(entry, -1, [this] { m_films.MoveToMovies(m_context.tree.Selected()); });
     for (const char* entry : {"MnuMoveMyRequest", "MnuMoveMyRequestE"})
         Connect(entry, -1, [this] { m_films.MoveToRequests(m_context.tree.Selected()); });
-    Connect("mnuMovieNightAdd", -1, [this] { m_films.AddToMovieNight(m_context.idLabel.text()); });
+    Connect("mnuMovieNightAdd", -1, [this] { m_films.AddToMovieNight(m_context.tree.Selected()); });
     Connect("mnuMovieNightClear", -1, [this] { m_films.ClearMovieNight(); });
+    for (const char* entry : {"mnuLoanMovie", "mnuLoanMovieE"})
+        Connect(entry, -1, [this] { LoanSelected(); });
+    for (const char* entry : {"mnuLoanReturn", "mnuLoanReturnE"})
+        Connect(entry, -1, [this] { ReturnSelected(); });
+    Connect("mnuLoansManage", -1, [this] { ManageLoans(); });
     Connect("mnuFind", -1, [this] { ShowFind(); });
 }
 
@@ -67,9 +72,66 @@ FilterRecord BrowseMenus::AskFilter()
     return dialog.ShowAndRead();
 }
 
+void BrowseMenus::DeleteSelected()
+{
+    // The view goes on to a neighbour by itself when the node is taken out; the command shows it.
+    const struct Silence
+    {
+        CatalogTreeView& tree;
+        explicit Silence(CatalogTreeView& t) : tree(t) { tree.SetSilent(true); }
+        ~Silence() { tree.SetSilent(false); }
+    } silence(m_context.tree);
+    m_films.Delete(m_context.tree.Selected());
+    m_context.updateSelectionMenus();
+}
+
+void BrowseMenus::LoanSelected()
+{
+    const QString film = m_films.CurrentFilm(m_context.tree.Selected());
+    if (film.isEmpty())
+        return;
+    LoanFilm(film.toLongLong(), {m_context.state, m_context.dialogs, m_clock}, m_context.skinner, &m_context.window);
+    AfterLoan();
+}
+
+void BrowseMenus::ReturnSelected()
+{
+    const QString film = m_films.CurrentFilm(m_context.tree.Selected());
+    if (film.isEmpty())
+        return;
+    ReturnFilm(film.toLongLong(), m_context.state.CatalogPath(), m_clock);
+    AfterLoan();
+}
+
+void BrowseMenus::AfterLoan()
+{
+    m_context.updateSelectionMenus();
+    m_context.shell.UpdateStatus(true);
+}
+
+void BrowseMenus::ManageLoans()
+{
+    if (!m_loansWindow) {
+        m_loansWindow = new fLoan({m_context.state, m_context.dialogs, m_clock}, m_context.skinner, &m_context.window);
+        m_loansWindow->setAttribute(Qt::WA_DeleteOnClose);
+        m_context.skinner.SkinForm(*m_loansWindow);
+        connect(
+            m_loansWindow, &QObject::destroyed, this,
+            [this] {
+                if (!m_context.state.CatalogPath().isEmpty())
+                    Guarded(m_context.dialogs, [this] { AfterLoan(); });
+            },
+            Qt::QueuedConnection);
+    }
+    m_loansWindow->show();
+    m_loansWindow->raise();
+    m_loansWindow->activateWindow();
+}
+
 void BrowseMenus::ShowFind()
 {
     if (!m_findWindow) {
+        m_find.emplace(m_context.model, m_context.dialogs);
         m_findWindow = new frmFind(&m_context.window);
         m_findWindow->setAttribute(Qt::WA_DeleteOnClose);
         m_context.skinner.SkinForm(*m_findWindow);
@@ -83,8 +145,9 @@ void BrowseMenus::ShowFind()
 
 void BrowseMenus::FindNext(const QString& text)
 {
-    m_find.Next(text, [this](const QModelIndex& node) {
+    m_find->Next(text, [this](const QModelIndex& node) {
         m_context.tree.SelectSilently(node);
+        m_context.updateSelectionMenus();
         m_context.shell.ShowSelection();
     });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/DesktopSeams.h"
 #include "app/Menus.h"
 #include "browse/FilmCommands.h"
 #include "browse/Filters.h"
@@ -12,14 +13,14 @@
 #include <QPointer>
 
 #include <functional>
-
-class QLabel;
+#include <optional>
 
 namespace kelvado {
 
+class fLoan;
 class frmFind;
 
-/// Connects the menu entries that sort, filter and search the tree or act on its selected film.
+/// Connects the menu entries that sort, filter and search the tree, act on its selected film or lend it.
 class BrowseMenus : public QObject
 {
     Q_OBJECT
@@ -34,8 +35,9 @@ public:
         Shell& shell;
         CatalogModel& model;
         CatalogTreeView& tree;
-        const QLabel& idLabel;
         const Skinner& skinner;
+        /// Brings the entries that depend on the selected film up to date.
+        std::function<void()> updateSelectionMenus;
     };
     explicit BrowseMenus(const Context& context);
 
@@ -44,6 +46,11 @@ private:
     void ConnectArray(const char* menu, int entries, const std::function<void(int)>& handler);
     QString AskMethod();
     FilterRecord AskFilter();
+    void DeleteSelected();
+    void LoanSelected();
+    void ReturnSelected();
+    void ManageLoans();
+    void AfterLoan();
     void ShowFind();
     void FindNext(const QString& text);
 
@@ -51,8 +58,10 @@ private:
     Sorting m_sorting;
     Filters m_filters;
     FilmCommands m_films;
-    Find m_find;
+    std::optional<Find> m_find; ///< from the start again with each window
     QPointer<frmFind> m_findWindow;
+    DesktopClock m_clock;
+    QPointer<fLoan> m_loansWindow;
 };
 
 } // namespace kelvado

@@ -4,6 +4,7 @@
 #include "ui/fLengthEdit.h"
 #include "ui/frmAbout.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -42,7 +43,8 @@ QString Ending(const FileDialog& dialog)
 
 int DesktopDialogs::MessageBox(const QString& text, int type, const QString& title)
 {
-    QMessageBox box(m_owner);
+    QWidget* active = QApplication::activeWindow();
+    QMessageBox box(active ? active : m_owner.data());
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setWindowTitle(title.isEmpty() ? frmAbout::ProductName() : title);
     box.setTextFormat(Qt::PlainText);
@@ -53,6 +55,7 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
     if (yesNo && m_beforeConfirmation)
         m_beforeConfirmation();
     box.setIcon(icon == kBoxCritical      ? QMessageBox::Critical
+                : icon == kBoxExclamation ? QMessageBox::Warning
                 : icon == kBoxInformation ? QMessageBox::Information
                 : yesNo                   ? QMessageBox::Question
                                           : QMessageBox::NoIcon);

@@ -93,8 +93,8 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     m_ui->TreeView1->setModel(&m_model);
     ConnectMenus();
     ConnectControls();
-    m_browseMenus = std::make_unique<BrowseMenus>(
-        BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_model, *m_ui->TreeView1, *m_ui->ID, m_skinner});
+    m_browseMenus = std::make_unique<BrowseMenus>(BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_model, *m_ui->TreeView1,
+                                                                       m_skinner, [this] { UpdateSelectionMenus(); }});
     m_statusBar = std::make_unique<StatusBar>(m_state, dialogs, m_menus, m_skinner, *m_ui->StatusCells);
     m_webMenus = std::make_unique<WebMenus>(
         WebMenus::Context{*this, m_state, dialogs, m_menus, *this, *m_ui->TreeView1, *m_ui->ID, m_skinner, *m_ui->picGrabSelect,
@@ -343,10 +343,7 @@ void Form1::ShowSelection()
     const std::optional<NodeRef> node = SelectedNode();
     if (!node)
         return;
-    if (node->tag == kTagActor)
-        m_ui->ID->setText(KeyPart(node->key, 1));
-    else if (node->tag == kTagFilm)
-        m_ui->ID->setText(KeyPart(node->key, 0));
+    TakeId();
     if (m_state.CurrentSection == kMovieList) {
         if (node->tag == kTagFilm)
             m_pages.ShowFilmPage();
@@ -370,6 +367,8 @@ void Form1::ShowSelection()
 void Form1::ApplyMenuRules()
 {
     kelvado::ApplyMenuRules(m_state.CatalogOpen, m_menus, [this](const QString& key, bool enabled) { EnableButton(key, enabled); });
+    if (m_state.FilterCount >= Filters::kMost)
+        m_menus.SetEnabled(QStringLiteral("mnuAddFilter"), -1, false);
 }
 
 void Form1::PushHistory(const QString& key, const QString& section, const QString& page)
@@ -437,6 +436,18 @@ void Form1::SelectNode(const QString& key)
     if (!node.isValid())
         throw RuntimeError(kErrElementNotFound);
     m_ui->TreeView1->SelectSilently(node);
+    TakeId();
+    UpdateSelectionMenus();
+}
+
+// The number of the selected film or person, as text.
+void Form1::TakeId()
+{
+    const std::optional<NodeRef> node = SelectedNode();
+    if (node && node->tag == kTagActor)
+        m_ui->ID->setText(KeyPart(node->key, 1));
+    else if (node && node->tag == kTagFilm)
+        m_ui->ID->setText(KeyPart(node->key, 0));
 }
 
 void Form1::EnableTree(bool enabled)

@@ -107,6 +107,7 @@ private:
     void ConnectControls();
     void OnMenu(const char* name, void (Form1::*handler)());
     void OnFirstActivation();
+    void TakeId();
     void OpenDefaultCatalog();
     void OnButton(const QString& key);
     void OnNodeClick();

@@ -51,7 +51,8 @@ void Menus::SetCaption(const QString& menu, int index, const QString& caption)
 {
     constexpr qsizetype kLongest = 80;
     if (QAction* entry = Find(menu, index))
-        entry->setText(caption.simplified().left(kLongest).replace(u'&', QStringLiteral("&&")));
+        entry->setText(
+            (caption.size() > kLongest ? caption.left(kLongest - 1) + u'…' : caption).simplified().replace(u'&', QStringLiteral("&&")));
 }
 
 QAction& Menus::Entry(const QString& menu, int index) const

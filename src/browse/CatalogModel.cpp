@@ -4,6 +4,8 @@
 
 #include <QFont>
 
+#include <numeric>
+
 namespace kelvado {
 
 namespace {
@@ -36,6 +38,7 @@ void CatalogModel::SetContent(TreeContent content)
 {
     beginResetModel();
     m_removedFilms = 0;
+    m_liveFilms.clear();
     m_content = std::move(content);
     m_casts.clear();
     m_castOrder.clear();
@@ -147,7 +150,11 @@ void CatalogModel::RemoveFilm(const QModelIndex& film)
     gone.row = kRemoved;
     m_casts.remove(number);
     std::erase(m_castOrder, number);
-    ++m_removedFilms;
+    if (m_removedFilms++ == 0) {
+        m_liveFilms.resize(m_content.films.size());
+        std::iota(m_liveFilms.begin(), m_liveFilms.end(), 0);
+    }
+    std::erase(m_liveFilms, number);
     endRemoveRows();
 }
 
@@ -170,12 +177,10 @@ QModelIndex CatalogModel::NodeAt(int place) const
     const int films = static_cast<int>(m_content.films.size());
     if (m_removedFilms == 0 && rest < films)
         return IndexOfFilm(rest);
-    if (m_removedFilms == 0)
-        rest -= films;
-    for (int film = 0; m_removedFilms > 0 && film < films; ++film) {
-        if (m_content.films[static_cast<std::size_t>(film)].row != kRemoved && rest-- == 0)
-            return IndexOfFilm(film);
-    }
+    const int live = films - m_removedFilms;
+    if (m_removedFilms > 0 && rest < live)
+        return IndexOfFilm(m_liveFilms[static_cast<std::size_t>(rest)]);
+    rest -= live;
     for (const int film : m_castOrder) {
         const int cast = static_cast<int>(m_casts.constFind(film)->size());
         if (rest < cast)
@@ -323,6 +328,8 @@ QVariant CatalogModel::data(const QModelIndex& index, int role) const
         default:
             return QString(kTagGroup);
         }
+    case TextRole: // as it stands; what is displayed has no line ends
+        return FaceOf(index).text;
     case ImageRole:
         return FaceOf(index).image;
     default:

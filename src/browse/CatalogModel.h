@@ -55,7 +55,7 @@ class CatalogModel : public QAbstractItemModel
 {
     Q_OBJECT
 public:
-    enum Role { KeyRole = Qt::UserRole + 1, TagRole, ImageRole };
+    enum Role { KeyRole = Qt::UserRole + 1, TagRole, ImageRole, TextRole };
     static constexpr int kImages = 13; ///< pictures are numbered from 1
     static constexpr int kImageGroup = 11;
     static constexpr int kImageNoFormat = 5;
@@ -117,6 +117,7 @@ private:
     QHash<int, std::vector<TreeActor>> m_casts; ///< by film
     std::vector<int> m_castOrder;               ///< the films of `m_casts` in the order in which they were fetched
     int m_removedFilms = 0;
+    std::vector<int> m_liveFilms;                ///< those that are left, once one was removed
     mutable QMultiHash<qint64, int> m_filmsById; ///< made at the first search
     QColor m_textColor, m_backColor;
     std::array<QIcon, kImages + 1> m_images;

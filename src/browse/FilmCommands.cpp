@@ -15,15 +15,26 @@ QString FilmCommands::FilmOf(const QModelIndex& node) const
 {
     if (!node.isValid())
         throw RuntimeError(kErrObjectNotSet);
+    // The keys of groups and people hold other numbers.
+    if (m_model.Tag(node) != kTagFilm)
+        throw RuntimeError(kErrInvalidCall);
     return KeyPart(m_model.Key(node), 0);
+}
+
+bool FilmCommands::TreeIsCurrent()
+{
+    if (m_state.treeCatalog == m_state.CatalogPath())
+        return true;
+    m_shell.RefreshCatalogTree();
+    return false;
 }
 
 void FilmCommands::Delete(const QModelIndex& node)
 {
     const QString film = FilmOf(node);
-    if (m_model.Tag(node) != kTagFilm)
-        throw RuntimeError(kErrInvalidCall);
-    const QString question = QStringLiteral("Are you sure you want to delete ") + node.data().toString();
+    if (!TreeIsCurrent())
+        return;
+    const QString question = QStringLiteral("Are you sure you want to delete ") + node.data(CatalogModel::TextRole).toString();
     if (m_dialogs.MessageBox(question, kBoxYesNo, QStringLiteral("Confirm Delete")) != kAnswerYes)
         return;
     m_model.RemoveFilm(node);
@@ -34,19 +45,27 @@ void FilmCommands::Delete(const QModelIndex& node)
 
 void FilmCommands::MoveToRequests(const QModelIndex& node)
 {
-    MoveFilmToRequests(FilmOf(node), m_state.CatalogPath());
+    const QString film = FilmOf(node);
+    if (!TreeIsCurrent())
+        return;
+    MoveFilmToRequests(film, m_state.CatalogPath());
     m_shell.RefreshCatalogTree();
 }
 
 void FilmCommands::MoveToMovies(const QModelIndex& node)
 {
-    MoveFilmToMovies(FilmOf(node), m_state.CatalogPath());
+    const QString film = FilmOf(node);
+    if (!TreeIsCurrent())
+        return;
+    MoveFilmToMovies(film, m_state.CatalogPath());
     m_shell.RefreshCatalogTree();
 }
 
-void FilmCommands::AddToMovieNight(const QString& filmId)
+void FilmCommands::AddToMovieNight(const QModelIndex& node)
 {
-    kelvado::AddToMovieNight(filmId, m_state.CatalogPath());
+    const QString film = FilmOf(node);
+    if (TreeIsCurrent())
+        kelvado::AddToMovieNight(film, m_state.CatalogPath());
 }
 
 void FilmCommands::ClearMovieNight()

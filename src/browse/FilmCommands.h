@@ -15,17 +15,22 @@ class FilmCommands
 public:
     FilmCommands(const AppState& state, Dialogs& dialogs, Shell& shell, CatalogModel& model);
 
+    /// Each entry raises 91 for no node and 5 for a node that is no film. Where the tree shows another catalog than the one that is open
+    /// by now, the tree is built anew and nothing is written: the numbers of its films mean other films there.
+
     /// Asks, takes the node out of the tree and deletes the film. Under the sort by genre its other nodes stay until the next refresh.
-    /// Raises 91 for no node.
     void Delete(const QModelIndex& node);
     void MoveToRequests(const QModelIndex& node);
     void MoveToMovies(const QModelIndex& node);
-    /// `filmId` is the text of the window's `ID` label.
-    void AddToMovieNight(const QString& filmId);
+    void AddToMovieNight(const QModelIndex& node);
     void ClearMovieNight();
+    /// The film of `node`, for those who lend it: an empty text where the tree had to be built anew.
+    QString CurrentFilm(const QModelIndex& node) { return TreeIsCurrent() ? FilmOf(node) : QString(); }
 
 private:
     QString FilmOf(const QModelIndex& node) const;
+    /// True where the tree shows the open catalog; otherwise it is built anew.
+    bool TreeIsCurrent();
 
     const AppState& m_state;
     Dialogs& m_dialogs;

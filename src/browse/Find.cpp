@@ -8,7 +8,7 @@ QModelIndex Find::Advance(const QString& text)
     const int count = m_model.NodeCount();
     while (m_position <= count) {
         const QModelIndex node = m_model.NodeAt(m_position++);
-        const QString shown = node.data().toString();
+        const QString shown = node.data(CatalogModel::TextRole).toString();
         if (!shown.isEmpty() && shown.toUpper().contains(wanted))
             return node;
     }

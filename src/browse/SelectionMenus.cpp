@@ -1,6 +1,5 @@
 #include "browse/SelectionMenus.h"
 
-#include "core/RuntimeError.h"
 #include "store/Recordset.h"
 
 #include <array>
@@ -69,19 +68,20 @@ void Set(Facts& facts, Fact fact, bool on)
     facts[static_cast<std::size_t>(fact)] = on;
 }
 
-void OpenRow(Recordset& row, Connection& connection, const QString& sql, const QString& catalogPath)
+// False where the row is gone: nothing can be done with it then.
+bool OpenRow(Recordset& row, Connection& connection, const QString& sql, const QString& catalogPath)
 {
     connection.Open(ConnectionString(catalogPath));
     row.Open(sql, connection);
-    if (row.Eof())
-        throw RuntimeError(kErrNoCurrentRecord);
+    return !row.Eof();
 }
 
 void ReadFilmFacts(Facts& facts, const QString& movieId, const QString& catalogPath)
 {
     Connection connection;
     Recordset film;
-    OpenRow(film, connection, QStringLiteral("SELECT * FROM Movie WHERE Movie_ID = ") + movieId, catalogPath);
+    if (!OpenRow(film, connection, QStringLiteral("SELECT * FROM Movie WHERE Movie_ID = ") + movieId, catalogPath))
+        return;
     const auto filled = [&](QStringView column) { return !film[column].IsNull() && !film[column].Get().Text().isEmpty(); };
     const bool request = filled(u"Format") && film[u"Format"].Get().Text() == u"Request";
     const bool home = film[u"Loan_ID"].IsNull() || film[u"Loan_ID"].Get().Number() == 0;
@@ -105,7 +105,8 @@ void ReadActorFacts(Facts& facts, const QString& actorId, const QString& catalog
 {
     Connection connection;
     Recordset actor;
-    OpenRow(actor, connection, QStringLiteral("SELECT * FROM Actor WHERE Actor_ID = ") + actorId, catalogPath);
+    if (!OpenRow(actor, connection, QStringLiteral("SELECT * FROM Actor WHERE Actor_ID = ") + actorId, catalogPath))
+        return;
     const bool linked = !actor[u"IMDB_LINK"].IsNull();
     Set(facts, Fact::ActorSelected, true);
     Set(facts, Fact::ActorHasLink, linked);

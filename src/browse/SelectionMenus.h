@@ -20,7 +20,7 @@ struct MenuRule
 };
 
 /// What the selected node allows: reads the film's or actor's row from the catalog and says for every entry that depends on it whether it
-/// is on. No node, a group and a placeholder turn all of them off. Raises 3021 where the row is gone, and what the engine raises.
+/// is on. No node, a group, a placeholder and a row that is gone turn all of them off. Raises what the engine raises.
 std::vector<MenuRule> SelectionRules(const std::optional<NodeRef>& node, const QString& catalogPath);
 
 } // namespace kelvado

@@ -7,6 +7,8 @@
 #include <QElapsedTimer>
 #include <QSet>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace kelvado {
@@ -44,8 +46,13 @@ enum FilmColumn { kPrimaryColumn, kSecondaryColumn, kIdColumn, kTitleColumn, kFo
 // The group of a title: the code of its first letter, 10 for a digit, 1 for anything else and for no title.
 int TitleGroup(const QString& title)
 {
-    const QString capital = title.left(1).toUpper();
-    const char16_t first = capital.size() == 1 ? capital.front().unicode() : u'\0';
+    char16_t first = title.isEmpty() ? u'\0' : title.front().unicode();
+    if (first >= u'a' && first <= u'z')
+        first = static_cast<char16_t>(first - u'a' + u'A');
+    else if (first >= 0x80) {
+        const QString capital = title.left(1).toUpper();
+        first = capital.size() == 1 ? capital.front().unicode() : u'\0';
+    }
     if (first >= u'A' && first <= u'Z')
         return first;
     return first >= u'0' && first <= u'9' ? 10 : 1;
@@ -193,6 +200,8 @@ public:
                     m_tree.m_context.shell.ShowProgress(percent);
             }
         }
+        if (m_primary == kByGenre)
+            DropSecondLinks();
     }
 
     /// The first film that stood twice under one group; empty where there was none.
@@ -217,57 +226,100 @@ private:
 
     void AddFilm(const Recordset& films)
     {
-        const QString format = films.IsNull(kFormatColumn) ? QString() : films.Text(kFormatColumn);
-        const QString value = films.Text(kPrimaryColumn);
+        const QString format = films.Text(kFormatColumn);
         TreeFilm film;
         film.id = films.Integer(kIdColumn);
-        film.value = FilmValue(m_primary, value, format);
-        const int group = GroupOf(film, films);
-        if (m_primary == kByGenre && IsSecond(film.id, group)) {
-            if (m_duplicate.isEmpty())
-                m_duplicate = FilmKey(film.id, film.value);
-            return;
+        film.title = films.Text(kTitleColumn);
+        const int group = PlaceOf(film, films, format);
+        film.title = Shown(film.title);
+        if (format != m_lastFormat || m_content.films.empty()) {
+            m_lastFormat = format;
+            m_lastImage = FormatImage(format);
         }
-        film.title = Shown(films.Text(kTitleColumn));
-        film.image = FormatImage(films.IsNull(kFormatColumn) ? QString() : (format.isNull() ? QStringLiteral("") : format));
+        film.image = !format.isEmpty() ? m_lastImage : films.IsNull(kFormatColumn) ? CatalogModel::kImageNoFormat : 0;
         m_content.AddFilm(std::move(film), group);
     }
 
-    int GroupOf(TreeFilm& film, const Recordset& films)
+    /// Gives the film the second part of its key, and returns its group.
+    int PlaceOf(TreeFilm& film, const Recordset& films, const QString& format)
     {
-        // A loaned film stands under the loans, though its key ends like a request's.
-        QString parent = film.value;
-        if (m_primary == kByLocation && film.value == kAtHome && films.Integer(kLoanColumn) != 0) {
-            parent = kOnLoan;
-            film.value = kWanted;
-        } else if (m_primary == kByTitle) {
-            parent = TitleGroupText(film.value.toInt());
+        if (m_primary == kByTitle) {
+            TitlePlace& place = m_titlePlaces[static_cast<std::size_t>(TitleGroup(film.title))];
+            if (place.group < 0) {
+                place.value = QString::number(TitleGroup(film.title));
+                place.group = GroupOf(TitleGroupText(TitleGroup(film.title)));
+            }
+            film.value = place.value;
+            return place.group;
         }
-        if (m_lastGroup >= 0 && parent == m_lastParent)
-            return m_lastGroup;
-        const auto found = m_groups.constFind(GroupName(parent));
-        if (found == m_groups.cend())
-            throw RuntimeError::WithDetail(kErrElementNotFound, parent);
-        m_lastParent = parent;
-        return m_lastGroup = *found;
+        const QString value = FilmValue(m_primary, films.Text(kPrimaryColumn), format);
+        // A loaned film stands under the loans, though its key ends like a request's.
+        if (m_primary == kByLocation && value == kAtHome && films.Integer(kLoanColumn) != 0) {
+            film.value = kWanted;
+            return GroupOf(kOnLoan);
+        }
+        const int group = GroupOf(value);
+        const QString& shared = m_content.groups[static_cast<std::size_t>(group)].value;
+        film.value = value == shared ? shared : value;
+        return group;
     }
 
-    bool IsSecond(qint64 id, int group)
+    int GroupOf(const QString& value)
     {
-        const auto place = std::pair(id, group);
-        if (m_places.contains(place))
-            return true;
-        m_places.insert(place);
-        return false;
+        if (const auto known = m_knownValues.constFind(value); known != m_knownValues.cend())
+            return *known;
+        const auto found = m_groups.constFind(GroupName(value));
+        if (found == m_groups.cend())
+            throw RuntimeError::WithDetail(kErrElementNotFound, value);
+        m_knownValues.insert(value, *found);
+        return *found;
     }
+
+    // A film that stands twice under one group keeps its first node.
+    void DropSecondLinks()
+    {
+        std::vector<std::pair<qint64, int>> places; // film id and place in the list
+        std::vector<bool> isSecond(m_content.films.size());
+        int first = -1;
+        for (const TreeGroup& group : m_content.groups) {
+            places.clear();
+            for (const int film : group.films)
+                places.emplace_back(m_content.films[static_cast<std::size_t>(film)].id, film);
+            std::sort(places.begin(), places.end());
+            for (std::size_t i = 1; i < places.size(); ++i) {
+                if (places[i].first != places[i - 1].first)
+                    continue;
+                isSecond[static_cast<std::size_t>(places[i].second)] = true;
+                first = first < 0 ? places[i].second : std::min(first, places[i].second);
+            }
+        }
+        if (first < 0)
+            return;
+        m_duplicate = FilmKey(m_content.films[static_cast<std::size_t>(first)].id, m_content.films[static_cast<std::size_t>(first)].value);
+        TreeContent kept;
+        for (const TreeGroup& group : m_content.groups)
+            kept.AddGroup(group.value, group.text, group.image);
+        for (std::size_t i = 0; i < m_content.films.size(); ++i) {
+            if (!isSecond[i])
+                kept.AddFilm(m_content.films[i], m_content.films[i].group);
+        }
+        m_content = std::move(kept);
+    }
+
+    struct TitlePlace
+    {
+        QString value;
+        int group = -1;
+    };
 
     Tree& m_tree;
     QString m_primary;
     TreeContent m_content;
     QHash<QString, int> m_groups;
-    QSet<std::pair<qint64, int>> m_places;
-    QString m_lastParent;
-    int m_lastGroup = -1;
+    QHash<QString, int> m_knownValues; ///< groups by a value as films carry it
+    std::array<TitlePlace, u'Z' + 1> m_titlePlaces;
+    QString m_lastFormat;
+    int m_lastImage = 0;
     QString m_duplicate;
 };
 
@@ -290,6 +342,7 @@ void Tree::FillTree()
         Connection connection;
         Connect(connection);
         Filling filling(*this);
+        m_context.state.treeCatalog = m_context.state.CatalogPath();
         filling.ReadGroups(connection);
         filling.ReadFilms(connection);
         duplicate = filling.Duplicate();

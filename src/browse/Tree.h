@@ -29,7 +29,7 @@ public:
     /// What the tree works on; all of it outlives the tree.
     struct Context
     {
-        const AppState& state;
+        AppState& state;
         const MenuMarks& marks;
         Events& events;
         Shell& shell;

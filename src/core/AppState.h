@@ -30,6 +30,8 @@ struct AppState
     FileDialog comDiagFile; ///< its `fileName` is the path of the open catalog; empty means that none is open
     FileDialog ComDiag;     ///< the second file dialog
 
+    QString treeCatalog; ///< the catalog that the tree was filled from
+
     const QString& CatalogPath() const { return comDiagFile.fileName; }
 };
 

@@ -14,6 +14,8 @@ public:
 
     /// Selects a node and brings it into view, without `NodeClick`.
     void SelectSilently(const QModelIndex& index);
+    /// While it is silent, changes of the selection are the program's own.
+    void SetSilent(bool silent) { m_silent = silent; }
     /// The selected node; an invalid index where there is none.
     QModelIndex Selected() const;
 

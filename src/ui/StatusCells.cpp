@@ -15,12 +15,14 @@ constexpr int kHeightAround = 8;
 StatusCells::StatusCells(QWidget* parent) : QWidget(parent)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::TabFocus); // the menu key opens the menu of the cells
 }
 
 void StatusCells::SetCells(const QStringList& cells)
 {
     m_cells = cells;
     setAccessibleName(cells.join(QStringLiteral(", ")));
+    setToolTip(cells.join(u'\n').toHtmlEscaped().replace(u'\n', QStringLiteral("<br>"))); // also those that do not fit
     update();
 }
 
@@ -40,6 +42,10 @@ QSize StatusCells::sizeHint() const
 void StatusCells::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    if (hasFocus()) {
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
     int left = 0;
     for (const QString& cell : m_cells) {
         const QRect frame(left, 0, fontMetrics().horizontalAdvance(cell) + 2 * kInset, height() - 1);

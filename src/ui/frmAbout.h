@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Version.h"
+
 #include <QWidget>
 
 namespace kelvado {
@@ -14,7 +16,7 @@ public:
 
     static QString ProductName() { return QStringLiteral("Kelvado"); }
     static QString Version() { return QStringLiteral("2.0"); }
-    static int BuildNumber() { return 2247; }
+    static int BuildNumber() { return kBuildNumber; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

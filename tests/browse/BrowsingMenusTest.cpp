@@ -190,7 +190,7 @@ TEST_F(FilmCommandsTest, MovesAndTheMovieNightListWriteOneColumn)
 {
     films.MoveToRequests(Film("1"));
     films.MoveToMovies(Film("3"));
-    films.AddToMovieNight(QStringLiteral("2"));
+    films.AddToMovieNight(Film("2"));
     EXPECT_EQ(catalog.Ask("SELECT group_concat(coalesce(Format, '-')) FROM (SELECT Format FROM Movie ORDER BY Movie_ID)"),
               u"Request,VHS,-");
     EXPECT_EQ(catalog.Ask("SELECT Loan_ID FROM Movie WHERE Movie_ID = 1"), u"3");
@@ -201,7 +201,16 @@ TEST_F(FilmCommandsTest, MovesAndTheMovieNightListWriteOneColumn)
     state.gOptions->View.ViewMode = QStringLiteral("MovieNight");
     films.ClearMovieNight();
     EXPECT_EQ(shell.calls.size(), 3);
-    EXPECT_THROW(films.AddToMovieNight(QStringLiteral("99")), RuntimeError);
+    EXPECT_THROW(films.AddToMovieNight({}), RuntimeError);
+    // A group's key holds a number too; no film bears the blame.
+    catalog.Run("INSERT INTO Movie (Movie_ID, Title, Format) VALUES (65, 'Zulu', 'DVD')");
+    EXPECT_THROW(films.MoveToRequests(model.Find(GroupKey(u"65"))), RuntimeError);
+    EXPECT_EQ(catalog.Ask("SELECT Format FROM Movie WHERE Movie_ID = 65"), u"DVD");
+    // The tree of one catalog says nothing of the films of another.
+    state.treeCatalog = QStringLiteral("/other.kvd");
+    films.MoveToMovies(Film("2"));
+    EXPECT_EQ(catalog.Ask("SELECT Format FROM Movie WHERE Movie_ID = 2"), u"VHS");
+    EXPECT_EQ(shell.calls.last(), u"RefreshCatalogTree");
 }
 
 TEST_F(FilmCommandsTest, FindWalksGroupsFilmsAndFetchedCastsAndTellsTheEnd)
@@ -222,6 +231,11 @@ TEST_F(FilmCommandsTest, FindWalksGroupsFilmsAndFetchedCastsAndTellsTheEnd)
     EXPECT_EQ(found.last(), u"Ann");
     EXPECT_EQ(dialogs.boxes.size(), 1);
     EXPECT_EQ(find.Position(), 1);
+    model.RemoveFilm(Film("1"));
+    found.clear();
+    next(u"al");
+    next(u"br");
+    EXPECT_EQ(found, (QStringList{QStringLiteral("Alphaville"), QStringLiteral("Brazil")}));
 }
 
 } // namespace

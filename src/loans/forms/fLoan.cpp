@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QScopeGuard>
 #include <QShortcut>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -139,8 +140,12 @@ bool fLoan::ShowsOtherCatalog() const
 bool fLoan::event(QEvent* event)
 {
     // The window stays open while the main window goes over to another catalog.
-    if (event->type() == QEvent::WindowActivate && !m_model.CatalogPath().isEmpty() && ShowsOtherCatalog())
-        Run(&fLoan::Loans_Refresh);
+    // Each catalog is tried once: a message about one that cannot be read activates this window again.
+    const QString path = m_context.state.CatalogPath();
+    if (event->type() == QEvent::WindowActivate && !m_model.CatalogPath().isEmpty() && ShowsOtherCatalog() && path != m_triedPath) {
+        m_triedPath = path;
+        QTimer::singleShot(0, this, [this] { Run(&fLoan::Loans_Refresh); });
+    }
     return QDialog::event(event);
 }
 

@@ -51,6 +51,7 @@ private:
     LoanContext m_context;
     const Skinner& m_skinner;
     LoanModel m_model;
+    QString m_triedPath; ///< the catalog that the window last went over to
 };
 
 /// Lets the user lend the film `movieId`, above `parent`. Raises 3021 where there is no such film.
