@@ -14,9 +14,9 @@ struct MenuEntry
 };
 
 constexpr MenuEntry kAddFilmEntries[] = {
-    {"mnuImdb", Rule::WithCatalog},       {"mnuisonews", Rule::WithCatalog},      {"mnuManualEntry", Rule::WithCatalog},
-    {"mnuImportIMDb", Rule::WithCatalog},
-    {"AddIMDb", Rule::WithCatalog, true}, {"AddDVDEmp", Rule::WithCatalog, true}, {"AddManual", Rule::WithCatalog, true},
+    {"mnuImdb", Rule::WithCatalog},         {"mnuisonews", Rule::WithCatalog},    {"mnuManualEntry", Rule::WithCatalog},
+    {"mnuImportIMDb", Rule::WithCatalog},   {"AddIMDb", Rule::WithCatalog, true}, {"AddDVDEmp", Rule::WithCatalog, true},
+    {"AddManual", Rule::WithCatalog, true},
 };
 constexpr MenuEntry kViewEntries[] = {
     {"mnuViewRefresh", Rule::WithCatalog},

@@ -1,0 +1,165 @@
+#include "MainWindow.h"
+
+#include "ui/StatusCells.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QTreeWidget>
+
+namespace kelvado {
+namespace {
+
+class FilmMenus : public MainWindow
+{
+protected:
+    /// Triggers an entry that opens a modal window, and works in that window by `steps`.
+    void InDialog(const char* entry, const std::function<void(QDialog&)>& steps)
+    {
+        bool shown = false;
+        QTimer::singleShot(0, window.get(), [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            shown = dialog != nullptr;
+            if (dialog) {
+                steps(*dialog);
+                if (dialog->isVisible())
+                    dialog->reject();
+            }
+        });
+        Entry(entry).trigger();
+        EXPECT_TRUE(shown) << entry << " opened no window";
+    }
+
+    static void Choose(QDialog& dialog, const char* tree, const char16_t* caption)
+    {
+        auto* view = dialog.findChild<QTreeWidget*>(QString::fromLatin1(tree));
+        for (QTreeWidgetItem* entry : view->findItems(QString::fromUtf16(caption), Qt::MatchExactly | Qt::MatchRecursive)) {
+            if (entry->childCount() == 0)
+                view->setCurrentItem(entry);
+        }
+    }
+    static void PressIn(QDialog& dialog, const char* button)
+    {
+        QTest::mouseClick(dialog.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
+    }
+    QString Column(const char* column, const char* title)
+    {
+        return catalog.Ask(QByteArray("SELECT ") + column + " FROM Movie WHERE Title LIKE '" + title + "%'");
+    }
+};
+
+TEST_F(FilmMenus, SortsFiltersAndViewModesReshapeTheTree)
+{
+    Start();
+    Entry("mnuSortPrimDetail_2").trigger();
+    EXPECT_EQ(Shown(), "DVD\n Alien\nRequest\n Brazil\nVHS\n 2001");
+    Entry("mnuSortPrimDESC").trigger();
+    EXPECT_TRUE(Entry("mnuSortPrimDESC").isChecked());
+    EXPECT_EQ(Tree().model()->index(0, 0).data().toString(), u"VHS");
+    InDialog("mnuSortPrimDetail_7", [](QDialog& dialog) {
+        Choose(dialog, "tvSort", u"Movie");
+        EXPECT_FALSE(dialog.findChild<QPushButton*>(QStringLiteral("cmdOkay"))->isEnabled());
+        Choose(dialog, "tvSort", u"Year");
+        PressIn(dialog, "cmdOkay");
+    });
+    EXPECT_EQ(window->State().gOptions->View.PrimarySort, u"Movie.Year");
+
+    InDialog("mnuAddFilter", [this](QDialog& dialog) {
+        Choose(dialog, "tvFilter", u"Year");
+        dialog.findChild<QLineEdit*>(QStringLiteral("txtFilter"))->setText(QStringLiteral("x"));
+        PressIn(dialog, "cmdAddFilter");
+        EXPECT_NE(TakeMessages().find("You must select an operand"), std::string::npos);
+        dialog.findChild<QComboBox*>(QStringLiteral("CboOperand"))->setCurrentIndex(1);
+        PressIn(dialog, "cmdAddFilter");
+        EXPECT_NE(TakeMessages().find("Yearmust be numeric."), std::string::npos);
+        Choose(dialog, "tvFilter", u"Title");
+        EXPECT_FALSE(dialog.findChild<QComboBox*>(QStringLiteral("CboOperand"))->isEnabled());
+        dialog.findChild<QLineEdit*>(QStringLiteral("txtFilter"))->setText(QStringLiteral("alien"));
+        PressIn(dialog, "cmdAddFilter");
+    });
+    EXPECT_EQ(window->State().FilterWhere, u"WHERE Movie.Title =\"alien\"");
+    EXPECT_TRUE(Node(QStringLiteral("Alien")).isValid());
+    EXPECT_FALSE(Node(QStringLiteral("Brazil")).isValid());
+    EXPECT_EQ(Entry("MnuFilterRemoveSingle_0").text(), u"Title contains alien");
+    dialogs.answers << kAnswerYes;
+    Entry("mnuFilterRemoveAll").trigger();
+    TakeMessages();
+    Entry("mnuViewMode_1").trigger();
+    EXPECT_TRUE(Node(QStringLiteral("Brazil")).isValid());
+    EXPECT_FALSE(Node(QStringLiteral("Alien")).isValid());
+    const QStringList cells = Get<StatusCells>("StatusCells").Cells();
+    EXPECT_TRUE(cells.contains(QStringLiteral("View Mode: Requests"))) << qPrintable(cells.join(u'|'));
+}
+
+TEST_F(FilmMenus, FilmsAreMovedListedAndDeletedAndTheMenusFollow)
+{
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    Entry("mnuMovieNightAdd").trigger();
+    EXPECT_EQ(Column("MovieNight", "Alien"), u"1");
+    Entry("MnuMoveMyRequestE").trigger();
+    EXPECT_EQ(Column("Format", "Alien"), u"Request");
+    EXPECT_FALSE(Entry("mnuDeleteE").isEnabled()) << "the selection went with the old tree";
+    ClickNode(QStringLiteral("Alien"));
+    dialogs.answers << kAnswerYes;
+    Press("Delete");
+    EXPECT_NE(TakeMessages().find("Are you sure you want to delete Alien"), std::string::npos);
+    EXPECT_EQ(Column("Title", "Alien"), u"<none>");
+    EXPECT_FALSE(Node(QStringLiteral("Alien")).isValid());
+    EXPECT_TRUE(Get<StatusCells>("StatusCells").Cells().contains(QStringLiteral("Total Requests: 1")));
+}
+
+TEST_F(FilmMenus, FindSelectsWhatItMeetsAndACommandNeverTakesAGroupForAFilm)
+{
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    Entry("mnuFind").trigger();
+    auto* find = window->findChild<QDialog*>(QStringLiteral("frmFind"));
+    ASSERT_TRUE(find);
+    QTest::keyClicks(find->findChild<QLineEdit*>(QStringLiteral("txtFind")), QStringLiteral("a"));
+    PressIn(*find, "cmdFNext");
+    EXPECT_EQ(Tree().Selected().data().toString(), u"A");
+    EXPECT_FALSE(Entry("MnuMoveMyRequestE").isEnabled());
+    PressIn(*find, "cmdFNext");
+    PressIn(*find, "cmdFNext");
+    EXPECT_EQ(Tree().Selected().data().toString(), u"Brazil");
+    EXPECT_TRUE(Entry("MnuMoveMyMoviesE").isEnabled());
+    EXPECT_EQ(TakeMessages(), "0 : Finished Searching The Document") << "the last node's match tells the end at once";
+    PressIn(*find, "cmdCancel");
+}
+
+TEST_F(FilmMenus, AFilmIsLentAndTakenBackFromTheMenus)
+{
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    InDialog("mnuLoanMovieE", [](QDialog& dialog) {
+        dialog.findChild<QComboBox*>(QStringLiteral("cboLoanTo"))->setEditText(QStringLiteral("Ines"));
+        PressIn(dialog, "Command1");
+    });
+    EXPECT_NE(Column("Loan_ID", "Alien"), u"0");
+    EXPECT_TRUE(Entry("mnuLoanReturnE").isEnabled());
+    Entry("mnuLoanReturnE").trigger();
+    EXPECT_EQ(Column("Loan_ID", "Alien"), u"0");
+    EXPECT_TRUE(Entry("mnuLoanMovieE").isEnabled());
+    Entry("mnuLoansManage").trigger();
+    auto* manager = window->findChild<QDialog*>(QStringLiteral("fLoan"));
+    ASSERT_TRUE(manager);
+    manager->close();
+}
+
+TEST_F(FilmMenus, TheStatusMenuShowsAndHidesCells)
+{
+    Start();
+    const auto& cells = Get<StatusCells>("StatusCells");
+    EXPECT_FALSE(cells.Cells().join(u' ').contains(u"Total Actors"));
+    Entry("mnuStatusItem_9").trigger();
+    EXPECT_TRUE(cells.Cells().join(u' ').contains(u"Total Actors: "));
+    Entry("mnuStatusItem_1").trigger();
+    EXPECT_FALSE(cells.Cells().join(u' ').contains(u"Total Movies"));
+    EXPECT_EQ(window->State().gOptions->Status.TotalMovies, 0);
+}
+
+} // namespace
+} // namespace kelvado
