@@ -27,10 +27,10 @@ WebMenus::WebMenus(const Context& context)
       m_desk{context.state, context.shell, context.dialogs, m_web, m_progress, {}, false}
 {
     m_progress.SetBatch(m_desk.batch);
-    Connect("mnuUpdateMovieInfo", [this] { UpdateFilm(); });
-    Connect("mnuMovieRetrieve", [this] { RetrieveFilm(); });
-    Connect("mnuImportIMDb", [this] { ImportNumbers(); });
-    Connect("mnuHelpUpdate", [this] { CheckUpdate(); });
+    Connect("mnuUpdateMovieInfo", [this] { OnUpdateMovieInfo(); });
+    Connect("mnuMovieRetrieve", [this] { OnMovieRetrieve(); });
+    Connect("mnuImportIMDb", [this] { OnImport(); });
+    Connect("mnuHelpUpdate", [this] { OnHelpUpdate(); });
     for (const char* entry : {"mnuImdbVisit", "mnuImdbVisitV"})
         Connect(entry, [this] { VisitSite(); });
     for (const char* entry : {"mnuisonewsvisit", "mnuIsonewsVisitV"})
@@ -79,7 +79,7 @@ void WebMenus::EndRun()
     m_progress.Close();
 }
 
-void WebMenus::UpdateFilm()
+void WebMenus::OnUpdateMovieInfo()
 {
     const FetchTurn turn(m_desk);
     if (TakeTurn(turn, m_context.dialogs))
@@ -87,7 +87,7 @@ void WebMenus::UpdateFilm()
                         m_context.shell);
 }
 
-void WebMenus::RetrieveFilm()
+void WebMenus::OnMovieRetrieve()
 {
     if (m_desk.fetching) {
         TakeTurn(FetchTurn(m_desk), m_context.dialogs);
@@ -101,7 +101,7 @@ void WebMenus::RetrieveFilm()
     m_retrieveWindow->Open(m_context.tree.Selected().data().toString(), m_context.idLabel.text());
 }
 
-void WebMenus::ImportNumbers()
+void WebMenus::OnImport()
 {
     if (!m_importWindow) {
         m_importWindow = new frmImportIMDb(
@@ -110,7 +110,7 @@ void WebMenus::ImportNumbers()
     m_importWindow->Open();
 }
 
-void WebMenus::CheckUpdate()
+void WebMenus::OnHelpUpdate()
 {
     bool unload = false;
     {

@@ -57,10 +57,10 @@ public:
 private:
     void Connect(const char* entry, std::function<void()> handler);
     void ShowSource(const QString& mode);
-    void UpdateFilm();
-    void RetrieveFilm();
-    void ImportNumbers();
-    void CheckUpdate();
+    void OnUpdateMovieInfo();
+    void OnMovieRetrieve();
+    void OnImport();
+    void OnHelpUpdate();
     void VisitSite();
     void VisitShop();
     void Visit(const QString& address);

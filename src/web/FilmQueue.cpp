@@ -20,55 +20,58 @@ struct BatchFilm
 
 QString ReasonOf(const RuntimeError& error)
 {
-    // A page that did not arrive is read like an empty one, so the parser's error is all that tells of it.
-    const QString text = u"Run-time error '%1': %2"_s.arg(error.Number()).arg(error.Description());
-    return error.Number() == kErrInvalidCall ? u"its pages could not be fetched or read. "_s + text : text;
+    return u"Run-time error '%1': %2"_s.arg(error.Number()).arg(error.Description());
 }
 
-// `next` gives the film at a place of the list, `onAdded` takes it from there.
-class Batch
+// True where the film was added. A failure is noted; a cancel is seen in the batch.
+bool AddOne(const BatchFilm& next, FilmDesk& desk, BatchResult& result)
 {
-public:
-    Batch(FilmDesk& desk, qsizetype count) : m_desk(desk), m_retrieval(MakeRetrieval(desk)), m_writer(MakeWriter(desk))
-    {
-        m_result.Asked = count;
-        desk.batch.FilmCount = static_cast<std::int32_t>(count);
-        desk.batch.CurrentFilm = 0;
-        desk.batch.RetrievalCancelled = false;
+    // A page that did not arrive is read like an empty one, so the reader's error is all that tells of it.
+    QString reason = u"its pages could not be fetched or read. "_s;
+    desk.progress.ShowFilm(next.Shown);
+    try {
+        std::optional<FilmRecord> film = RetrieveFilm(next.Number, MakeRetrieval(desk));
+        if (!film)
+            return false;
+        reason.clear();
+        if (next.Prepare)
+            next.Prepare(*film);
+        AddFilm(*film, desk.state.gOptions->IMDbFilmAdd, MakeWriter(desk));
+        ++result.Added;
+        return true;
+    } catch (const RuntimeError& error) {
+        if (error.Number() == kErrCancelled)
+            throw;
+        result.Failures.append({next.Shown, reason + ReasonOf(error)});
+        return false;
     }
+}
 
-    /// False after a cancel; else `added` tells what became of the film.
-    bool Add(const BatchFilm& next, bool& added)
-    {
-        added = false;
-        ++m_desk.batch.CurrentFilm;
-        m_desk.progress.ShowFilm(next.Shown);
-        try {
-            std::optional<FilmRecord> film = RetrieveFilm(next.Number, m_retrieval);
-            if (!film)
-                return !(m_result.Cancelled = true);
-            if (next.Prepare)
-                next.Prepare(*film);
-            AddFilm(*film, m_desk.state.gOptions->IMDbFilmAdd, m_writer);
-            added = true;
-            ++m_result.Added;
-        } catch (const RuntimeError& error) {
-            if (error.Number() == kErrCancelled)
-                throw;
-            m_result.Failures.append({next.Shown, ReasonOf(error)});
-        }
-        return !(m_result.Cancelled = m_desk.batch.RetrievalCancelled);
+// Walks a list whose rows leave it when their film was added.
+template<typename Row>
+BatchResult AddRows(QList<Row>& rows, const std::function<BatchFilm(const Row&)>& filmOf, const std::function<void()>& behindEach,
+                    FilmDesk& desk)
+{
+    desk.shell.ShowWorking(true);
+    const auto idle = qScopeGuard([&desk] { desk.shell.ShowWorking(false); });
+    const RetrievalRun shown(desk.shell, desk.progress);
+    BatchResult result;
+    result.Asked = rows.size();
+    // A retrieval clears the mark of a cancel when it begins, so the mark is read in front of each.
+    RetrievalBatch& batch = desk.batch;
+    batch = {.RetrievalCancelled = false, .CurrentFilm = 0, .FilmCount = static_cast<std::int32_t>(rows.size())};
+    for (qsizetype at = 0; at < rows.size() && !batch.RetrievalCancelled;) {
+        ++batch.CurrentFilm;
+        if (AddOne(filmOf(rows[at]), desk, result))
+            rows.removeAt(at);
+        else
+            ++at;
+        behindEach();
     }
-
-    BatchResult& Result() { return m_result; }
-    bool Cancelled() { return m_result.Cancelled = m_result.Cancelled || m_desk.batch.RetrievalCancelled; }
-
-private:
-    FilmDesk& m_desk;
-    Retrieval m_retrieval;
-    WriterContext m_writer;
-    BatchResult m_result;
-};
+    result.Cancelled = batch.RetrievalCancelled;
+    desk.shell.RefreshCatalogTree();
+    return result;
+}
 
 } // namespace
 
@@ -127,30 +130,18 @@ QStringList FormatsInUse(const QString& catalogPath)
 
 BatchResult AddQueue(QList<SearchRow>& queue, const QueueRun& run, FilmDesk& desk)
 {
-    desk.shell.ShowWorking(true);
-    const auto idle = qScopeGuard([&desk] { desk.shell.ShowWorking(false); });
-    const RetrievalRun shown(desk.shell, desk.progress);
-    Batch batch(desk, queue.size());
-    qsizetype at = 0;
-    while (at < queue.size() && queue[at].Text.size() > 1 && !batch.Cancelled()) {
-        const SearchRow row = queue[at];
-        const RowParts parts = PartsOf(row);
-        const auto prepare = [&](FilmRecord& film) {
-            const QString otherTitles = OtherTitlesOf(row, run.otherTitles);
+    const auto filmOf = [&run](const SearchRow& row) {
+        const auto prepare = [&run, otherTitles = OtherTitlesOf(row, run.otherTitles)](FilmRecord& film) {
             if (run.chooseTitle && !otherTitles.isEmpty())
                 AskTitle(film, film.Title, otherTitles, run.chooseTitle);
             if (run.defaults)
                 ApplyDefaults(*run.defaults, film);
         };
-        bool added = false;
-        batch.Add({DecodeEntities(parts.Title), parts.Number, prepare}, added);
-        if (added)
-            queue.removeAt(at);
-        else
-            ++at;
-    }
-    desk.shell.RefreshCatalogTree();
-    return batch.Result();
+        const RowParts parts = PartsOf(row);
+        return BatchFilm{DecodeEntities(parts.Title), parts.Number, prepare};
+    };
+    return AddRows<SearchRow>(
+        queue, filmOf, [] {}, desk);
 }
 
 BatchResult AddNumbers(QStringList& numbers, const std::function<void(int milliseconds)>& pause, FilmDesk& desk)
@@ -158,23 +149,12 @@ BatchResult AddNumbers(QStringList& numbers, const std::function<void(int millis
     // In steps, so that a cancel need not wait for the end of the pause.
     constexpr int kPauseSteps = 30;
     constexpr int kPauseStep = 100;
-    desk.shell.ShowWorking(true);
-    const auto idle = qScopeGuard([&desk] { desk.shell.ShowWorking(false); });
-    const RetrievalRun shown(desk.shell, desk.progress);
-    Batch batch(desk, numbers.size());
-    qsizetype at = 0;
-    while (at < numbers.size() && !batch.Cancelled()) {
-        bool added = false;
-        batch.Add({u"Unknown - Ref #: "_s + numbers[at], numbers[at], {}}, added);
-        if (added)
-            numbers.removeAt(at);
-        else
-            ++at;
-        for (int step = 0; step < kPauseSteps && !batch.Cancelled(); ++step)
+    const auto filmOf = [](const QString& number) { return BatchFilm{u"Unknown - Ref #: "_s + number, number, {}}; };
+    const auto wait = [&] {
+        for (int step = 0; step < kPauseSteps && !desk.batch.RetrievalCancelled; ++step)
             pause(kPauseStep);
-    }
-    desk.shell.RefreshCatalogTree();
-    return batch.Result();
+    };
+    return AddRows<QString>(numbers, filmOf, wait, desk);
 }
 
 void TellResult(const BatchResult& result, Dialogs& dialogs)

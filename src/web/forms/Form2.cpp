@@ -103,6 +103,7 @@ void Form2::AddAll()
     if (m_queue.isEmpty())
         m_search.Clear(); // rows that wait in the queue still need the other titles
     window()->activateWindow();
+    m_ui->txtSearch->setFocus();
 }
 
 void Form2::WriteLog(const BatchResult& result)

@@ -12,6 +12,7 @@ frmAddSingleIMDb::frmAddSingleIMDb(FilmDesk& desk, const Skinner& skinner, QWidg
     : QDialog(parent), m_ui(std::make_unique<Ui::frmAddSingleIMDb>()), m_desk(desk), m_skinner(skinner), m_search(desk, [this] {
           m_ui->lstSearch->SetRows(m_search.Rows());
           m_ui->lblSearching->setVisible(m_search.SearchRunning());
+          m_ui->Image1->setEnabled(!m_search.SearchRunning());
       })
 {
     m_ui->setupUi(this);
@@ -21,6 +22,9 @@ frmAddSingleIMDb::frmAddSingleIMDb(FilmDesk& desk, const Skinner& skinner, QWidg
     connect(m_ui->lstSearch, &FilmRows::Chosen, this, [this](int row) { Guarded(m_desk.dialogs, [&] { OnChoose(row); }); });
     connect(m_ui->lstSearch, &FilmRows::MenuRequested, this,
             [this](const QPoint& place) { Q_EMIT MenuWanted(place, m_ui->lstSearch->Selected() < 0 ? QString() : m_lastNumber); });
+    const auto search = [this] { Guarded(m_desk.dialogs, [this] { Search(); }); };
+    connect(m_ui->txtSearch, &QLineEdit::returnPressed, this, search);
+    connect(m_ui->Image1, &QPushButton::clicked, this, search);
     connect(m_ui->cmdUpdate, &QPushButton::clicked, this,
             [this] { Guarded(m_desk.dialogs, [&] { OnChoose(m_ui->lstSearch->Selected()); }); });
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -35,12 +39,19 @@ void frmAddSingleIMDb::Open(const QString& title, const QString& movieId)
     m_movieId = movieId;
     m_search.Clear();
     m_ui->lstSearch->SetRows({});
-    m_ui->lblFilm->setText(title);
+    m_ui->txtSearch->setText(title);
     m_desk.shell.EnableMainWindow(false);
     setEnabled(true); // as a window of the main one it went with it
     show();
     m_ui->lstSearch->setFocus();
-    m_search.Search(title);
+    Search();
+}
+
+void frmAddSingleIMDb::Search()
+{
+    m_search.Search(m_ui->txtSearch->text());
+    if (isVisible())
+        activateWindow(); // a message was the main window's
 }
 
 void frmAddSingleIMDb::Release()

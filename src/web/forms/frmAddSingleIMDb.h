@@ -34,6 +34,7 @@ Q_SIGNALS:
     void MenuWanted(const QPoint& globalPosition, const QString& number);
 
 private:
+    void Search();
     void OnSelect();
     void OnChoose(int row);
     void Release();

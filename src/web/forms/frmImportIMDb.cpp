@@ -40,6 +40,7 @@ void frmImportIMDb::reject()
 void frmImportIMDb::SelectFile()
 {
     m_desk.dialogs.ShowOpen(m_file);
+    activateWindow(); // the dialog was the main window's
     ShowNumbers(m_numbers.stringList() + ReadNumbers(m_file.fileName));
 }
 
