@@ -8,6 +8,7 @@
 #include "core/RuntimeError.h"
 #include "store/CatalogTemplate.h"
 #include "store/mDBConnection.h"
+#include "store/mStatusBar.h"
 #include "support/IdleEvents.h"
 #include "support/MapMarks.h"
 #include "support/RecordingShell.h"
@@ -251,12 +252,31 @@ void ExpandFilm(benchmark::State& state)
     }
 }
 
+// The tree with a filter on year and a text, as a user narrows it down.
+void FillFiltered(benchmark::State& state)
+{
+    Browser browser;
+    browser.Sort("Movie.Title");
+    browser.state.FilterWhere = QStringLiteral("WHERE Movie.Year >= \"1950\" AND Movie.Format = \"DVD\"");
+    for ([[maybe_unused]] const auto round : state)
+        browser.tree.FillTree();
+}
+
+void RecountStatus(benchmark::State& state)
+{
+    StatusTexts texts;
+    for ([[maybe_unused]] const auto round : state)
+        texts.Recount(CatalogPath());
+}
+
 BENCHMARK(StoreFilms)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(StoreFilmsBare)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(ReadFilms)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
 BENCHMARK(ReadFilmsBare)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
 BENCHMARK(FillTree)->DenseRange(0, 3)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
 BENCHMARK(FillTreeBare)->DenseRange(0, 3)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
+BENCHMARK(FillFiltered)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
+BENCHMARK(RecountStatus)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
 BENCHMARK(ExpandFilm)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
 
 // Keeps the medians (or the single run) by name, for the table of ratios.
