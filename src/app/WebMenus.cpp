@@ -107,7 +107,7 @@ void WebMenus::OnImport()
         m_importWindow = new frmImportIMDb(
             m_desk, m_context.skinner, [](int milliseconds) { cWaitableTimer().Wait(milliseconds); }, &m_context.window);
     }
-    m_importWindow->Open();
+    m_importWindow->ShowEmpty();
 }
 
 void WebMenus::OnHelpUpdate()

@@ -22,7 +22,7 @@ frmImportIMDb::frmImportIMDb(FilmDesk& desk, const Skinner& skinner, std::functi
 
 frmImportIMDb::~frmImportIMDb() = default;
 
-void frmImportIMDb::Open()
+void frmImportIMDb::ShowEmpty()
 {
     if (!isVisible())
         ShowNumbers({});

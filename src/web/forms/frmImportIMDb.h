@@ -23,8 +23,8 @@ public:
     frmImportIMDb(FilmDesk& desk, const Skinner& skinner, std::function<void(int milliseconds)> pause, QWidget* parent);
     ~frmImportIMDb() override;
 
-    /// Shows the window, empty where it was closed before.
-    void Open();
+    /// Shows the window; without numbers where it was closed before.
+    void ShowEmpty();
 
     /// A run under way keeps the window: it is cancelled in the progress window.
     void reject() override;
