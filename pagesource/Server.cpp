@@ -4,14 +4,24 @@
 
 #include <httplib.h>
 
+#include <chrono>
 #include <mutex>
+#include <poll.h>
 
 namespace pagesource {
 
 namespace {
 
 constexpr const char* kLoopback = "127.0.0.1";
-constexpr int kThreads = 4;
+constexpr int kThreads = 32;
+// Readers send a request at once. Whoever connects and says nothing keeps a thread for no longer than this.
+constexpr std::chrono::seconds kRequestTime(2);
+constexpr timeval kSendTime{5, 0};
+// How long a client that is waited for keeps the server from ending.
+constexpr std::chrono::milliseconds kStopInterval(50);
+// The library lets five clients wait to be accepted; one more would try again a second later.
+constexpr int kBacklog = 128;
+constexpr std::size_t kMostOfRequest = 65536;
 
 // The library's own default would let a second page source take the same port unnoticed.
 void AllowQuickRestart(socket_t socket)
@@ -20,36 +30,126 @@ void AllowQuickRestart(socket_t socket)
     setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
 }
 
+// Titles are asked for as they were typed. The library refuses a second "?" and drops what stands behind a "#", so those of the query
+// are handed to it encoded.
+void EncodeQuery(std::string& request)
+{
+    const std::string_view line = std::string_view(request).substr(0, request.find('\r'));
+    const std::size_t mark = line.find('?');
+    const std::size_t end = line.rfind(' ');
+    if (mark == std::string_view::npos || end == std::string_view::npos || end < mark)
+        return;
+    const std::size_t from = mark + 1;
+    std::string query(line.substr(from, end - from));
+    for (const auto& [sign, code] : {std::pair("?", "%3F"), std::pair("#", "%23"), std::pair(" ", "%20")})
+        query = Replaced(query, sign, code);
+    request.replace(from, end - from, query);
+}
+
+void Send(socket_t socket, std::string_view bytes)
+{
+    setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &kSendTime, sizeof kSendTime);
+    while (!bytes.empty()) {
+        const ssize_t sent = send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        if (sent <= 0)
+            return;
+        bytes.remove_prefix(static_cast<std::size_t>(sent));
+    }
+}
+
 } // namespace
 
-struct Server::Http
+// The library's server with connections of one request each, read here and parsed there. Whatever is answered, the connection closes
+// behind it, and idle clients hold no thread for long.
+struct Server::Http : public httplib::Server
 {
-    httplib::Server server;
     std::mutex turn; // one page at a time: the site's statements are single
+
+    void WidenBacklog() { ::listen(svr_sock_, kBacklog); }
+
+    void Serve()
+    {
+        listen_after_bind();
+        svr_sock_ = INVALID_SOCKET; // closed, also where accepting failed
+    }
+
+    // The library's own stop is lost on a server that does not accept yet.
+    void ShutDown()
+    {
+        const socket_t socket = svr_sock_.exchange(INVALID_SOCKET);
+        if (socket == INVALID_SOCKET)
+            return;
+        shutdown(socket, SHUT_RDWR);
+        close(socket);
+    }
+
+private:
+    bool process_and_close_socket(socket_t socket) override
+    {
+        std::string request = Receive(socket);
+        bool done = false;
+        if (!request.empty()) {
+            EncodeQuery(request);
+            httplib::detail::BufferStream stream;
+            stream.write(request.data(), request.size());
+            bool closed = false;
+            done = process_request(stream, true, closed, nullptr);
+            // The stream holds the answer behind the request.
+            Send(socket, std::string_view(stream.get_buffer()).substr(request.size()));
+        }
+        shutdown(socket, SHUT_RDWR);
+        close(socket);
+        return done;
+    }
+
+    // A request up to the blank line behind its headers, or as much of it as comes.
+    std::string Receive(socket_t socket) const
+    {
+        using Clock = std::chrono::steady_clock;
+        constexpr std::string_view end = "\r\n\r\n";
+        std::string request;
+        const Clock::time_point deadline = Clock::now() + kRequestTime;
+        while (request.size() < kMostOfRequest && Clock::now() < deadline && svr_sock_ != INVALID_SOCKET) {
+            pollfd waited{socket, POLLIN, 0};
+            if (poll(&waited, 1, static_cast<int>(kStopInterval.count())) <= 0)
+                continue;
+            char block[4096];
+            const ssize_t count = recv(socket, block, sizeof block, 0);
+            if (count <= 0)
+                break;
+            const std::size_t known = request.size() < end.size() ? 0 : request.size() - end.size();
+            request.append(block, static_cast<std::size_t>(count));
+            if (request.find(end, known) != std::string::npos)
+                break;
+        }
+        return request;
+    }
 };
 
 Server::Server() : m_http(std::make_unique<Http>())
 {
-    httplib::Server& server = m_http->server;
-    server.new_task_queue = [] { return new httplib::ThreadPool(kThreads); };
-    server.set_socket_options(AllowQuickRestart);
-    server.set_tcp_nodelay(true);
+    m_http->new_task_queue = [] { return new httplib::ThreadPool(kThreads); };
+    m_http->set_socket_options(AllowQuickRestart);
+    m_http->set_tcp_nodelay(true);
 }
 
-Server::~Server() = default;
+Server::~Server()
+{
+    Stop();
+}
 
 int Server::Bind(int port)
 {
-    httplib::Server& server = m_http->server;
-    const int bound = port == 0 ? server.bind_to_any_port(kLoopback) : server.bind_to_port(kLoopback, port) ? port : -1;
+    const int bound = port == 0 ? m_http->bind_to_any_port(kLoopback) : m_http->bind_to_port(kLoopback, port) ? port : -1;
     if (bound < 0)
         throw Failure("Port " + std::to_string(port) + " is taken by another program.");
+    m_http->WidenBacklog();
     return bound;
 }
 
 void Server::Run(Site& site)
 {
-    m_http->server.set_pre_routing_handler([this, &site](const httplib::Request& request, httplib::Response& response) {
+    m_http->set_pre_routing_handler([this, &site](const httplib::Request& request, httplib::Response& response) {
         if (request.method != "GET" && request.method != "HEAD") {
             response.status = 405;
             return httplib::Server::HandlerResponse::Handled;
@@ -68,12 +168,12 @@ void Server::Run(Site& site)
         response.set_content(answer.body, answer.type);
         return httplib::Server::HandlerResponse::Handled;
     });
-    m_http->server.listen_after_bind();
+    m_http->Serve();
 }
 
 void Server::Stop()
 {
-    m_http->server.stop();
+    m_http->ShutDown();
 }
 
 } // namespace pagesource

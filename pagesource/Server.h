@@ -16,9 +16,9 @@ public:
 
     /// Takes the port, or any free one for 0, and returns it. Raises Failure where it is taken.
     int Bind(int port);
-    /// Serves the site until Stop.
+    /// Serves the site until Stop, or not at all behind one. Each connection takes one request and closes behind the answer.
     void Run(Site& site);
-    /// From any thread.
+    /// From any thread, any time after Bind.
     void Stop();
 
 private:
