@@ -273,7 +273,8 @@ std::vector<Film> FilmStore::SearchTitles(const Search& search)
 {
     std::vector<Film> hits;
     const std::string text = Folded(search.text);
-    if (text.empty())
+    // No title holds a NUL, and the index could not be asked for one.
+    if (text.empty() || search.text.find('\0') != std::string::npos)
         return hits;
     AddWholeTitles(text, search, hits);
     // Each title stands between line ends in the index, so that "\n" and a blank begin a word.

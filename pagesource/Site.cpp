@@ -11,7 +11,8 @@ namespace pagesource {
 
 namespace {
 
-// The search form's last year. Whoever asks up to it asks without a bound.
+// The search form's first and last year. Whoever asks from or up to them asks without a bound.
+constexpr std::int64_t kFirstYearOfForm = 1890;
 constexpr std::int64_t kLastYearOfForm = 2009;
 // Readers of a list of names give up at a hundred.
 constexpr std::size_t kMostNames = 99;
@@ -178,7 +179,8 @@ Answer Site::TitleSearch(std::string_view, std::string_view query)
 {
     Search search;
     search.text = Parameter(query, "title", "&type=");
-    search.fromYear = static_cast<int>(std::min<std::int64_t>(Number(Parameter(query, "from_year")).value_or(0), 9999));
+    if (const auto year = Number(Parameter(query, "from_year")); year && *year > kFirstYearOfForm)
+        search.fromYear = static_cast<int>(std::min<std::int64_t>(*year, 9999));
     if (const auto year = Number(Parameter(query, "to_year")); year && *year < kLastYearOfForm)
         search.toYear = static_cast<int>(*year);
     search.withTelevision = Parameter(query, "tv") != "off";

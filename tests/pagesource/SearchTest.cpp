@@ -94,6 +94,9 @@ TEST_F(Searching, FindsTitlesHoweverTheyAreTyped)
     };
     for (const auto& [text, numbers] : cases)
         EXPECT_EQ(Find(text), numbers) << text;
+    for (const std::size_t length : {1, 2, 3, 9})
+        EXPECT_THAT(Find(std::string(length, '\0')), IsEmpty());
+    EXPECT_THAT(Find(std::string("matrix\0", 7)), IsEmpty());
 }
 
 TEST_F(Searching, KeepsToYearsKindsAndLimit)
