@@ -48,6 +48,16 @@ struct Shop
 };
 constexpr Shop kShops[] = {{"Amazon.com", "/r/5040"}, {"Amazon.co.uk", "/r/5041"}, {"Amazon.ca", "/r/5042"}, {"Amazon.de", "/r/5043"}};
 
+// What other countries saw is known of no film here. Pages with a seed say so all the same, as real ones did.
+struct OtherCut
+{
+    std::string_view country;
+    int minutesMore;
+    std::string_view note;
+};
+constexpr OtherCut kOtherCuts[] = {{"Germany", -1, " (cut version)"}, {"UK", 4, " (director's cut)"}, {"Argentina", -6, ""}};
+constexpr std::string_view kOtherCertificates[] = {"UK:15", "Germany:12"};
+
 Dice DiceOf(const PageOptions& options, std::string_view page, const Film& film)
 {
     return Dice(options.seed, page, static_cast<std::uint64_t>(film.number));
@@ -193,7 +203,12 @@ void AddFirstCast(Page& page, Dice& dice, FilmStore& store, const Film& film)
     (page << "<br>").Break();
 }
 
-void AddCertificates(Page& page, Dice& dice, const Film& film)
+void AddCertificate(Page& page, std::string_view certificate)
+{
+    page << "<a href=\"/List?certificates=" << certificate << "&&heading=13;" << certificate << "\">" << certificate << "</a>";
+}
+
+void AddCertificates(Page& page, Dice& dice, const PageOptions& options, const Film& film)
 {
     if (film.certificate.empty())
         return;
@@ -203,24 +218,34 @@ void AddCertificates(Page& page, Dice& dice, const Film& film)
         (page << R"(<b class="ch"><a href="/mpaa">MPAA</a>:</b> Rated )" << certificate << ".<br>").Break();
     if (shape != 1) {
         (page << "<b class=\"ch\">Certification:</b>").Break();
-        (page << "<a href=\"/List?certificates=USA:" << certificate << "&&heading=13;USA:" << certificate << "\">USA:" << certificate
-              << "</a>")
-            .Break();
-        (page << "<br>").Break();
+        AddCertificate(page, "USA:" + certificate);
+        for (const std::string_view other : kOtherCertificates) {
+            if (options.seed != 0 && dice.OneIn(2))
+                AddCertificate(page << " / ", other);
+        }
+        (page.Break() << "<br>").Break();
     }
+}
+
+void AddRuntime(Page& page, Dice& dice, const PageOptions& options, const Film& film)
+{
+    page << "<b class=\"ch\">Runtime:</b>";
+    if (options.seed != 0 && dice.OneIn(3))
+        page << " ";
+    page.Break() << std::int64_t{film.minutes} << " min";
+    if (options.seed != 0 && dice.OneIn(3)) {
+        const OtherCut& cut = kOtherCuts[dice.Below(std::size(kOtherCuts))];
+        page << "  / " << cut.country << ":" << std::int64_t{std::max(1, film.minutes + cut.minutesMore)} << " min" << cut.note;
+    }
+    if (options.seed != 0 && dice.OneIn(3))
+        page << " ";
+    (page.Break() << "<br>").Break();
 }
 
 void AddFacts(Page& page, Dice& dice, const PageOptions& options, const Film& film)
 {
-    if (film.minutes > 0) {
-        page << "<b class=\"ch\">Runtime:</b>";
-        if (options.seed != 0 && dice.OneIn(3))
-            page << " ";
-        page.Break() << std::int64_t{film.minutes} << " min";
-        if (options.seed != 0 && dice.OneIn(3))
-            page << " ";
-        (page.Break() << "<br>").Break();
-    }
+    if (film.minutes > 0)
+        AddRuntime(page, dice, options, film);
     if (!film.countries.empty()) {
         AddLinks(page, "Country", "/Sections/Countries/", film.countries, false, {});
         (page.Break() << "<br>").Break();
@@ -234,7 +259,7 @@ void AddFacts(Page& page, Dice& dice, const PageOptions& options, const Film& fi
         (page << "<a href=\"/List?color-info=" << PageText(film.colour) << "\">" << PageText(film.colour) << "</a>").Break();
         (page << "<br>").Break();
     }
-    AddCertificates(page, dice, film);
+    AddCertificates(page, dice, options, film);
 }
 
 // A row of shops. They sell what has a poster; the rest is "unavailable", without a link.

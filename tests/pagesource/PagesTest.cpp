@@ -133,6 +133,22 @@ TEST_F(FilmPages, HoldEveryFactOfAFilmWhateverTheSeed)
     EXPECT_GT(blanks, 0) << "other seeds leave blanks around values";
 }
 
+TEST_F(FilmPages, TellOfOtherCountriesWithASeedOnly)
+{
+    const std::string clean = Get("/Title?0017136").body;
+    EXPECT_THAT(clean, Not(HasSubstr("UK:")));
+    EXPECT_THAT(clean, Not(HasSubstr("Germany")));
+    int runtimes = 0;
+    int certificates = 0;
+    for (std::uint64_t seed = 1; seed < kSeeds; ++seed) {
+        const std::string page = Flat("/Title?0017136", seed);
+        runtimes += page.find("101 min  / Germany:100 min (cut version)") != std::string::npos;
+        certificates += page.find("USA:PG-13</a> / <a href=\"/List?certificates=UK:15&&heading=13;UK:15\">UK:15</a>") != std::string::npos;
+    }
+    EXPECT_GT(runtimes, 0);
+    EXPECT_GT(certificates, 0);
+}
+
 TEST_F(FilmPages, OfAFilmWithoutFactsReadAsEmpty)
 {
     for (std::uint64_t seed = 0; seed < kSeeds; ++seed) {
@@ -217,8 +233,10 @@ TEST_F(FilmPages, OfASearchListTheHitsOrLeadToTheOnlyOne)
         EXPECT_EQ(hits[1].title, "&#34;Keys&#34; (1990)");
         EXPECT_THAT(hits[1].others, IsEmpty());
     }
-    // Without genres a title page is not known as one.
-    EXPECT_EQ(ReadSearch(Flat("/Tsearch?title=\u041c\u0438\u0440&type=substring")).size(), 1U);
+    // Without genres a title page is not known as one. Without a year a film is found by whoever sets no bounds of his own.
+    EXPECT_EQ(ReadSearch(Flat("/Tsearch?title=\u041c\u0438\u0440&type=substring&from_year=1890&to_year=2009")).size(), 1U);
+    EXPECT_TRUE(Flat("/Tsearch?title=\u041c\u0438\u0440&type=substring&from_year=1891&to_year=2009").find("Sorry") != std::string::npos);
+    EXPECT_THAT(Get("/Tsearch?title=%00&type=substring").body, HasSubstr("Sorry there were no matches for the title"));
 }
 
 TEST_F(FilmPages, OfPeopleHoldWhatIsKnownOfThem)
