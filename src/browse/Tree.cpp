@@ -27,7 +27,7 @@ const QString kOnLoan = QStringLiteral("Loan");
 
 constexpr int kGroupsPerPump = 150;
 constexpr int kFilmsPerPump = 50;
-constexpr int kMillisecondsToProgress = 150;
+constexpr int kMillisecondsToProgress = 500;
 
 struct FormatPicture
 {
@@ -172,6 +172,7 @@ public:
         }
         for (int records = 0; !groups.Eof(); groups.MoveNext()) {
             const QString value = groups.Text(0);
+            m_expectedFilms += groups.Integer(1);
             if (m_primary == kByTitle) {
                 const int group = TitleGroup(value);
                 AddGroup(QString::number(group), TitleGroupText(group), 0);
@@ -188,6 +189,7 @@ public:
     {
         Recordset films;
         films.Open(BuildLevelSql(m_primary, 2, m_tree.View(), m_tree.m_context.state.FilterWhere), connection);
+        m_content.films.reserve(static_cast<std::size_t>(m_expectedFilms));
         QElapsedTimer timer;
         timer.start();
         int shownPercent = -1;
@@ -226,25 +228,34 @@ private:
 
     void AddFilm(const Recordset& films)
     {
-        const QString format = films.Text(kFormatColumn);
         TreeFilm film;
         film.id = films.Integer(kIdColumn);
         film.title = films.Text(kTitleColumn);
-        const int group = PlaceOf(film, films, format);
+        TakeFormat(films);
+        film.image = m_lastImage;
+        const int group = PlaceOf(film, films);
         film.title = Shown(film.title);
-        if (format != m_lastFormat || m_content.films.empty()) {
-            m_lastFormat = format;
-            m_lastImage = FormatImage(format);
-        }
-        film.image = !format.isEmpty() ? m_lastImage : films.IsNull(kFormatColumn) ? CatalogModel::kImageNoFormat : 0;
         m_content.AddFilm(std::move(film), group);
     }
 
+    // The carrier of the film, and its picture; most films have that of the one before.
+    void TakeFormat(const Recordset& films)
+    {
+        const QByteArrayView format = films.Utf8(kFormatColumn);
+        if (format.isEmpty()) {
+            m_lastFormat.clear();
+            m_lastImage = films.IsNull(kFormatColumn) ? CatalogModel::kImageNoFormat : 0;
+        } else if (format != m_lastFormat) {
+            m_lastFormat = format.toByteArray();
+            m_lastImage = FormatImage(QString::fromUtf8(format));
+        }
+    }
+
     /// Gives the film the second part of its key, and returns its group.
-    int PlaceOf(TreeFilm& film, const Recordset& films, const QString& format)
+    int PlaceOf(TreeFilm& film, const Recordset& films)
     {
         if (m_primary == kByTitle) {
-            TitlePlace& place = m_titlePlaces[static_cast<std::size_t>(TitleGroup(film.title))];
+            Place& place = m_titlePlaces[static_cast<std::size_t>(TitleGroup(film.title))];
             if (place.group < 0) {
                 place.value = QString::number(TitleGroup(film.title));
                 place.group = GroupOf(TitleGroupText(TitleGroup(film.title)));
@@ -252,26 +263,31 @@ private:
             film.value = place.value;
             return place.group;
         }
-        const QString value = FilmValue(m_primary, films.Text(kPrimaryColumn), format);
-        // A loaned film stands under the loans, though its key ends like a request's.
-        if (m_primary == kByLocation && value == kAtHome && films.Integer(kLoanColumn) != 0) {
+        if (m_primary == kByLocation) {
+            film.value = FilmValue(m_primary, {}, QString::fromUtf8(m_lastFormat));
+            if (film.value != kAtHome || films.Integer(kLoanColumn) == 0)
+                return GroupOf(film.value);
+            // A loaned film stands under the loans, though its key ends like a request's.
             film.value = kWanted;
             return GroupOf(kOnLoan);
         }
-        const int group = GroupOf(value);
-        const QString& shared = m_content.groups[static_cast<std::size_t>(group)].value;
-        film.value = value == shared ? shared : value;
+        const QByteArrayView text = films.Utf8(kPrimaryColumn);
+        const auto known = m_knownValues.constFind(QByteArray::fromRawData(text.data(), text.size()));
+        if (known != m_knownValues.cend()) {
+            film.value = known->value;
+            return known->group;
+        }
+        film.value = QString::fromUtf8(text);
+        const int group = GroupOf(film.value);
+        m_knownValues.insert(text.toByteArray(), {film.value, group});
         return group;
     }
 
     int GroupOf(const QString& value)
     {
-        if (const auto known = m_knownValues.constFind(value); known != m_knownValues.cend())
-            return *known;
         const auto found = m_groups.constFind(GroupName(value));
         if (found == m_groups.cend())
             throw RuntimeError::WithDetail(kErrElementNotFound, value);
-        m_knownValues.insert(value, *found);
         return *found;
     }
 
@@ -306,9 +322,9 @@ private:
         m_content = std::move(kept);
     }
 
-    struct TitlePlace
+    struct Place
     {
-        QString value;
+        QString value; ///< the second part of the keys of its films
         int group = -1;
     };
 
@@ -316,9 +332,10 @@ private:
     QString m_primary;
     TreeContent m_content;
     QHash<QString, int> m_groups;
-    QHash<QString, int> m_knownValues; ///< groups by a value as films carry it
-    std::array<TitlePlace, u'Z' + 1> m_titlePlaces;
-    QString m_lastFormat;
+    QHash<QByteArray, Place> m_knownValues; ///< by a value as films carry it
+    std::array<Place, u'Z' + 1> m_titlePlaces;
+    qint64 m_expectedFilms = 0; ///< what the groups count together, filters aside
+    QByteArray m_lastFormat;
     int m_lastImage = 0;
     QString m_duplicate;
 };

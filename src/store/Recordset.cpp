@@ -135,6 +135,11 @@ QString Recordset::Text(int column) const
     return Opened(column).Text(column);
 }
 
+QByteArrayView Recordset::Utf8(int column) const
+{
+    return Opened(column).Utf8(column);
+}
+
 std::int64_t Recordset::Integer(int column) const
 {
     return Opened(column).Integer(column);

@@ -93,7 +93,9 @@ public:
     /// The current row's values by place; the fast way for long walks. Raises 3021 where there is no current row, 3265 for a place
     /// that is none (-1, where a catalog lacks the column).
     bool IsNull(int column) const;
-    QString Text(int column) const;         ///< "" for Null and for the zero date
+    QString Text(int column) const; ///< "" for Null and for the zero date
+    /// The same text as UTF-8, without a copy where that can be; valid until the next call on this recordset.
+    QByteArrayView Utf8(int column) const;
     std::int64_t Integer(int column) const; ///< 0 for Null; raises 13 for a text that is no number
     double Number(int column) const;        ///< 0 for Null; raises 13 for a text that is no number
 

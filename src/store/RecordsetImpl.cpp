@@ -289,6 +289,17 @@ Value RecordsetImpl::Get(int column)
     return isZeroDate ? Value(QString()) : value;
 }
 
+QByteArrayView RecordsetImpl::Utf8(int column)
+{
+    const bool plain = Columns()[column].type.kind != ColumnKind::Date;
+    if (plain && !IsEditing() && m_place == Place::Streamed) {
+        if (const std::optional<QByteArrayView> text = m_query->statement.Utf8(StatementColumn(column)))
+            return *text;
+    }
+    m_utf8 = Text(column).toUtf8();
+    return m_utf8;
+}
+
 QString RecordsetImpl::Text(int column)
 {
     const bool plain = Columns()[column].type.kind != ColumnKind::Date;

@@ -37,6 +37,7 @@ public:
 
     bool IsNull(int column);
     QString Text(int column);
+    QByteArrayView Utf8(int column);
     Value Get(int column);
     std::int64_t Integer(int column);
     double Number(int column);
@@ -104,6 +105,7 @@ private:
     std::size_t m_nextKey = 0;
     std::optional<qint64> m_count;
 
+    QByteArray m_utf8; // what `Utf8` gave last, where it had to be made
     bool m_adding = false;
     std::vector<std::optional<Value>> m_changes; // by column; empty while nothing is added or changed
     std::map<int, QByteArray> m_appended;        // the same for values that come in pieces

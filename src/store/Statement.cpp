@@ -147,6 +147,21 @@ QString Statement::Text(int column) const
     }
 }
 
+std::optional<QByteArrayView> Statement::Utf8(int column) const
+{
+    switch (sqlite3_column_type(m_handle, column)) {
+    case SQLITE_NULL:
+        return QByteArrayView();
+    case SQLITE_TEXT:
+    case SQLITE_INTEGER: {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_handle, column));
+        return QByteArrayView(text, sqlite3_column_bytes(m_handle, column));
+    }
+    default:
+        return std::nullopt;
+    }
+}
+
 std::int64_t Statement::Integer(int column) const
 {
     return sqlite3_column_int64(m_handle, column);

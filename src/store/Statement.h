@@ -2,7 +2,10 @@
 
 #include "store/Value.h"
 
+#include <QByteArrayView>
+
 #include <QByteArray>
+#include <optional>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -47,6 +50,8 @@ public:
     // The current row.
     bool IsNull(int column) const;
     QString Text(int column) const;
+    /// The engine's own text of a text, a whole number or Null (empty), valid until the next step; nothing for any other value.
+    std::optional<QByteArrayView> Utf8(int column) const;
     std::int64_t Integer(int column) const;
     double Number(int column) const;
     Value Get(int column) const;
