@@ -50,7 +50,7 @@ TEST_F(LongFill, TheTreeIsHiddenAndTheWorkIsShown)
         hidden = hidden || !Tree().isVisible();
         most = std::max(most, Get<QProgressBar>("ProgressMain").value());
         if (++calls == 6)
-            events.Pause(200); // progress is shown only of a fill that takes its time
+            events.Pause(600); // progress is shown only of a fill that takes its time
     };
     Press("Refresh");
     EXPECT_TRUE(busy);
