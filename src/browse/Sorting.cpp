@@ -1,6 +1,7 @@
 #include "browse/Sorting.h"
 
 #include "core/RuntimeError.h"
+#include "core/ViewKeys.h"
 
 #include <cstring>
 
@@ -48,12 +49,6 @@ constexpr SortMethod kMethods[] = {
     {"Custom Entry 3", "Movie.Custom3"},
 };
 
-// Of the menus' entries; the custom dialog is the entry behind the last one.
-constexpr const char* kPrimaryKeys[] = {"Movie.IsRequest", "Movie.Title", "Movie.Format", "Genre.Genre",
-                                        "Movie.Year",      "Movie.Index", "Movie.Custom1"};
-constexpr const char* kSecondaryKeys[] = {"Movie.Title", "Movie.Index", "Movie.Format", "Movie.Year"};
-constexpr const char* kViewModes[] = {"Movies", "Requests", "Loans", "MovieNight"};
-
 } // namespace
 
 bool SortMethod::IsGroup() const
@@ -73,12 +68,12 @@ Sorting::Sorting(AppState& state, MenuMarks& marks, Shell& shell, AskMethod askM
 
 void Sorting::ChoosePrimary(int entry)
 {
-    Choose(entry, QStringLiteral("mnuSortPrimDetail"), kPrimaryKeys, &cOptView::PrimarySort);
+    Choose(entry, QStringLiteral("mnuSortPrimDetail"), kPrimarySorts, &cOptView::PrimarySort);
 }
 
 void Sorting::ChooseSecondary(int entry)
 {
-    Choose(entry, QStringLiteral("mnuSortSecDetail"), kSecondaryKeys, &cOptView::SecondarySort);
+    Choose(entry, QStringLiteral("mnuSortSecDetail"), kSecondarySorts, &cOptView::SecondarySort);
 }
 
 void Sorting::Choose(int entry, const QString& menu, std::span<const char* const> keys, QString cOptView::*sort)

@@ -2,6 +2,7 @@
 
 #include "core/Conversions.h"
 #include "core/RuntimeError.h"
+#include "core/ViewKeys.h"
 
 #include <array>
 
@@ -72,11 +73,6 @@ constexpr std::array<WholeNumberKey<cOptIMDbFilm>, 16> kIMDbFilmKeys{{
     {"Image", &cOptIMDbFilm::Image},
     {"HiImage", &cOptIMDbFilm::HiImage},
 }};
-
-constexpr const char* kViewModes[] = {"Movies", "Requests", "Loans", "MovieNight"};
-constexpr const char* kPrimarySorts[] = {"Movie.IsRequest", "Movie.Title", "Movie.Format", "Genre.Genre",
-                                         "Movie.Year",      "Movie.Index", "Movie.Custom1"};
-constexpr const char* kSecondarySorts[] = {"Movie.Title", "Movie.Index", "Movie.Format", "Movie.Year"};
 
 const QString kPrimaryDescending = QStringLiteral("mnuSortPrimDESC");
 const QString kSecondaryDescending = QStringLiteral("mnuSortSecDESC");
