@@ -8,6 +8,7 @@
 #include <QNetworkRequest>
 #include <QTimer>
 
+#include <limits>
 #include <memory>
 
 namespace kelvado {
@@ -28,8 +29,7 @@ QNetworkRequest RequestFor(const QUrl& address, const QString& userAgent, const 
     request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-    if (limits.MaxRedirects > 0)
-        request.setMaximumRedirectsAllowed(limits.MaxRedirects);
+    request.setMaximumRedirectsAllowed(limits.MaxRedirects > 0 ? limits.MaxRedirects : std::numeric_limits<int>::max());
     if (!userAgent.isEmpty())
         request.setHeader(QNetworkRequest::UserAgentHeader, userAgent);
     return request;

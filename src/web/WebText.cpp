@@ -3,10 +3,54 @@
 #include "core/RuntimeError.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvado {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Where every "<" has its ">" before the next "<", a tag occurs nowhere but as a whole tag, so that one pass takes them all.
+// Leaves other texts as they are and returns false.
+bool RemoveWellFormedTags(QString& text)
+{
+    bool inTag = false;
+    for (const QChar c : std::as_const(text)) {
+        if (c == (inTag ? u'<' : u'>'))
+            return false;
+        if (c == u'<' || c == u'>')
+            inTag = !inTag;
+    }
+    if (inTag)
+        return false;
+    text.removeIf([&inTag](QChar c) {
+        const bool isMark = c == u'<' || c == u'>';
+        if (isMark)
+            inTag = c == u'<';
+        return inTag || isMark;
+    });
+    return true;
+}
+
+void RemoveTagsOneByOne(QString& text)
+{
+    // Characters looked at, over all passes.
+    constexpr qsizetype kMostWork = qsizetype(1) << 31;
+    qsizetype work = 0;
+    for (;;) {
+        const qsizetype open = text.indexOf(u'<');
+        if (open < 0)
+            return;
+        const qsizetype close = text.indexOf(u'>');
+        work += text.size();
+        if (close < open || work > kMostWork)
+            throw RuntimeError(kErrInvalidCall);
+        text.remove(text.sliced(open, close - open + 1));
+    }
+}
+
+} // namespace
 
 Place PageText::Find(QStringView marker, Place from, Qt::CaseSensitivity letters) const
 {
@@ -39,6 +83,16 @@ QString PageText::Take(Place from, qsizetype length) const
     return m_text.mid(from - 1, length).toString();
 }
 
+Place MarkerAhead::Find(Place from)
+{
+    const bool isKnown = m_from != kNowhere && from >= m_from && (m_found == kNowhere || from <= m_found);
+    if (!isKnown) {
+        m_found = m_page.Find(m_marker, from, m_letters);
+        m_from = from;
+    }
+    return m_found;
+}
+
 QString FlattenPage(const QString& text)
 {
     QString flat(text.size(), Qt::Uninitialized);
@@ -49,15 +103,8 @@ QString FlattenPage(const QString& text)
 
 QString StripTags(QString text)
 {
-    for (;;) {
-        const qsizetype open = text.indexOf(u'<');
-        if (open < 0)
-            break;
-        const qsizetype close = text.indexOf(u'>');
-        if (close < open)
-            throw RuntimeError(kErrInvalidCall);
-        text.remove(text.sliced(open, close - open + 1));
-    }
+    if (!RemoveWellFormedTags(text))
+        RemoveTagsOneByOne(text);
     return text.remove("&nbsp;"_L1).remove("&amp;"_L1);
 }
 

@@ -42,12 +42,35 @@ private:
     QStringView m_text;
 };
 
+/// One marker that is searched for again and again, from places further and further on. The place found last answers as long as it lies
+/// ahead, so that a whole page is read once, however rarely the marker stands there.
+class MarkerAhead
+{
+public:
+    /// `page` and `marker` must outlive the search.
+    MarkerAhead(const PageText& page, QStringView marker, Qt::CaseSensitivity letters = Qt::CaseSensitive)
+        : m_page(page), m_marker(marker), m_letters(letters)
+    {
+    }
+
+    /// As `PageText::Find` and `PageText::FindBehind`.
+    Place Find(Place from);
+    Place FindBehind(Place from) { return Behind(Find(from), m_marker.size()); }
+
+private:
+    const PageText& m_page;
+    QStringView m_marker;
+    Qt::CaseSensitivity m_letters;
+    Place m_from = kNowhere; ///< where the last search began
+    Place m_found = kNowhere;
+};
+
 /// The text without line ends and tabs. Nothing takes their place: words that stood on two lines become one.
 QString FlattenPage(const QString& text);
 
 /// The text without tags, and without "&nbsp;" and "&amp;"; these two leave no character behind. Outer blanks stay.
 /// The first "<" and the first ">" of the text make the tag, and every occurrence of it goes at once. Raises 5 where that ">" is missing
-/// or stands in front of the "<".
+/// or stands in front of the "<", and where tags that are not well formed would keep the program busy for seconds.
 QString StripTags(QString text);
 
 } // namespace kelvado

@@ -102,7 +102,10 @@ std::pair<QString, quint16> HostAndPort(const QString& hostAddress, quint16 port
     const qsizetype colon = hostAddress.lastIndexOf(u':');
     bool ok = false;
     const quint16 ownPort = QStringView(hostAddress).sliced(colon + 1).toUShort(&ok);
-    return colon >= 0 && ok ? std::pair(hostAddress.first(colon), ownPort) : std::pair(hostAddress, port);
+    QString host = colon >= 0 && ok ? hostAddress.first(colon) : hostAddress;
+    if (host.startsWith(u'[') && host.endsWith(u']')) // an address of IPv6
+        host = host.sliced(1, host.size() - 2);
+    return {host, colon >= 0 && ok ? ownPort : port};
 }
 
 // Serves events until `loop` is left or the time is up; false for the latter.

@@ -24,6 +24,8 @@ constexpr CreditSection kWriters{u"Writing credits</b></a>", u"/\">", &FilmPerso
 std::optional<QList<FilmPerson>> ParseSection(QStringView text, const CreditSection& section)
 {
     constexpr QStringView kLinkClose = u"</a>";
+    // The cell of the third field is searched for from so far behind the name.
+    constexpr qsizetype kCellLead = 13;
     const PageText page(text);
     Place cursor = page.FindBehind(section.marker);
     if (cursor == kNowhere)
@@ -38,27 +40,33 @@ std::optional<QList<FilmPerson>> ParseSection(QStringView text, const CreditSect
         }
     };
 
+    MarkerAhead linkClose(page, kLinkClose, Qt::CaseInsensitive);
+    MarkerAhead personLink(page, u"<a href=\"/name/", Qt::CaseInsensitive);
+    MarkerAhead linkText(page, section.linkEnd);
+    MarkerAhead cellStart(page, u"valign=\"top\">", Qt::CaseInsensitive);
+    MarkerAhead cellStop(page, u"</td>");
+
     QList<FilmPerson> people;
     const Place end = page.Find(u"</table>", cursor);
     const Place lastGuild = section.skipsGuildLink ? page.FindBack(u"WGA", page.End(), Qt::CaseInsensitive) : kNowhere;
     Place nameEnd = kNowhere;
     while (nameEnd < end) {
-        nameEnd = page.Find(kLinkClose, cursor, Qt::CaseInsensitive);
+        nameEnd = linkClose.Find(cursor);
         if (nameEnd >= end)
             break;
         if (lastGuild >= cursor)
-            nameEnd = page.Find(kLinkClose, Behind(nameEnd, kLinkClose.size()), Qt::CaseInsensitive);
+            nameEnd = linkClose.Find(Behind(nameEnd, kLinkClose.size()));
 
         FilmPerson person;
         Place linkEnd = kNowhere;
         Place cell = kNowhere;
         Place cellEnd = kNowhere;
-        const Place link = page.FindBehind(u"<a href=\"/name/", cursor, Qt::CaseInsensitive);
-        attempt([&] { linkEnd = page.Find(section.linkEnd, link); });
+        const Place link = personLink.FindBehind(cursor);
+        attempt([&] { linkEnd = linkText.Find(link); });
         attempt([&] { person.IMDB_Link = page.Cut(link, linkEnd); });
         attempt([&] { person.Name = page.Cut(Behind(linkEnd, section.linkEnd.size()), nameEnd); });
-        attempt([&] { cell = page.FindBehind(u"valign=\"top\">", nameEnd, Qt::CaseInsensitive); });
-        attempt([&] { cellEnd = page.Find(u"</td>", cell); });
+        attempt([&] { cell = cellStart.FindBehind(Behind(nameEnd, kCellLead)); });
+        attempt([&] { cellEnd = cellStop.Find(cell); });
         attempt([&] { person.*section.thirdField = StripTags(page.Cut(cell, cellEnd)); });
         people.append(std::move(person));
 

@@ -78,7 +78,7 @@ TEST(CreditsPage, AMissingSectionIsNoListAndOneWithoutItsTableAnEmptyOne)
 TEST(CreditsPage, EachWriterInFrontOfTheGuildSkipsAClosingTag)
 {
     const QString rows = Row(u"A"_s, u"a"_s) + Row(u"B"_s, u"b"_s) + Row(u"C"_s, u"c"_s);
-    const QString page = "Writing credits</b></a>"_L1 + rows + "</table></a><td valign=\"top\">end</td></a> "_L1;
+    const QString page = "Writing credits</b></a>"_L1 + rows + "</table></a></td><td valign=\"top\">end</td></a> "_L1;
     EXPECT_EQ(Lines(ParseWriters(page)), (QStringList{u"A|nmA|a"_s, u"B|nmB|b"_s, u"C|nmC|c"_s}));
     // The first name runs on to the second link, and the last one beyond the table, which ends the list.
     const QStringList skipped = Lines(ParseWriters(QString(page + "wga"_L1)));
@@ -90,7 +90,7 @@ TEST(CreditsPage, EachWriterInFrontOfTheGuildSkipsAClosingTag)
 TEST(CreditsPage, DirectorsGoOnThroughRowsThatCannotBeRead)
 {
     // No link of a person, one without its end, a cell that holds a stray bracket.
-    const QString rows = u"<a href=\"/company/\">X</a><td valign=\"top\">x</td>"_s + Row(u"A"_s, u"a > b <i>"_s) + Row(u"B"_s, u"b"_s);
+    const QString rows = u"<a href=\"/company/\">X</a></td><td valign=\"top\">x</td>"_s + Row(u"A"_s, u"a > b <i>"_s) + Row(u"B"_s, u"b"_s);
     const QString tail = "</table></a>"_L1;
     EXPECT_EQ(Lines(ParseDirectors(QString("Directed by</b></a>"_L1 + rows + tail))),
               (QStringList{u"|nmA|x"_s, u"A|nmA|"_s, u"B|nmB|b"_s}));

@@ -45,6 +45,7 @@ TEST(WebText, TagsGoWithEveryOccurrenceAtOnce)
         // A tag that is cut out of another one leaves that one whole.
         {u"<a>x<b<a>>y"_s, u"xy"_s},
         {u"a<b<c>d"_s, u"ad"_s},
+        {u"a > b"_s, u"a > b"_s},
     };
     for (const auto& [text, stripped] : cases)
         EXPECT_EQ(StripTags(text), stripped) << qPrintable(text);
