@@ -2,6 +2,7 @@
 
 #include "Text.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -14,6 +15,7 @@ namespace {
 // The search form's first and last year. Whoever asks from or up to them asks without a bound.
 constexpr std::int64_t kFirstYearOfForm = 1890;
 constexpr std::int64_t kLastYearOfForm = 2009;
+constexpr std::int64_t kLastYear = 9999;
 // Readers of a list of names give up at a hundred.
 constexpr std::size_t kMostNames = 99;
 constexpr std::size_t kProductCount = 6;
@@ -66,6 +68,29 @@ std::string Parameter(std::string_view query, std::string_view name, std::string
     const std::string_view value = query.substr(query.find('=', at) + 1);
     const std::size_t end = value.find(next);
     return UrlDecoded(value.substr(0, end == std::string_view::npos ? value.find('&') : end));
+}
+
+// A search for a title as collections keep it, such as "Alien (1979)" or "Alien (1979/II) (TV)": for the title alone, in that year.
+// Nothing for a text that does not end so.
+std::optional<Search> WithoutYear(Search search)
+{
+    constexpr std::string_view kinds[] = {"TV", "V", "VG"};
+    bool hasYear = false;
+    while (!hasYear && search.text.ends_with(')')) {
+        const std::size_t open = search.text.rfind(" (");
+        if (open == std::string::npos)
+            return std::nullopt;
+        const std::string mark = search.text.substr(open + 2, search.text.size() - open - 3);
+        search.text.resize(open);
+        if (std::find(std::begin(kinds), std::end(kinds), mark) != std::end(kinds))
+            continue;
+        const std::optional<std::int64_t> year = Number(mark.substr(0, mark.find('/')));
+        if (!year || *year > kLastYear)
+            return std::nullopt;
+        search.fromYear = search.toYear = static_cast<int>(*year);
+        hasYear = true;
+    }
+    return hasYear ? std::optional(search) : std::nullopt;
 }
 
 } // namespace
@@ -180,11 +205,13 @@ Answer Site::TitleSearch(std::string_view, std::string_view query)
     Search search;
     search.text = Parameter(query, "title", "&type=");
     if (const auto year = Number(Parameter(query, "from_year")); year && *year > kFirstYearOfForm)
-        search.fromYear = static_cast<int>(std::min<std::int64_t>(*year, 9999));
+        search.fromYear = static_cast<int>(std::min(*year, kLastYear));
     if (const auto year = Number(Parameter(query, "to_year")); year && *year < kLastYearOfForm)
         search.toYear = static_cast<int>(*year);
     search.withTelevision = Parameter(query, "tv") != "off";
     std::vector<Film> hits = m_store.SearchTitles(search);
+    if (const std::optional<Search> bare = hits.empty() ? WithoutYear(search) : std::nullopt)
+        hits = m_store.SearchTitles(*bare);
     // A title page is known by its genres; a film without any is listed instead.
     if (hits.size() == 1 && !hits.front().genres.empty())
         return RedirectTo(FilmPath(hits.front().number));

@@ -91,6 +91,13 @@ Film FilmOf(const QJsonValue& json, OwnNumbers& numbers)
     return film;
 }
 
+void AddOtherTitles(FilmWriter& writer, std::int64_t film, const QJsonValue& list)
+{
+    int place = 0;
+    for (const QJsonValue entry : list.toArray())
+        writer.AddOtherTitle(film, ++place, {Utf8(entry[u"title"]), Utf8(entry[u"region"]), Utf8(entry[u"note"])});
+}
+
 void AddPeople(FilmWriter& writer, OwnNumbers& people, std::int64_t film, Section section, const QJsonValue& list)
 {
     int place = 0;
@@ -200,6 +207,7 @@ void MakeSample(const QStringList& arguments)
         const Film film = FilmOf(json, filmNumbers);
         if (!writer.AddFilm(film))
             throw Failure("Two films have the number " + Padded(film.number, 7));
+        AddOtherTitles(writer, film.number, json[u"otherTitles"]);
         AddPeople(writer, people, film.number, Section::Director, json[u"directors"]);
         AddPeople(writer, people, film.number, Section::Writer, json[u"writers"]);
         AddPeople(writer, people, film.number, Section::Cast, json[u"cast"]);

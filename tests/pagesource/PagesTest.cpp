@@ -221,6 +221,12 @@ TEST_F(FilmPages, OfASearchListTheHitsOrLeadToTheOnlyOne)
     EXPECT_THAT(Get("/Tsearch?title=nothing+at+all&type=substring").body, HasSubstr("Sorry there were no matches for the title"));
     EXPECT_EQ(Get("/Tsearch?title=Coat & <Key&type=substring").location, "/title/tt0017136/") << "titles come as they are typed";
     EXPECT_EQ(Get("/Tsearch?title=twin&type=substring&tv=off").location, "/title/tt0000045/") << "television is off";
+    // Collections keep titles with their year; it tells films of one name apart.
+    EXPECT_EQ(Get("/Tsearch?title=Twin (1990/I) (TV)&type=substring").body.find("no matches"), std::string::npos);
+    for (const char* title : {"The \"Coat\" & <Key> (1987)", "coat (1987) (TV)"})
+        EXPECT_EQ(Get(std::string("/Tsearch?title=") + title + "&type=substring").location, "/title/tt0017136/") << title;
+    for (const char* title : {"coat (1986)", "coat (TV)", " (1987)", "(1987)"})
+        EXPECT_THAT(Get(std::string("/Tsearch?title=") + title + "&type=substring").body, HasSubstr("no matches")) << title;
 
     for (std::uint64_t seed = 0; seed < kSeeds; ++seed) {
         SCOPED_TRACE(seed);
