@@ -37,7 +37,7 @@ function(kelvado_test name)
   target_link_libraries(${name} PRIVATE kelvado_settings ${ARG_USES} kelvado_test_support GTest::gmock)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  target_precompile_headers(${name} PRIVATE <QString> <QStringList> <gmock/gmock.h> <gtest/gtest.h> <memory> <vector>)
+  target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/Printers.h <QString> <QStringList> <gmock/gmock.h> <gtest/gtest.h> <memory> <vector>)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 300
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QTWEBENGINE_CHROMIUM_FLAGS=--disable-gpu;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=0")

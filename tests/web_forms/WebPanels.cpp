@@ -23,8 +23,7 @@ QByteArray Ok(const QByteArray& body, const char* type = "text/html; charset=iso
 
 WebPanels::WebPanels() : site([this](const QByteArray& path) { return Answer(path); })
 {
-    for (const char* host : {"ImdbMainHost", "ImdbSearchHost", "ImdbPersonHost", "ImdbPosterHost", "UpdateHost"})
-        Set("Hosts", host, site.Host());
+    SetHosts(site.Host());
     Set("Options", "GetHighResImage", QStringLiteral("0"));
     Set("DefaultValues", "PromptAKA", QStringLiteral("0"));
 }
@@ -58,20 +57,27 @@ LoopbackServer::Reply WebPanels::Answer(const QByteArray& path)
     return {"HTTP/1.0 404 Not Found\r\n\r\n"};
 }
 
-void WebPanels::StartAdding()
+void FilmPanels::SetHosts(const QString& host)
+{
+    for (const char* key : {"ImdbMainHost", "ImdbSearchHost", "ImdbPersonHost", "ImdbHeadsHost", "ImdbPosterHost", "ImdbOldPosterHost",
+                            "AmazonMainHost", "AmazonImageHost", "UpdateHost"})
+        Set("Hosts", key, host);
+}
+
+void FilmPanels::StartAdding()
 {
     Start();
     Press("AddIMDb");
 }
 
-void WebPanels::QueueAll()
+void FilmPanels::QueueAll()
 {
     Press("Image1");
     while (List("lstSearch").topLevelItemCount() > 0)
         DoubleClick("lstSearch", 0);
 }
 
-std::string WebPanels::Rows(const char* list) const
+std::string FilmPanels::Rows(const char* list) const
 {
     QStringList rows;
     for (int i = 0; i < List(list).topLevelItemCount(); ++i) {
@@ -81,7 +87,7 @@ std::string WebPanels::Rows(const char* list) const
     return rows.join(u'\n').toStdString();
 }
 
-void WebPanels::DoubleClick(const char* list, int row)
+void FilmPanels::DoubleClick(const char* list, int row)
 {
     QTreeWidget& rows = List(list);
     const QPoint place = rows.visualItemRect(rows.topLevelItem(row)).center();
@@ -89,7 +95,7 @@ void WebPanels::DoubleClick(const char* list, int row)
     QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, place);
 }
 
-void WebPanels::InWindow(const char* name, std::function<void(QWidget& modal)> action)
+void FilmPanels::InWindow(const char* name, std::function<void(QWidget& modal)> action)
 {
     auto* timer = new QTimer(window.get());
     QObject::connect(timer, &QTimer::timeout, timer, [timer, name = QString::fromLatin1(name), action = std::move(action)] {
@@ -103,7 +109,7 @@ void WebPanels::InWindow(const char* name, std::function<void(QWidget& modal)> a
     timer->start(5);
 }
 
-std::string WebPanels::NewTitles() const
+std::string FilmPanels::NewTitles() const
 {
     return catalog.Ask("SELECT group_concat(Title, ' / ') FROM (SELECT Title FROM Movie WHERE Movie_ID > 3 ORDER BY Movie_ID)")
         .toStdString();

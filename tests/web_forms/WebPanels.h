@@ -8,12 +8,12 @@
 
 namespace kelvado {
 
-/// The assembled main window with a film site of its own on this machine: the films of `titles`, by number. Any other number has no page.
-class WebPanels : public MainWindow
+/// The assembled main window and the panels that add films.
+class FilmPanels : public MainWindow
 {
 protected:
-    WebPanels();
-
+    /// Lets the retrieval ask `host` (host:port) for everything.
+    void SetHosts(const QString& host);
     /// Starts the window and opens the panel that adds films.
     void StartAdding();
     /// Searches by the panel and puts all films that are found into the queue.
@@ -24,8 +24,15 @@ protected:
     void DoubleClick(const char* list, int row);
     /// Does `action` in the modal window `name`, once it is there.
     void InWindow(const char* name, std::function<void(QWidget& modal)> action);
-    /// `count` films' titles in the order in which they came into the catalog.
+    /// The titles of the films that came into the catalog, in that order.
     std::string NewTitles() const;
+};
+
+/// With a film site of its own on this machine: the films of `titles`, by number. Any other number has no page.
+class WebPanels : public FilmPanels
+{
+protected:
+    WebPanels();
 
     QMap<QByteArray, QByteArray> titles{{"0912345", "The L&#246;wen Affair (1987/II) (TV)"},
                                         {"0912346", "Another Affair (1990)"},

@@ -1,0 +1,204 @@
+// The real panels over real sockets against the page source itself.
+
+#include "WebPanels.h"
+#include "support/PageSource.h"
+
+#include <QAbstractItemModel>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QTimer>
+
+namespace kelvado {
+namespace {
+
+/// The parameter is the seed by which the pages get their shapes.
+class EndToEnd : public FilmPanels, public testing::WithParamInterface<int>
+{
+protected:
+    void Serve(const QStringList& options = {})
+    {
+        source.emplace(Folder(), QStringList{QStringLiteral("--seed"), QString::number(GetParam())} + options);
+        SetHosts(source->Host());
+    }
+
+    static QString Folder() { return QStringLiteral(PAGESOURCE_FOLDER); }
+
+    void Search(const QString& text)
+    {
+        Get<QLineEdit>("txtSearch").setText(text);
+        Press("Image1");
+    }
+
+    /// Puts the row of this film into the queue.
+    void Choose(const char* number)
+    {
+        for (int row = 0; row < List("lstSearch").topLevelItemCount(); ++row) {
+            if (List("lstSearch").topLevelItem(row)->text(1) == QLatin1StringView(number))
+                return DoubleClick("lstSearch", row);
+        }
+        FAIL() << number << " is not in\n" << Rows("lstSearch");
+    }
+
+    /// The large picture of the page source for this film.
+    static QByteArray LargePicture(const char* number)
+    {
+        QFile file(Folder() + QStringLiteral("/pagesource-images/%1-large.jpg").arg(QLatin1StringView(number)));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << number;
+        return file.readAll();
+    }
+
+    QString Ask(const std::string& sql) const { return catalog.Ask(sql.c_str()); }
+
+    std::optional<PageSource> source;
+};
+
+INSTANTIATE_TEST_SUITE_P(Pages, EndToEnd, testing::Values(0, 11), testing::PrintToStringParamName());
+
+TEST_P(EndToEnd, FilmsAreFoundQueuedNamedAddedAndShown)
+{
+    Serve();
+    Set("DefaultValues", "PromptAKA", QStringLiteral("1"));
+    StartAdding();
+    Search(QStringLiteral("of"));
+    EXPECT_GT(List("lstSearch").topLevelItemCount(), 10);
+    Choose("0317248");
+    Choose("0056172");
+    Search(QStringLiteral("der Anderen")); // one film has this other title: the site leads straight to its page
+    EXPECT_EQ(Rows("lstSearch"), "The Lives of Others (2006)|0405094");
+    Choose("0405094");
+    EXPECT_EQ(List("lstSelect").topLevelItemCount(), 3);
+
+    Get<QCheckBox>("ChkDefault").setChecked(true);
+    Get<QComboBox>("cboFormat").setEditText(QStringLiteral("Laserdisc"));
+    Get<QLineEdit>("txtDiscs").setText(QStringLiteral("3"));
+    Get<QLineEdit>("txtIndex").setText(QStringLiteral("B & 12's"));
+    QStringList offered;
+    InWindow("frmAkaSet", [&](QWidget& modal) {
+        auto& list = *modal.findChild<QListWidget*>(QStringLiteral("lstAkaSel"));
+        for (int i = 0; i < list.count(); ++i)
+            offered << list.item(i)->text();
+        list.setCurrentRow(1);
+        QTest::mouseClick(modal.findChild<QWidget*>(QStringLiteral("cmdOkay")), Qt::LeftButton);
+    });
+    Press("Command2");
+    EXPECT_EQ(offered, QStringList({QStringLiteral("City of God (2002)"), QStringLiteral("Cidade de Deus")}));
+    EXPECT_EQ(TakeMessages(), "0 Movie Grab Complete: Successfully Added 3 Films");
+
+    EXPECT_EQ(NewTitles(), "Cidade de Deus) / Lawrence of Arabia (1962) / The Lives of Others (2006)");
+    EXPECT_EQ(Ask("SELECT group_concat(DISTINCT Format || Number || \"Index\") FROM Movie WHERE Movie_ID > 3"),
+              QStringLiteral("Laserdisc3B & 12's"));
+    EXPECT_EQ(Ask("SELECT TitleNY || ' ' || Year || ' ' || IMDB || ' ' || Rating FROM Movie WHERE Movie_ID = 5"),
+              QStringLiteral("Lawrence of Arabia 1962 0056172 8.5"));
+    EXPECT_EQ(Ask("SELECT group_concat(Actor || ': ' || Character, '; ') FROM (SELECT Actor, Character FROM ActorLink JOIN Actor USING "
+                  "(Actor_ID) WHERE Movie_ID = 5 ORDER BY ActorLink.rowid LIMIT 2)"),
+              QStringLiteral("Peter O'Toole: T.E. Lawrence; Alec Guinness: Prince Faisal"));
+    EXPECT_EQ(Ask("SELECT Director FROM DirectorLink JOIN Director USING (Director_ID) WHERE Movie_ID = 5"), QStringLiteral("David Lean"));
+    for (const char* links : {"WriterLink", "ProducerLink", "GenreLink", "CompanyLink"})
+        EXPECT_NE(Ask(std::string("SELECT count(*) FROM ") + links + " WHERE Movie_ID = 5"), QStringLiteral("0")) << links;
+    EXPECT_EQ(Ask("SELECT lower(hex(Image)) FROM Images JOIN Movie USING (Image_ID) WHERE Movie.Movie_ID = 6").toLatin1(),
+              LargePicture("0405094").toHex())
+        << "the shop's larger picture is looked up";
+
+    Press("ImgTabMovieList");
+    ClickNode(QStringLiteral("Lawrence of Arabia (1962)"));
+    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Peter O'Toole"));
+    EXPECT_EQ(RunInPage(QStringLiteral("document.querySelector('img[src*=\"temp\"]').naturalWidth > 0")), true);
+}
+
+TEST_P(EndToEnd, StoredFilmsAreRenewed)
+{
+    Serve();
+    catalog.Run("UPDATE Movie SET Title = 'Metropolis (1927)' WHERE Movie_ID = 2");
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    Entry("mnuUpdateMovieInfo").trigger();
+    EXPECT_TRUE(Node(QStringLiteral("Alien (1979)")).isValid()) << Shown();
+    EXPECT_EQ(Ask("SELECT Format || ' ' || Nfo || ' ' || IMDB FROM Movie WHERE Movie_ID = 1"),
+              QStringLiteral("DVD Seen in the dark. 0078748"));
+    EXPECT_EQ(Ask("SELECT count(*) FROM ActorLink JOIN Actor USING (Actor_ID) WHERE Movie_ID = 1 AND Actor = 'Sigourney Weaver'"),
+              QStringLiteral("1"));
+    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp1.html")).contains(u"Harry Dean Stanton"));
+
+    ClickNode(QStringLiteral("Metropolis (1927)"));
+    Entry("mnuMovieRetrieve").trigger();
+    auto& rows = *Get("frmAddSingleIMDb").findChild<QTreeWidget*>(QStringLiteral("lstSearch"));
+    ASSERT_EQ(rows.topLevelItemCount(), 1) << "the text of the node is searched for";
+    QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, rows.visualItemRect(rows.topLevelItem(0)).center());
+    QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, rows.visualItemRect(rows.topLevelItem(0)).center());
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_EQ(Ask("SELECT IMDB || ' ' || Format FROM Movie WHERE Movie_ID = 2"), QStringLiteral("0017136 Request"));
+}
+
+TEST_P(EndToEnd, TextsThatAreTooLongAreCutOrGivenToTheUser)
+{
+    const QString longTitle = QStringLiteral("The Long Film ").repeated(25).trimmed();
+    home.Write(QStringLiteral("sets/title.basics.tsv"),
+               QStringLiteral("tconst\ttitleType\tprimaryTitle\toriginalTitle\tisAdult\tstartYear\tendYear\truntimeMinutes\tgenres\n"
+                              "tt0000010\tmovie\t%1\t%1\t0\t1931\t\\N\t88\tDrama\n")
+                   .arg(longTitle)
+                   .toUtf8());
+    ASSERT_EQ(QProcess::execute(Folder() + QStringLiteral("/kelvado-pagesource"),
+                                {QStringLiteral("import"), home.Path(QStringLiteral("sets")), QStringLiteral("--data"),
+                                 home.Path(QStringLiteral("long.db"))}),
+              0);
+    Serve({QStringLiteral("--data"), home.Path(QStringLiteral("long.db"))});
+    for (const bool cut : {true, false}) {
+        SCOPED_TRACE(cut);
+        window.reset();
+        Set("IMDb", "AutoCut", cut ? QStringLiteral("-1") : QStringLiteral("0"));
+        StartAdding();
+        Get<QLineEdit>("txtSearch").setText(QStringLiteral("long film"));
+        QueueAll();
+        EXPECT_EQ(Rows("lstSelect"), longTitle.left(37).toStdString() + " ...|0000010");
+        dialogs.edits << QStringLiteral("Shortened");
+        Press("Command2");
+        EXPECT_EQ(TakeMessages(), "0 Movie Grab Complete: Successfully Added 1 Films");
+        EXPECT_EQ(Ask("SELECT Title FROM Movie ORDER BY Movie_ID DESC LIMIT 1"), cut ? longTitle.left(255) : QStringLiteral("Shortened"));
+        EXPECT_EQ(std::exchange(dialogs.fieldEdits, {}).value(0), cut ? QString() : QStringLiteral("TITLE:255"));
+        dialogs.edits.clear();
+    }
+}
+
+TEST_P(EndToEnd, NumbersOfAFileAreImportedAndACancelLeavesNothing)
+{
+    Serve();
+    home.Write(QStringLiteral("list.html"), "<a href=\"/title/tt0017136/\">Metropolis</a> and 0022100");
+    Start();
+    Entry("mnuImportIMDb").trigger();
+    QWidget& panel = Get("frmImportIMDb");
+    const auto press = [&](const char* button) {
+        QTest::mouseClick(panel.findChild<QWidget*>(QString::fromLatin1(button)), Qt::LeftButton);
+    };
+    dialogs.files << home.Path(QStringLiteral("list.html"));
+    press("cmdSelFile");
+    EXPECT_EQ(panel.findChild<QListView*>(QStringLiteral("List1"))->model()->rowCount(), 2);
+
+    // The second film is cancelled while its cast is on the way.
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        if (!window->findChild<QWidget*>(QStringLiteral("frmProgress")) || Get<QLabel>("lblFilmOf").text() != QStringLiteral("2 / 2") ||
+            Get<QLabel>("lblCurrent").text() != QStringLiteral("Retrieving IMDb Credits Page"))
+            return;
+        watch.stop();
+        dialogs.answers << kAnswerYes;
+        Press("cmdCancel");
+    });
+    watch.start(0);
+    press("Command2");
+    EXPECT_FALSE(watch.isActive());
+    EXPECT_EQ(TakeMessages(), "4 : Are you sure you wish to cancel IMDb retrieval?");
+    EXPECT_EQ(NewTitles(), "Metropolis (1927)");
+    EXPECT_EQ(Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID > 4"), QStringLiteral("0"));
+    EXPECT_EQ(Ask("SELECT count(*) FROM Images"), QStringLiteral("1"));
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_TRUE(Node(QStringLiteral("Metropolis (1927)")).isValid());
+    panel.close();
+}
+
+} // namespace
+} // namespace kelvado
