@@ -4,6 +4,8 @@
 
 #include <httplib.h>
 
+#include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <mutex>
 #include <poll.h>
@@ -44,6 +46,18 @@ void EncodeQuery(std::string& request)
     for (const auto& [sign, code] : {std::pair("?", "%3F"), std::pair("#", "%23"), std::pair(" ", "%20")})
         query = Replaced(query, sign, code);
     request.replace(from, end - from, query);
+}
+
+// The library would pack a page as tightly as it can, which takes forty milliseconds; on one machine its transport takes none.
+void RefusePacking(std::string& request)
+{
+    constexpr std::string_view header = "\r\naccept-encoding:";
+    const auto same = [](char left, char right) { return std::tolower(static_cast<unsigned char>(left)) == right; };
+    const auto found = std::search(request.begin(), request.end(), header.begin(), header.end(), same);
+    if (found == request.end())
+        return;
+    const std::size_t start = static_cast<std::size_t>(found - request.begin());
+    request.erase(start, request.find("\r\n", start + 2) - start);
 }
 
 void Send(socket_t socket, std::string_view bytes)
@@ -90,6 +104,7 @@ private:
         bool done = false;
         if (!request.empty()) {
             EncodeQuery(request);
+            RefusePacking(request);
             httplib::detail::BufferStream stream;
             stream.write(request.data(), request.size());
             bool closed = false;

@@ -82,6 +82,8 @@ TEST_F(Serving, AnswersOldRequestsAndClosesBehindThem)
     EXPECT_THAT(redirect, StartsWith("HTTP/1.1 302 Found\r\n"));
     EXPECT_THAT(redirect.substr(0, 1199), HasSubstr("Location: /title/tt0017136/\r\n"));
     EXPECT_THAT(Get(port, "/Title?1"), StartsWith("HTTP/1.1 404 "));
+    const std::string packed = Exchange(port, "GET /Title?0017136 HTTP/1.0\r\nAccept-encoding: gzip, br\r\nHost: x\r\n\r\n");
+    EXPECT_EQ(packed, title) << "pages are sent as they are";
     // A link that was read with what stands behind it, as it comes from a page with two blanks where one is looked for.
     EXPECT_THAT(Get(port, "/r/50400017136/\"%20%20title=\"x\"><img%20src=\"y.gif\"></a>"),
                 HasSubstr("/exec/obidos/search?film=0017136\r\n"));
