@@ -9,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QTimer>
@@ -39,6 +40,17 @@ QString Ending(const FileDialog& dialog)
     return dialog.filter.section(u'|', 1, 1).section(u'.', 1).section(u';', 0, 0).trimmed();
 }
 
+// A box is as wide as its text, which may leave its title no room.
+void WidenToTitle(QMessageBox& box)
+{
+    constexpr int kButtonsOfTitle = 120;
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (!grid)
+        return;
+    const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + kButtonsOfTitle;
+    grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Minimum), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 } // namespace
 
 int DesktopDialogs::MessageBox(const QString& text, int type, const QString& title)
@@ -59,6 +71,7 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
                 : icon == kBoxInformation ? QMessageBox::Information
                 : yesNo                   ? QMessageBox::Question
                                           : QMessageBox::NoIcon);
+    WidenToTitle(box);
     if (!yesNo) {
         box.exec();
         return kAnswerOk;

@@ -394,7 +394,12 @@ void Form1::ShowProgress(int percent)
 
 void Form1::EnableMainWindow(bool enabled)
 {
+    // A control that is disabled loses the focus, and nothing gives it back.
+    if (!enabled && isEnabled())
+        m_focusBefore = focusWidget();
     setEnabled(enabled);
+    if (enabled && m_focusBefore)
+        std::exchange(m_focusBefore, nullptr)->setFocus();
 }
 
 void Form1::RetitleSelectedNode(const QString& title)

@@ -16,6 +16,7 @@
 #include "ui/TrayIcon.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <memory>
 
@@ -137,6 +138,7 @@ private:
     kelvado::Events& m_events;
     Menus m_menus;
     Skinner m_skinner;
+    QPointer<QWidget> m_focusBefore; ///< while the window is disabled: where the focus goes back to
     TrayIcon m_tray;
     CatalogModel m_model;
     Tree m_tree;

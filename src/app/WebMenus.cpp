@@ -65,7 +65,7 @@ void WebMenus::ShowSource(const QString& mode)
     if (!m_addPanel) {
         m_addPanel = new Form2(m_desk, m_context.skinner);
         connect(m_addPanel, &Form2::MenuWanted, this, [this](const QPoint& place, const QString& number) {
-            ShowRowMenu("mnufrmSearch", "mnufrmSearchViewOnIMDB", place, number);
+            Guarded(m_context.dialogs, [&] { ShowRowMenu("mnufrmSearch", "mnufrmSearchViewOnIMDB", place, number); });
         });
     }
     m_context.host.SetPanel(m_addPanel);
@@ -95,8 +95,9 @@ void WebMenus::OnMovieRetrieve()
     }
     if (!m_retrieveWindow) {
         m_retrieveWindow = new frmAddSingleIMDb(m_desk, m_context.skinner, &m_context.window);
-        connect(m_retrieveWindow, &frmAddSingleIMDb::MenuWanted, this,
-                [this](const QPoint& place, const QString& number) { ShowRowMenu("mnufrmAddSingle", "mnuViewOnIMDb", place, number); });
+        connect(m_retrieveWindow, &frmAddSingleIMDb::MenuWanted, this, [this](const QPoint& place, const QString& number) {
+            Guarded(m_context.dialogs, [&] { ShowRowMenu("mnufrmAddSingle", "mnuViewOnIMDb", place, number); });
+        });
     }
     m_retrieveWindow->Open(m_context.tree.Selected().data().toString(), m_context.idLabel.text());
 }

@@ -60,8 +60,8 @@ Value StorePicture(const FilmRecord& film, const cOptIMDbFilm& options, LinkColu
 
 // Stores the links and closes the connection, which commits what was stored, whatever happens to the links. Returns their failure, which
 // names the film and what is missing. Raises where the commit fails: then nothing of the film is stored.
-std::optional<RuntimeError> StoreLinksAndClose(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options,
-                                               const WriterContext& context, Connection& connection)
+std::optional<IncompleteFilm> StoreLinksAndClose(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options,
+                                                 const WriterContext& context, Connection& connection)
 {
     const std::optional<LinkFailure> failure = StoreFilmLinks(film, movieId, mode, options, context, connection);
     try {
@@ -74,9 +74,9 @@ std::optional<RuntimeError> StoreLinksAndClose(const FilmRecord& film, const Val
     if (!failure)
         return std::nullopt;
     const QString state = mode == LinkMode::Add ? u"missing or not complete"_s : u"as they were"_s;
-    return RuntimeError(failure->error.Number(), failure->error.Description() + u"\r\n\""_s + film.Title +
-                                                     u"\" is in the catalog, but these lists are "_s + state + u": "_s +
-                                                     failure->lists.join(u", "_s));
+    return IncompleteFilm(failure->error.Number(), failure->error.Description() + u"\r\n\""_s + film.Title +
+                                                       u"\" is in the catalog, but these lists are "_s + state + u": "_s +
+                                                       failure->lists.join(u", "_s));
 }
 
 } // namespace

@@ -2,11 +2,18 @@
 
 #include "core/Dialogs.h"
 #include "core/Options.h"
+#include "core/RuntimeError.h"
 #include "core/Shell.h"
 #include "store/FilmRecord.h"
 #include "store/Recordset.h"
 
 namespace kelvado {
+
+/// A film's row was stored, some of its lists were not; the description names the film and these lists.
+class IncompleteFilm : public RuntimeError
+{
+    using RuntimeError::RuntimeError;
+};
 
 /// What the writers need beside the film.
 struct WriterContext
@@ -17,12 +24,13 @@ struct WriterContext
 };
 
 /// Adds a film with its picture and links; `options` says which parts are stored. Returns the new `Movie_ID`.
-/// With both picture options off the links carry no film number. A failure after the film's row was stored names the film and what is
-/// missing of it; what was stored stays.
+/// With both picture options off the links carry no film number. Raises IncompleteFilm for a failure after the film's row was stored;
+/// what was stored stays. With any other failure nothing is stored.
 qint64 AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const WriterContext& context);
 
 /// Stores fresh web data over the film `movieId`, and then gives the selected tree node (through `shell`) the new title and key.
 /// Empty values leave the old ones standing; the old links of a list go only where the list is on and has a record to take their place.
+/// Raises IncompleteFilm where the film's row was stored and some lists are as they were; with any other failure nothing is changed.
 void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFilm& options, const WriterContext& context, Shell& shell);
 
 /// Stores the plain columns of an edit. Links and pictures are not its business.

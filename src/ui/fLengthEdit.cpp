@@ -14,7 +14,7 @@ fLengthEdit::fLengthEdit(const QString& value, qsizetype size, const QString& co
                                           "So That It Will Fit Into The Database."));
     m_ui->txtEdit->setPlainText(value);
     m_ui->lblRLen->setText(QString::number(size));
-    m_ui->lblCLen->setText(QString::number(value.size()));
+    m_ui->lblCLen->setText(QString::number(Text().size()));
     connect(m_ui->txtEdit, &QPlainTextEdit::textChanged, this, &fLengthEdit::ShowLength);
     connect(m_ui->cmdOkay, &QPushButton::clicked, this, &QDialog::accept);
 }

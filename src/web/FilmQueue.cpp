@@ -3,8 +3,6 @@
 #include "core/Conversions.h"
 #include "core/RuntimeError.h"
 
-#include <QScopeGuard>
-
 namespace kelvado {
 
 using namespace Qt::StringLiterals;
@@ -23,38 +21,48 @@ QString ReasonOf(const RuntimeError& error)
     return u"Run-time error '%1': %2"_s.arg(error.Number()).arg(error.Description());
 }
 
-// True where the film was added. A failure is noted; a cancel is seen in the batch.
+// A page that did not arrive is read like an empty one, so the reader's error is all that tells of it.
+bool IsReadersError(const RuntimeError& error)
+{
+    return error.Number() == kErrInvalidCall || error.Number() == kErrSubscript;
+}
+
+// True where the film is in the catalog. A failure is noted; a cancel is seen in the batch.
 bool AddOne(const BatchFilm& next, FilmDesk& desk, BatchResult& result)
 {
-    // A page that did not arrive is read like an empty one, so the reader's error is all that tells of it.
-    QString reason = u"its pages could not be fetched or read. "_s;
     desk.progress.ShowFilm(next.Shown);
+    std::optional<FilmRecord> film;
     try {
-        std::optional<FilmRecord> film = RetrieveFilm(next.Number, MakeRetrieval(desk));
-        if (!film)
-            return false;
-        reason.clear();
-        if (next.Prepare)
-            next.Prepare(*film);
-        AddFilm(*film, desk.state.gOptions->IMDbFilmAdd, MakeWriter(desk));
-        ++result.Added;
-        return true;
+        film = RetrieveFilm(next.Number, MakeRetrieval(desk));
     } catch (const RuntimeError& error) {
         if (error.Number() == kErrCancelled)
             throw;
-        result.Failures.append({next.Shown, reason + ReasonOf(error)});
+        const QString what = IsReadersError(error) ? u"its pages could not be fetched or read. "_s : QString();
+        result.Failures.append({next.Shown, what + ReasonOf(error)});
+    }
+    if (!film)
+        return false;
+    try {
+        if (next.Prepare)
+            next.Prepare(*film);
+        AddFilm(*film, desk.state.gOptions->IMDbFilmAdd, MakeWriter(desk));
+    } catch (const IncompleteFilm& error) {
+        result.Incomplete.append({next.Shown, ReasonOf(error)});
+    } catch (const RuntimeError& error) {
+        if (error.Number() == kErrCancelled)
+            throw;
+        result.Failures.append({next.Shown, ReasonOf(error)});
         return false;
     }
+    ++result.Added;
+    return true;
 }
 
-// Walks a list whose rows leave it when their film was added.
+// Walks a list whose rows leave it when their film is in the catalog.
 template<typename Row>
 BatchResult AddRows(QList<Row>& rows, const std::function<BatchFilm(const Row&)>& filmOf, const std::function<void()>& behindEach,
                     FilmDesk& desk)
 {
-    desk.shell.ShowWorking(true);
-    const auto idle = qScopeGuard([&desk] { desk.shell.ShowWorking(false); });
-    const RetrievalRun shown(desk.shell, desk.progress);
     BatchResult result;
     result.Asked = rows.size();
     // A retrieval clears the mark of a cancel when it begins, so the mark is read in front of each.
@@ -69,8 +77,19 @@ BatchResult AddRows(QList<Row>& rows, const std::function<BatchFilm(const Row&)>
         behindEach();
     }
     result.Cancelled = batch.RetrievalCancelled;
-    desk.shell.RefreshCatalogTree();
     return result;
+}
+
+// One line a film; a long list ends in the number of those that are left out.
+QString Named(const QList<BatchResult::Failure>& films)
+{
+    constexpr qsizetype kMostNamed = 10;
+    QString lines;
+    for (const BatchResult::Failure& film : films.first(std::min(kMostNamed, films.size())))
+        lines.append(u'\n' + film.Film + u": "_s + film.Reason);
+    if (films.size() > kMostNamed)
+        lines.append(u"\nand %1 more"_s.arg(films.size() - kMostNamed));
+    return lines;
 }
 
 } // namespace
@@ -78,6 +97,16 @@ BatchResult AddRows(QList<Row>& rows, const std::function<BatchFilm(const Row&)>
 RowParts PartsOf(const SearchRow& row)
 {
     return {row.Text.section(u'\t', 0, 0), row.Text.section(u'\t', 1, 1)};
+}
+
+FilmRun::FilmRun(FilmDesk& desk) : m_shell(desk.shell), m_shown(desk.shell, desk.progress)
+{
+    m_shell.ShowWorking(true);
+}
+
+FilmRun::~FilmRun()
+{
+    m_shell.ShowWorking(false);
 }
 
 QString OtherTitlesOf(const SearchRow& row, const QStringList& otherTitles)
@@ -159,35 +188,34 @@ BatchResult AddNumbers(QStringList& numbers, const std::function<void(int millis
 
 void TellResult(const BatchResult& result, Dialogs& dialogs)
 {
-    constexpr qsizetype kMostNamed = 10;
     const QString title = u"Movie Grab Complete"_s;
-    if (result.Failures.isEmpty()) {
-        if (!result.Cancelled)
-            dialogs.MessageBox(u"Successfully Added %1 Films"_s.arg(result.Asked), kBoxPlain, title);
+    const bool isWhole = result.Failures.isEmpty() && result.Incomplete.isEmpty();
+    if (isWhole && !result.Cancelled) {
+        dialogs.MessageBox(u"Successfully Added %1 Films"_s.arg(result.Asked), kBoxPlain, title);
         return;
     }
-    QString text = u"%1 of %2 films were added. These were not:\n"_s.arg(result.Added).arg(result.Asked);
-    for (const BatchResult::Failure& failure : result.Failures.first(std::min(kMostNamed, result.Failures.size())))
-        text.append(u"\n"_s + failure.Film + u": "_s + failure.Reason);
-    if (result.Failures.size() > kMostNamed)
-        text.append(u"\nand %1 more"_s.arg(result.Failures.size() - kMostNamed));
-    dialogs.MessageBox(text, kBoxExclamation, title);
+    if (isWhole && result.Added == 0)
+        return;
+    QString text = u"%1 of %2 films were added"_s.arg(result.Added).arg(result.Asked);
+    text.append(result.Cancelled ? u" before the cancel."_s : u"."_s);
+    if (!result.Failures.isEmpty())
+        text.append(u"\n\nThese could not be added:"_s + Named(result.Failures));
+    if (!result.Incomplete.isEmpty())
+        text.append(u"\n\nThese are in the catalog, but not complete:"_s + Named(result.Incomplete));
+    dialogs.MessageBox(text, isWhole ? kBoxInformation : kBoxExclamation, title);
 }
 
 bool UpdateFromRow(const SearchRow& row, const QStringList& otherTitles, const ChooseTitle& choose, const QString& movieId, FilmDesk& desk)
 {
-    desk.batch.CurrentFilm = 1;
-    desk.batch.FilmCount = 1;
-    const RetrievalRun shown(desk.shell, desk.progress);
     const RowParts parts = PartsOf(row);
-    std::optional<FilmRecord> film = RetrieveFilm(parts.Number, MakeRetrieval(desk));
-    if (!film)
-        return false;
-    const QString others = OtherTitlesOf(row, otherTitles);
-    if (choose && !others.isEmpty())
-        AskTitle(*film, parts.Title, others, choose);
-    UpdateFilm(*film, movieId, desk.state.gOptions->IMDbFilmUpdate, MakeWriter(desk), desk.shell);
-    return true;
+    const auto prepare = [&](FilmRecord& film) {
+        const QString others = OtherTitlesOf(row, otherTitles);
+        // A title that was shortened for its row is none to store.
+        if (choose && !others.isEmpty())
+            AskTitle(film, IsShortened(parts.Title) ? film.Title : parts.Title, others, choose);
+    };
+    return RetrieveOver(parts.Number, movieId, prepare, MakeRetrieval(desk), desk.state.gOptions->IMDbFilmUpdate, MakeWriter(desk),
+                        desk.shell);
 }
 
 } // namespace kelvado

@@ -48,8 +48,9 @@ struct BatchResult
         QString Reason;
     };
     qsizetype Asked = 0;
-    qsizetype Added = 0;
-    QList<Failure> Failures;
+    qsizetype Added = 0;       ///< with the incomplete ones
+    QList<Failure> Failures;   ///< films that are not in the catalog
+    QList<Failure> Incomplete; ///< films that are, without some of their lists
     bool Cancelled = false;
 };
 
@@ -61,19 +62,33 @@ struct QueueRun
     std::optional<FilmDefaults> defaults;
 };
 
-/// Retrieves and adds the films of `queue` in order; the main window is disabled meanwhile and the tree filled anew at the end. A film
-/// that fails is noted and the next one is tried; a cancel ends the run. Only rows whose film was added leave the queue.
-/// Raises 32755 where the program ends meanwhile, and what filling the tree raises.
+/// For its lifetime films are being added: the main window is disabled, progress and busy picture are shown.
+class FilmRun
+{
+public:
+    explicit FilmRun(FilmDesk& desk);
+    ~FilmRun();
+    Q_DISABLE_COPY_MOVE(FilmRun)
+
+private:
+    Shell& m_shell;
+    RetrievalRun m_shown;
+};
+
+/// Retrieves and adds the films of `queue` in order, within a `FilmRun`. A film that fails is noted and the next one is tried; a cancel
+/// ends the run. Only rows whose film is in the catalog then leave the queue.
+/// Raises 32755 where the program ends meanwhile.
 BatchResult AddQueue(QList<SearchRow>& queue, const QueueRun& run, FilmDesk& desk);
 
 /// The same for bare numbers. `pause` waits for so many milliseconds and serves events: it stands behind every film, the last one too.
+/// Raises 32755 too where `pause` does.
 BatchResult AddNumbers(QStringList& numbers, const std::function<void(int milliseconds)>& pause, FilmDesk& desk);
 
-/// Tells how many films were added and which were not. Nothing after a cancel that no failure came before.
+/// Tells how many films were added and which were not. Nothing where a cancel came before the first one.
 void TellResult(const BatchResult& result, Dialogs& dialogs);
 
-/// Retrieves the film of `row` and stores it over the film `movieId`, with the title that the user chooses where `choose` is set.
-/// False after a cancel; raises what retrieval and store raise. In both cases nothing is changed.
+/// Retrieves the film of `row` and stores it over the film `movieId`, with the title that the user chooses where `choose` is set; as
+/// `RetrieveOver`.
 bool UpdateFromRow(const SearchRow& row, const QStringList& otherTitles, const ChooseTitle& choose, const QString& movieId, FilmDesk& desk);
 
 } // namespace kelvado

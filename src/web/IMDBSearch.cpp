@@ -14,7 +14,8 @@ namespace {
 
 constexpr QStringView kAka = u"&#160;aka";
 constexpr int kMostRows = 50;
-constexpr qsizetype kDigits = 7;
+constexpr qsizetype kLongestTitle = 37;
+constexpr QLatin1StringView kCutMark = " ..."_L1;
 
 QString RowText(QString title, const QString& number)
 {
@@ -32,11 +33,15 @@ void AddTitlePage(const PageText& page, QStringView text, QList<SearchRow>& lstS
 
 QString ShortenTitle(QString& text)
 {
-    constexpr qsizetype kLongest = 37;
-    if (text.size() < kLongest)
+    if (text.size() < kLongestTitle)
         return text;
-    text.truncate(kLongest);
-    return text + " ..."_L1;
+    text.truncate(kLongestTitle);
+    return text + kCutMark;
+}
+
+bool IsShortened(QStringView text)
+{
+    return text.size() == kLongestTitle + kCutMark.size() && text.endsWith(kCutMark);
 }
 
 bool IsTitlePage(QStringView page)
@@ -85,7 +90,7 @@ void ParseSearchPage(QString& page, QList<SearchRow>& lstSearch, QStringList& ls
         if (link == kNowhere)
             return;
         const Place number = text.FindBehind(u"<a href=\"/title/tt", link);
-        const QString digits = text.Cut(number, text.Find(u"</a><", link)).left(kDigits);
+        const QString digits = text.Cut(number, text.Find(u"</a><", link)).left(kNumberDigits);
         const Place start = text.FindBehind(u"\">", link);
         cursor = text.Find(u"</li>", start);
         const QString hit = text.Cut(start, cursor);

@@ -21,6 +21,8 @@ struct SearchRow
 
 /// Cuts a text of 37 characters and more to its first 37, in `text` too, and returns it with " ..." behind; a shorter one as it is.
 QString ShortenTitle(QString& text);
+/// True for a text that `ShortenTitle` cut.
+bool IsShortened(QStringView text);
 
 /// True if the search led to the page of a film.
 bool IsTitlePage(QStringView page);

@@ -1,6 +1,7 @@
 #include "web/NumberImport.h"
 
 #include "core/RuntimeError.h"
+#include "web/mIMDBTitleParse.h"
 
 #include <QFile>
 
@@ -9,7 +10,6 @@ namespace kelvado {
 QStringList ReadNumbers(const QString& path)
 {
     constexpr qint64 kBlock = qint64(1) << 16;
-    constexpr qsizetype kDigits = 7;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw RuntimeError::WithDetail(kErrFileNotFound, path);
@@ -22,7 +22,7 @@ QStringList ReadNumbers(const QString& path)
                 continue;
             }
             digits.append(c);
-            if (digits.size() < kDigits)
+            if (digits.size() < kNumberDigits)
                 continue;
             numbers << QString::fromLatin1(digits);
             digits.clear();

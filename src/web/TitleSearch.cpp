@@ -3,16 +3,11 @@
 #include "core/Conversions.h"
 #include "core/Paths.h"
 #include "web/WebText.h"
+#include "web/mIMDBTitleParse.h"
 
 namespace kelvado {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr qsizetype kDigits = 7;
-
-} // namespace
 
 // However a search ends, the next one can begin; a locked one stays so.
 class TitleSearch::Running
@@ -56,7 +51,7 @@ void TitleSearch::Search(const QString& title)
 
 void TitleSearch::LookUp(const QString& number)
 {
-    if (number.size() != kDigits || !IsNumeric(number)) {
+    if (number.size() != kNumberDigits || !IsNumeric(number)) {
         m_desk.dialogs.MessageBox(
             u"The iMDB title code you have entered is either not numeric or is not seven digits. Please re-enter the title code."_s,
             kBoxPlain);

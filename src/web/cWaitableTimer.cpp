@@ -1,5 +1,7 @@
 #include "web/cWaitableTimer.h"
 
+#include "core/RuntimeError.h"
+
 #include <QEventLoop>
 #include <QTimer>
 
@@ -11,8 +13,14 @@ void cWaitableTimer::Wait(int milliseconds) const
 {
     QEventLoop loop;
     // The coarse kind may come up to a twentieth too early.
-    QTimer::singleShot(std::max(0, milliseconds), Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    bool timeIsUp = false;
+    QTimer::singleShot(std::max(0, milliseconds), Qt::PreciseTimer, &loop, [&] {
+        timeIsUp = true;
+        loop.quit();
+    });
     loop.exec();
+    if (!timeIsUp)
+        throw RuntimeError(kErrCancelled);
 }
 
 } // namespace kelvado

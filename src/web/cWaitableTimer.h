@@ -6,7 +6,7 @@ namespace kelvado {
 class cWaitableTimer
 {
 public:
-    /// Returns when that time has passed, never earlier but where the program ends; events are served all along.
+    /// Returns when that time has passed, never earlier; events are served all along. Raises 32755 where the program ends meanwhile.
     void Wait(int milliseconds) const;
 };
 

@@ -58,7 +58,12 @@ QString StoredNumber(const QString& movieId, const QString& catalogPath)
 RetrievalRun::RetrievalRun(Shell& shell, RetrievalProgress& progress) : m_shell(shell), m_progress(progress)
 {
     m_shell.EnableMainWindow(false);
-    m_progress.Open();
+    try {
+        m_progress.Open();
+    } catch (...) {
+        m_shell.EnableMainWindow(true);
+        throw;
+    }
 }
 
 RetrievalRun::~RetrievalRun()
@@ -144,19 +149,31 @@ bool AskCancelRetrieval(RetrievalBatch& batch, Dialogs& dialogs)
     return true;
 }
 
-void UpdateMovieInfo(const QString& movieId, const Retrieval& retrieval, const cOptIMDbFilm& options, const WriterContext& writer,
-                     Shell& shell)
+bool RetrieveOver(const QString& number, const QString& movieId, const std::function<void(FilmRecord&)>& prepare,
+                  const Retrieval& retrieval, const cOptIMDbFilm& options, const WriterContext& writer, Shell& shell)
 {
-    {
+    try {
         retrieval.batch.CurrentFilm = 1;
         retrieval.batch.FilmCount = 1;
         const RetrievalRun run(shell, retrieval.progress);
-        const std::optional<FilmRecord> film = RetrieveFilm(StoredNumber(movieId, writer.catalogPath), retrieval);
+        std::optional<FilmRecord> film = RetrieveFilm(number, retrieval);
         if (!film)
-            return;
+            return false;
+        if (prepare)
+            prepare(*film);
         UpdateFilm(*film, movieId, options, writer, shell);
+    } catch (const IncompleteFilm&) {
+        shell.ShowSelection();
+        throw;
     }
     shell.ShowSelection();
+    return true;
+}
+
+void UpdateMovieInfo(const QString& movieId, const Retrieval& retrieval, const cOptIMDbFilm& options, const WriterContext& writer,
+                     Shell& shell)
+{
+    RetrieveOver(StoredNumber(movieId, writer.catalogPath), movieId, {}, retrieval, options, writer, shell);
 }
 
 } // namespace kelvado

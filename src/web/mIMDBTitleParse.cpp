@@ -114,10 +114,9 @@ QString ParseLanguage(QStringView text)
 QString ParseTitleNumber(QStringView text)
 {
     constexpr QStringView kTitleLink = u"/title/tt";
-    constexpr qsizetype kDigits = 7;
     const PageText page(text);
     const Place link = page.Find(kTitleLink);
-    return page.Take(link + kTitleLink.size(), kDigits);
+    return page.Take(link + kTitleLink.size(), kNumberDigits);
 }
 
 QList<FilmGenre> ParseGenres(QStringView text)

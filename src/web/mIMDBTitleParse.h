@@ -9,6 +9,9 @@
 
 namespace kelvado {
 
+/// The digits of a film's number on the film site.
+inline constexpr qsizetype kNumberDigits = 7;
+
 /// What the head of a film's page tells. Entities stand as they are in the page.
 struct TitleInfo
 {

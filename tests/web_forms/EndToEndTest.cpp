@@ -191,7 +191,8 @@ TEST_P(EndToEnd, NumbersOfAFileAreImportedAndACancelLeavesNothing)
     watch.start(0);
     press("Command2");
     EXPECT_FALSE(watch.isActive());
-    EXPECT_EQ(TakeMessages(), "4 : Are you sure you wish to cancel IMDb retrieval?");
+    EXPECT_EQ(TakeMessages(), "4 : Are you sure you wish to cancel IMDb retrieval? | 64 Movie Grab Complete: 1 of 2 films were added "
+                              "before the cancel.");
     EXPECT_EQ(NewTitles(), "Metropolis (1927)");
     EXPECT_EQ(Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID > 4"), QStringLiteral("0"));
     EXPECT_EQ(Ask("SELECT count(*) FROM Images"), QStringLiteral("1"));

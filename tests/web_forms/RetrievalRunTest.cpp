@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QPlainTextEdit>
 #include <QTimer>
 
 namespace kelvado {
@@ -53,9 +54,38 @@ TEST_F(RetrievalWindow, AFilmThatFailsIsNamedAndTheOthersAreAdded)
     QueueAll();
     Press("Command2");
     const std::string told = TakeMessages();
-    EXPECT_EQ(told.substr(0, told.find("Run-time")), "48 Movie Grab Complete: 2 of 3 films were added. These were not:\n\n"
+    EXPECT_EQ(told.substr(0, told.find("Run-time")), "48 Movie Grab Complete: 2 of 3 films were added.\n\nThese could not be added:\n"
                                                      "Another Affair (1990): its pages could not be fetched or read. ");
     EXPECT_EQ(NewTitles(), "The L&#246;wen Affair (1987/II) (TV) / A Very Long Affair (2001)");
+    EXPECT_EQ(Rows("lstSelect"), "Another Affair (1990)|0912346");
+    EXPECT_TRUE(window->isEnabled());
+}
+
+TEST_F(RetrievalWindow, AFilmThatIsStoredInPartIsToldAndLeavesTheQueue)
+{
+    catalog.Run("CREATE TRIGGER full BEFORE INSERT ON GenreLink WHEN NEW.Movie_ID = 5 BEGIN SELECT RAISE(FAIL, 'disk full'); END");
+    StartAdding();
+    QueueAll();
+    Press("Command2");
+    const std::string told = TakeMessages();
+    EXPECT_EQ(told.substr(0, told.find(": Run-time")), "48 Movie Grab Complete: 3 of 3 films were added.\n\n"
+                                                       "These are in the catalog, but not complete:\nAnother Affair (1990)");
+    EXPECT_NE(told.find("genres"), std::string::npos) << told;
+    EXPECT_EQ(Rows("lstSelect"), "") << "a second run would store it twice";
+    EXPECT_TRUE(Get<QPlainTextEdit>("txtLog").toPlainText().contains(u"Not complete: Another Affair (1990)"));
+}
+
+TEST_F(RetrievalWindow, ATreeThatCannotBeFilledHidesNoResult)
+{
+    titles.remove("0912346");
+    catalog.Run("INSERT INTO GenreLink (Movie_ID, Genre_ID) VALUES (1, 1), (1, 1)");
+    StartAdding();
+    QueueAll();
+    window->State().gOptions->View.PrimarySort = QStringLiteral("Genre.Genre");
+    Press("Command2");
+    const std::string told = TakeMessages();
+    EXPECT_EQ(told.substr(0, 26), "16 : Run-time error '457':") << told;
+    EXPECT_NE(told.find("2 of 3 films were added."), std::string::npos) << told;
     EXPECT_EQ(Rows("lstSelect"), "Another Affair (1990)|0912346");
     EXPECT_TRUE(window->isEnabled());
 }
@@ -90,6 +120,7 @@ TEST_F(RetrievalWindow, AStoredFilmIsUpdated)
     Entry("mnuUpdateMovieInfo").trigger();
     EXPECT_TRUE(disabled);
     EXPECT_TRUE(window->isEnabled());
+    EXPECT_EQ(window->focusWidget(), &Tree()) << "the keys go where they went before";
     EXPECT_TRUE(Node(QStringLiteral("Alien Renewed (1979)")).isValid()) << Shown();
     EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp1.html")).contains(u"Alien Renewed"));
     EXPECT_EQ(catalog.Ask("SELECT Format || ' ' || Nfo || ' ' || IMDB FROM Movie WHERE Movie_ID = 1"),
@@ -113,6 +144,7 @@ TEST_F(RetrievalWindow, AFilmWithoutANumberIsFoundAndUpdated)
     QTest::keyClick(&rows, Qt::Key_Escape);
     EXPECT_FALSE(panel.isVisible());
     EXPECT_TRUE(window->isEnabled());
+    EXPECT_EQ(window->focusWidget(), &Tree());
     EXPECT_EQ(catalog.Ask("SELECT Title FROM Movie WHERE Movie_ID = 2"), QStringLiteral("Brazil"));
 
     Entry("mnuMovieRetrieve").trigger();
@@ -145,17 +177,27 @@ TEST_F(RetrievalWindow, ThePanelThatIsClosedDuringItsSearchGivesTheWindowBackAtO
 
 TEST_F(RetrievalWindow, NumbersOfAFileAreImported)
 {
-    home.Write(QStringLiteral("list.txt"), "Films: tt0912346, 123456, \xE4 and again 09123469");
+    home.Write(QStringLiteral("list.txt"), "Films: tt0912346, 123456, \xE4, 1111111 and again 09123469");
     Start();
     Entry("mnuImportIMDb").trigger();
     QWidget& panel = Get("frmImportIMDb");
     auto& add = *panel.findChild<QWidget*>(QStringLiteral("Command2"));
     const auto select = [&] { QTest::mouseClick(panel.findChild<QWidget*>(QStringLiteral("cmdSelFile")), Qt::LeftButton); };
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == window.get(); }));
     select(); // cancelled
+    const auto isFront = [&] { return QApplication::activeWindow() == &panel; };
+    EXPECT_TRUE(QTest::qWaitFor(isFront)) << "the keys belong to the panel";
     EXPECT_FALSE(add.isEnabled());
     dialogs.files << home.Path(QStringLiteral("list.txt"));
     select();
-    EXPECT_EQ(panel.findChild<QListView*>(QStringLiteral("List1"))->model()->rowCount(), 2);
+    auto& list = *panel.findChild<QListView*>(QStringLiteral("List1"));
+    EXPECT_EQ(list.model()->rowCount(), 3);
+    list.setCurrentIndex(list.model()->index(1, 0));
+    ASSERT_TRUE(QTest::qWaitFor(isFront));
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_Delete);
+    EXPECT_EQ(list.model()->rowCount(), 2);
     EXPECT_TRUE(add.isEnabled());
     QString film;
     onRequest = [&](const QByteArray& path) {

@@ -1,5 +1,9 @@
 #include "web/forms/FilmProgress.h"
 
+#include "core/Guard.h"
+
+#include <QScopeGuard>
+
 namespace kelvado {
 
 FilmProgress::FilmProgress(QWidget& owner, Dialogs& dialogs, std::function<void(QWidget&)> skin)
@@ -13,7 +17,7 @@ void FilmProgress::Open()
 {
     m_window = std::make_unique<frmProgress>(&m_owner);
     m_skin(*m_window);
-    QObject::connect(m_window.get(), &frmProgress::CancelAsked, m_window.get(), [this] { AskCancel(); });
+    QObject::connect(m_window.get(), &frmProgress::CancelAsked, m_window.get(), [this] { Guarded(m_dialogs, [this] { AskCancel(); }); });
     const QRect above(m_owner.mapToGlobal(QPoint()), m_owner.size());
     m_window->move(above.center() - m_window->rect().center());
     m_window->show();
@@ -45,8 +49,8 @@ void FilmProgress::AskCancel()
     if (m_asking || !m_batch)
         return;
     m_asking = true;
+    const auto asked = qScopeGuard([this] { m_asking = false; });
     const bool cancelled = AskCancelRetrieval(*m_batch, m_dialogs);
-    m_asking = false;
     if (cancelled && m_window)
         m_window->hide();
 }

@@ -2,6 +2,7 @@
 
 #include "web/FilmQueue.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -22,6 +23,7 @@ FilmRows::FilmRows(QWidget* parent) : QTreeWidget(parent)
     setEditTriggers(NoEditTriggers);
     connect(this, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) { Q_EMIT Chosen(indexOfTopLevelItem(item)); });
     connect(this, &QTreeWidget::itemSelectionChanged, this, &FilmRows::SelectionMoved);
+    ShowFocus(false);
 }
 
 void FilmRows::SetRows(const QList<SearchRow>& rows)
@@ -39,6 +41,7 @@ void FilmRows::SetRows(const QList<SearchRow>& rows)
         items << item;
     }
     addTopLevelItems(items);
+    ShowFocus(hasFocus()); // by the colours that the skin has given meanwhile
     if (!items.isEmpty())
         setCurrentItem(items[std::clamp<qsizetype>(selected, 0, items.size() - 1)]);
     else
@@ -73,7 +76,33 @@ void FilmRows::contextMenuEvent(QContextMenuEvent* event)
 void FilmRows::focusInEvent(QFocusEvent* event)
 {
     QTreeWidget::focusInEvent(event);
+    ShowFocus(true);
     Q_EMIT Focused();
+}
+
+void FilmRows::focusOutEvent(QFocusEvent* event)
+{
+    QTreeWidget::focusOutEvent(event);
+    ShowFocus(event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason);
+}
+
+// Lists stand beside each other, each with its selected row; the one that takes the keys shows it in the full colour.
+void FilmRows::ShowFocus(bool focused)
+{
+    const QPalette full = QApplication::palette(this);
+    QPalette colors = palette();
+    QColor back = full.color(QPalette::Highlight);
+    QColor text = full.color(QPalette::HighlightedText);
+    if (!focused) {
+        constexpr float kPart = 0.25F;
+        const QColor base = colors.color(QPalette::Base);
+        const auto mixed = [&](float from, float to) { return from + (to - from) * kPart; };
+        back.setRgbF(mixed(base.redF(), back.redF()), mixed(base.greenF(), back.greenF()), mixed(base.blueF(), back.blueF()));
+        text = colors.color(QPalette::Text);
+    }
+    colors.setColor(QPalette::Highlight, back);
+    colors.setColor(QPalette::HighlightedText, text);
+    setPalette(colors);
 }
 
 void FilmRows::resizeEvent(QResizeEvent* event)

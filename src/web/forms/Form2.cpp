@@ -33,16 +33,16 @@ void Form2::ConnectControls()
     connect(m_ui->CmdByIMDBno, &QPushButton::clicked, this, guarded(&Form2::LookUp));
     connect(m_ui->txtIMDBnum, &QLineEdit::returnPressed, this, guarded(&Form2::LookUp));
     connect(m_ui->Command2, &QPushButton::clicked, this, guarded(&Form2::AddAll));
-    connect(m_ui->lstSearch, &FilmRows::Chosen, this, &Form2::MoveToQueue);
-    connect(m_ui->lstSelect, &FilmRows::Chosen, this, &Form2::MoveBack);
-    connect(m_ui->lstSearch, &FilmRows::SelectionMoved, this, [this] { OnSelect(*m_ui->lstSearch, m_search.Rows()); });
-    connect(m_ui->lstSelect, &FilmRows::SelectionMoved, this, [this] { OnSelect(*m_ui->lstSelect, m_queue); });
-    for (const FilmRows* list : {m_ui->lstSearch, m_ui->lstSelect}) {
+    const auto connectList = [this](const FilmRows* list, void (Form2::*choose)(int), const auto& rows) {
+        connect(list, &FilmRows::Chosen, this, [this, choose](int row) { Guarded(m_desk.dialogs, [&] { (this->*choose)(row); }); });
+        const auto show = [this, list, rows] { Guarded(m_desk.dialogs, [&] { OnSelect(*list, rows()); }); };
+        connect(list, &FilmRows::SelectionMoved, this, show);
+        connect(list, &FilmRows::Focused, this, show);
         connect(list, &FilmRows::MenuRequested, this,
                 [this, list](const QPoint& place) { Q_EMIT MenuWanted(place, list->Selected() < 0 ? QString() : m_lastNumber); });
-    }
-    connect(m_ui->lstSearch, &FilmRows::Focused, this, [this] { OnSelect(*m_ui->lstSearch, m_search.Rows()); });
-    connect(m_ui->lstSelect, &FilmRows::Focused, this, [this] { OnSelect(*m_ui->lstSelect, m_queue); });
+    };
+    connectList(m_ui->lstSearch, &Form2::MoveToQueue, [this] { return m_search.Rows(); });
+    connectList(m_ui->lstSelect, &Form2::MoveBack, [this] { return m_queue; });
     connect(m_ui->txtLog, &QPlainTextEdit::textChanged, this, [this] { m_ui->txtLog->moveCursor(QTextCursor::End); });
 }
 
@@ -64,11 +64,12 @@ void Form2::Reopen()
     const auto values = [](const cOptDefaults& o) { return std::tie(o.PromptAKA, o.Enable, o.Format, o.Discs, o.Index); };
     if (values(now) != values(m_defaults))
         LoadDefaults();
+    m_ui->txtSearch->setFocus();
+    const QStringList formats = FormatsInUse(m_desk.state.CatalogPath());
     const QString format = m_ui->cboFormat->currentText();
     m_ui->cboFormat->clear();
-    m_ui->cboFormat->addItems(FormatsInUse(m_desk.state.CatalogPath()));
+    m_ui->cboFormat->addItems(formats);
     m_ui->cboFormat->setEditText(format);
-    m_ui->txtSearch->setFocus();
 }
 
 void Form2::Search()
@@ -97,9 +98,15 @@ void Form2::AddAll()
         run.chooseTitle = AskInAkaSet(m_desk.dialogs, m_skinner, *window());
     if (m_ui->ChkDefault->isChecked())
         run.defaults = {m_ui->cboFormat->currentText(), m_ui->txtDiscs->text(), m_ui->txtIndex->text()};
-    const BatchResult result = AddQueue(m_queue, run, m_desk);
-    WriteLog(result);
-    TellResult(result, m_desk.dialogs);
+    {
+        const FilmRun adding(m_desk);
+        const BatchResult result = AddQueue(m_queue, run, m_desk);
+        WriteLog(result);
+        // A tree that cannot be filled is no reason to keep quiet about the films.
+        Guarded(m_desk.dialogs, [this] { m_desk.shell.RefreshCatalogTree(); });
+        m_desk.progress.Close();
+        TellResult(result, m_desk.dialogs);
+    }
     if (m_queue.isEmpty())
         m_search.Clear(); // rows that wait in the queue still need the other titles
     window()->activateWindow();
@@ -110,6 +117,8 @@ void Form2::WriteLog(const BatchResult& result)
 {
     for (const BatchResult::Failure& failure : result.Failures)
         m_ui->txtLog->insertPlainText(QStringLiteral("\r\nNot added: %1: %2").arg(failure.Film, failure.Reason));
+    for (const BatchResult::Failure& film : result.Incomplete)
+        m_ui->txtLog->insertPlainText(QStringLiteral("\r\nNot complete: %1: %2").arg(film.Film, film.Reason));
     if (result.Cancelled)
         m_ui->txtLog->insertPlainText(QStringLiteral("\r\nCancelled."));
     m_ui->txtLog->insertPlainText(QStringLiteral("\r\nSuccessfully Added %1 Films.").arg(result.Added));

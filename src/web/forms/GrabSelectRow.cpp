@@ -64,7 +64,6 @@ void GrabSelectRow::LoadSearchBar(const QString& skin, const QString& mode)
     for (std::size_t i = 0; i < kSlots; ++i)
         m_pieces[i]->SetPicture(load(pictures->files[i]));
     m_spacer->SetPicture(load("ToolSpacer.BMP"));
-    m_mode = mode;
     ArrangeSearchBar();
 }
 

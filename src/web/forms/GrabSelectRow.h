@@ -20,7 +20,6 @@ public:
     void LoadSearchBar(const QString& skin, const QString& mode);
     /// Places the pieces side by side; the last one fills what is left.
     void ArrangeSearchBar();
-    const QString& Mode() const { return m_mode; }
 
 Q_SIGNALS:
     void SourceClick(const QString& mode);
@@ -33,7 +32,6 @@ private:
 
     std::array<TabImage*, kSlots> m_pieces{};
     TabImage* m_spacer;
-    QString m_mode;
 };
 
 } // namespace kelvado

@@ -16,7 +16,6 @@ frmAddSingleIMDb::frmAddSingleIMDb(FilmDesk& desk, const Skinner& skinner, QWidg
       })
 {
     m_ui->setupUi(this);
-    m_ui->ChkAKA->setChecked(desk.state.gOptions->Defaults.PromptAKA != 0);
     m_skinner.SkinForm(*this);
     connect(m_ui->lstSearch, &FilmRows::SelectionMoved, this, &frmAddSingleIMDb::OnSelect);
     connect(m_ui->lstSearch, &FilmRows::Chosen, this, [this](int row) { Guarded(m_desk.dialogs, [&] { OnChoose(row); }); });
@@ -40,6 +39,7 @@ void frmAddSingleIMDb::Open(const QString& title, const QString& movieId)
     m_search.Clear();
     m_ui->lstSearch->SetRows({});
     m_ui->txtSearch->setText(title);
+    m_ui->ChkAKA->setChecked(m_desk.state.gOptions->Defaults.PromptAKA != 0);
     m_desk.shell.EnableMainWindow(false);
     setEnabled(true); // as a window of the main one it went with it
     show();
@@ -92,8 +92,7 @@ void frmAddSingleIMDb::OnChoose(int row)
     ChooseTitle choose;
     if (m_ui->ChkAKA->isChecked())
         choose = AskInAkaSet(m_desk.dialogs, m_skinner, *parentWidget());
-    if (UpdateFromRow(m_search.Rows()[row], m_search.OtherTitles(), choose, m_movieId, m_desk))
-        m_desk.shell.ShowSelection();
+    UpdateFromRow(m_search.Rows()[row], m_search.OtherTitles(), choose, m_movieId, m_desk);
 }
 
 } // namespace kelvado

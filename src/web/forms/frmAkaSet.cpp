@@ -1,5 +1,6 @@
 #include "web/forms/frmAkaSet.h"
 
+#include "core/Guard.h"
 #include "ui_frmAkaSet.h"
 
 namespace kelvado {
@@ -10,7 +11,7 @@ frmAkaSet::frmAkaSet(const QStringList& titles, Dialogs& dialogs, QWidget* paren
     m_ui->setupUi(this);
     m_ui->lstAkaSel->addItems(titles);
     connect(m_ui->lstAkaSel, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
-    connect(m_ui->cmdOkay, &QPushButton::clicked, this, &frmAkaSet::OnOkay);
+    connect(m_ui->cmdOkay, &QPushButton::clicked, this, [this] { Guarded(m_dialogs, [this] { OnOkay(); }); });
 }
 
 frmAkaSet::~frmAkaSet() = default;

@@ -4,7 +4,10 @@
 #include "ui_frmImportIMDb.h"
 #include "web/NumberImport.h"
 
+#include <QAction>
 #include <QScopeGuard>
+
+#include <algorithm>
 
 namespace kelvado {
 
@@ -17,6 +20,12 @@ frmImportIMDb::frmImportIMDb(FilmDesk& desk, const Skinner& skinner, std::functi
     skinner.SkinForm(*this);
     connect(m_ui->cmdSelFile, &QPushButton::clicked, this, [this] { Guarded(m_desk.dialogs, [this] { SelectFile(); }); });
     connect(m_ui->Command2, &QPushButton::clicked, this, [this] { Guarded(m_desk.dialogs, [this] { AddAll(); }); });
+    auto* remove = new QAction(tr("&Remove"), m_ui->List1);
+    remove->setShortcut(Qt::Key_Delete);
+    remove->setShortcutContext(Qt::WidgetShortcut);
+    m_ui->List1->addAction(remove);
+    m_ui->List1->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(remove, &QAction::triggered, this, [this] { Guarded(m_desk.dialogs, [this] { RemoveSelected(); }); });
     connect(m_ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -39,9 +48,23 @@ void frmImportIMDb::reject()
 
 void frmImportIMDb::SelectFile()
 {
+    const auto front = qScopeGuard([this] { activateWindow(); }); // the dialog was the main window's
     m_desk.dialogs.ShowOpen(m_file);
-    activateWindow(); // the dialog was the main window's
     ShowNumbers(m_numbers.stringList() + ReadNumbers(m_file.fileName));
+}
+
+void frmImportIMDb::RemoveSelected()
+{
+    QStringList numbers = m_numbers.stringList();
+    QModelIndexList selected = m_ui->List1->selectionModel()->selectedRows();
+    if (selected.isEmpty())
+        return;
+    std::ranges::sort(selected, std::ranges::greater(), &QModelIndex::row);
+    for (const QModelIndex& row : std::as_const(selected))
+        numbers.removeAt(row.row());
+    const int next = selected.constLast().row();
+    ShowNumbers(numbers);
+    m_ui->List1->setCurrentIndex(m_numbers.index(std::min(next, m_numbers.rowCount() - 1)));
 }
 
 void frmImportIMDb::AddAll()
@@ -54,11 +77,16 @@ void frmImportIMDb::AddAll()
     const auto shown = qScopeGuard([&] {
         m_running = false;
         ShowNumbers(numbers);
+        if (numbers.isEmpty())
+            hide();
+        else
+            activateWindow();
     });
+    const FilmRun adding(m_desk);
     const BatchResult result = AddNumbers(numbers, m_pause, m_desk);
+    m_desk.progress.Close();
     TellResult(result, m_desk.dialogs);
-    if (numbers.isEmpty())
-        hide();
+    m_desk.shell.RefreshCatalogTree();
 }
 
 void frmImportIMDb::ShowNumbers(const QStringList& numbers)

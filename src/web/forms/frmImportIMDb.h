@@ -31,6 +31,7 @@ public:
 
 private:
     void SelectFile();
+    void RemoveSelected();
     void AddAll();
     void ShowNumbers(const QStringList& numbers);
 
