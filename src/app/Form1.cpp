@@ -195,7 +195,10 @@ void Form1::LoadToolRow()
 
 void Form1::LayOutAtStart()
 {
+    // Room for title bar and frame, whose sizes are known once the window is on the screen.
+    constexpr QSize kFrame(16, 48);
     const cOptDisplay& display = m_state.gOptions->Display;
+    resize(size().boundedTo(screen()->availableGeometry().size() - kFrame));
     int windowWidth = width();
     if (display.WindowState == kStateMaximised) {
         setWindowState(Qt::WindowMaximized);
