@@ -4,6 +4,7 @@
 #include "core/Guard.h"
 #include "core/Paths.h"
 #include "render/forms/PageEngine.h"
+#include "ui/AppStyle.h"
 #include "ui/frmAbout.h"
 
 #include <QApplication>
@@ -16,7 +17,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(frmAbout::ProductName());
     QApplication::setApplicationVersion(frmAbout::Version());
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(new AppStyle);
     DesktopDialogs dialogs;
     DesktopEvents events;
     try {

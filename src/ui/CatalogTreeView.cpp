@@ -23,6 +23,15 @@ public:
         const QSize size = QStyledItemDelegate::sizeHint(option, index);
         return {size.width(), std::max(option.fontMetrics.height(), kIconSide) + kRowPadding};
     }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        // The node's own color says nothing in a tree that cannot be worked with.
+        if (!option->state.testFlag(QStyle::State_Enabled) && option->widget)
+            option->palette = option->widget->palette();
+    }
 };
 
 bool IsEnter(const QKeyEvent& event)

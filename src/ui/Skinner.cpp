@@ -54,6 +54,16 @@ QColor ReadableOn(const QColor& back)
     return IsDark(back) ? Qt::white : QColor(0x1F, 0x29, 0x33);
 }
 
+// In a view that cannot be worked with the selection stays visible, but calls nobody.
+void PaintSelection(QPalette& palette, const QColor& color)
+{
+    constexpr float kFadedPart = 0.2F;
+    palette.setColor(QPalette::Highlight, color);
+    palette.setColor(QPalette::HighlightedText, ReadableOn(color));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, Mixed(palette.color(QPalette::Base), color, kFadedPart));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, palette.color(QPalette::Disabled, QPalette::Text));
+}
+
 void SetFamily(QWidget& widget, const QString& family)
 {
     QFont font = widget.font();
@@ -74,6 +84,12 @@ void Paint(QWidget& widget, const QColor& back, const QColor& text)
 }
 
 } // namespace
+
+QColor Mixed(const QColor& from, const QColor& to, float part)
+{
+    const auto between = [part](float first, float second) { return first + (second - first) * part; };
+    return QColor::fromRgbF(between(from.redF(), to.redF()), between(from.greenF(), to.greenF()), between(from.blueF(), to.blueF()));
+}
 
 QColor ParseColor(const QString& text)
 {
@@ -155,8 +171,7 @@ QPalette Skinner::WindowPalette() const
     const SkinValues& v = m_values;
     const QColor button = IsDark(v.windowBack) ? v.windowBack.lighter(140) : v.windowBack.darker(104);
     QPalette palette(button, v.windowBack);
-    const QColor faded((v.labelText.red() + v.windowBack.red()) / 2, (v.labelText.green() + v.windowBack.green()) / 2,
-                       (v.labelText.blue() + v.windowBack.blue()) / 2);
+    const QColor faded = Mixed(v.labelText, v.windowBack, 0.5F);
     palette.setColor(QPalette::WindowText, v.labelText);
     palette.setColor(QPalette::Base, v.boxBack);
     palette.setColor(QPalette::AlternateBase, button);
@@ -165,11 +180,10 @@ QPalette Skinner::WindowPalette() const
     palette.setColor(QPalette::ButtonText, ReadableOn(button));
     palette.setColor(QPalette::ToolTipBase, v.boxBack);
     palette.setColor(QPalette::ToolTipText, v.boxText);
-    palette.setColor(QPalette::Highlight, v.progressFront);
-    palette.setColor(QPalette::HighlightedText, ReadableOn(v.progressFront));
     palette.setColor(QPalette::Link, v.subNavSelected);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, faded);
+    PaintSelection(palette, v.progressFront);
     return palette;
 }
 
@@ -235,8 +249,7 @@ void Skinner::SkinMainWindow(QWidget& window) const
         Paint(*tree, v.treeBack, v.treeItemText);
         // A selected row stays as strong while the focus is elsewhere.
         QPalette palette = tree->palette();
-        palette.setColor(QPalette::Highlight, v.progressFront);
-        palette.setColor(QPalette::HighlightedText, ReadableOn(v.progressFront));
+        PaintSelection(palette, v.progressFront);
         tree->setPalette(palette);
     }
     for (QProgressBar* bar : window.findChildren<QProgressBar*>()) {

@@ -18,6 +18,9 @@ struct SkinValues
     QString fontName;
 };
 
+/// The color that lies `part` (0 to 1) of the way between two others.
+QColor Mixed(const QColor& from, const QColor& to, float part);
+
 /// Six hexadecimal digits, red, green and blue; a text beginning with "&H" is the system's own number, blue first. A pair that is no
 /// number, as in an empty text, counts as 0.
 QColor ParseColor(const QString& text);

@@ -1,5 +1,6 @@
 #include "web/forms/FilmRows.h"
 
+#include "ui/Skinner.h"
 #include "web/FilmQueue.h"
 
 #include <QApplication>
@@ -95,13 +96,13 @@ void FilmRows::ShowFocus(bool focused)
     QColor text = full.color(QPalette::HighlightedText);
     if (!focused) {
         constexpr float kPart = 0.25F;
-        const QColor base = colors.color(QPalette::Base);
-        const auto mixed = [&](float from, float to) { return from + (to - from) * kPart; };
-        back.setRgbF(mixed(base.redF(), back.redF()), mixed(base.greenF(), back.greenF()), mixed(base.blueF(), back.blueF()));
+        back = Mixed(colors.color(QPalette::Base), back, kPart);
         text = colors.color(QPalette::Text);
     }
-    colors.setColor(QPalette::Highlight, back);
-    colors.setColor(QPalette::HighlightedText, text);
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        colors.setColor(group, QPalette::Highlight, back);
+        colors.setColor(group, QPalette::HighlightedText, text);
+    }
     setPalette(colors);
 }
 

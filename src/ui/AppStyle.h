@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace kelvado {
+
+/// The look of all controls: plain buttons, in dialogs too, and signs in message boxes that are sharp at every scale.
+class AppStyle : public QProxyStyle
+{
+    Q_OBJECT
+public:
+    AppStyle();
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const override;
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
+};
+
+} // namespace kelvado
