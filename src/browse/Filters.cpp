@@ -4,55 +4,10 @@
 #include "core/RuntimeError.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace kelvado {
 
 namespace {
-
-constexpr FilterElement kElements[] = {
-    {"Movie", "MovieMAIN"},
-    {"Title", "Movie.Title"},
-    {"Short Title", "Movie.TitleNY"},
-    {"Year", "Movie.Year"},
-    {"Format", "Movie.Format"},
-    {"Runtime", "Movie.Runtime"},
-    {"Discs/Tapes", "Movie.Number"},
-    {"Index", "Movie.Index"},
-    {"Rated", "Movie.Rated"},
-    {"Color", "Movie.Color"},
-    {"Country", "Movie.Country"},
-    {"Spoken Language(s)", "Movie.Language"},
-    {"Subtitle Language(s)", "Movie.SubLanguage"},
-    {"Genre", "GenreMAIN"},
-    {"Genre", "Genre.Genre"},
-    {"Web", "WebMAIN"},
-    {"IMDb Rating", "Movie.Rating"},
-    {"IMDb Votes", "Movie.Votes"},
-    {"IMDb Number", "Movie.IMDb"},
-    {"IMDb Link", "Movie.IMDbLink"},
-    {"DVDEmpire Link", "Movie.ISONEWS"},
-    {"Custom Link 1", "Movie.UserURL1"},
-    {"Custom Link 2", "Movie.UserURL2"},
-    {"Trailer Link", "Movie.TrailerURL"},
-    {"File Details", "FileMAIN"},
-    {"Audio Type", "Movie.AudType"},
-    {"Video Type", "Movie.VidType"},
-    {"Audio Bitrate", "Movie.AudBitrate"},
-    {"Video Bitrate", "Movie.VidBitrate"},
-    {"Audio Channels", "Movie.AudChannels"},
-    {"Resolution", "Movie.Resolution"},
-    {"Filename", "Movie.Filename"},
-    {"Filesize", "Movie.Filesize"},
-    {"Group", "Movie.Group"},
-};
-
-// Every other key counts as numeric. Running time, index and bit rates look like numbers and are texts all the same.
-constexpr const char* kTextKeys[] = {"Movie.Title",    "Movie.TitleNY",  "Movie.Format",     "Movie.Runtime",    "Movie.Index",
-                                     "Movie.Rated",    "Movie.Color",    "Movie.Country",    "Movie.Language",   "Movie.SubLanguage",
-                                     "Genre.Genre",    "Movie.ISONEWS",  "Movie.UserURL1",   "Movie.UserURL2",   "Movie.TrailerURL",
-                                     "Movie.AudType",  "Movie.VidType",  "Movie.AudBitrate", "Movie.VidBitrate", "Movie.Resolution",
-                                     "Movie.Filename", "Movie.Filesize", "Movie.Group"};
 
 struct Operand
 {
@@ -68,47 +23,32 @@ const QString kRemoveEntries = QStringLiteral("MnuFilterRemoveSingle");
 
 } // namespace
 
-bool FilterElement::IsGroup() const
-{
-    return std::strstr(key, "MAIN") != nullptr;
-}
-
-bool FilterElement::IsText() const
-{
-    return std::any_of(std::begin(kTextKeys), std::end(kTextKeys), [this](const char* text) { return std::strcmp(text, key) == 0; });
-}
-
-std::span<const FilterElement> FilterElements()
-{
-    return kElements;
-}
-
 std::span<const char* const> FilterOperands()
 {
     return kOperandCaptions;
 }
 
-QString FilterFault(const FilterElement* element, int operand, const QString& text)
+QString FilterFault(const FilmElement* element, int operand, const QString& text)
 {
     if (text.isEmpty())
         return QStringLiteral("You must enter a filter criteria");
-    if (!element || element->IsGroup())
+    if (!element || element->kind == ElementKind::Group)
         return QStringLiteral("You must select an element to filter");
-    if (!element->IsText() && operand < 0)
+    if (element->kind != ElementKind::Text && operand < 0)
         return QStringLiteral("You must select an operand");
-    if (!element->IsText() && !IsNumeric(text))
+    if (element->kind != ElementKind::Text && !IsNumeric(text))
         return QString::fromLatin1(element->caption) + QStringLiteral("must be numeric.");
     return {};
 }
 
-FilterRecord MakeFilter(const FilterElement& element, int operand, const QString& text)
+FilterRecord MakeFilter(const FilmElement& element, int operand, const QString& text)
 {
-    const Operand& comparison = kOperands[element.IsText() ? 0 : static_cast<std::size_t>(operand)];
+    const Operand& comparison = kOperands[element.kind == ElementKind::Text ? 0 : static_cast<std::size_t>(operand)];
     const QString caption = QString::fromLatin1(element.caption);
     FilterRecord filter;
     filter.WhereText = QString::fromLatin1(element.key) + u' ' + QString::fromLatin1(comparison.sql) + u'"' + text.trimmed() + u'"';
-    filter.Caption = element.IsText() ? caption + QStringLiteral(" contains ") + text
-                                      : caption + u' ' + QString::fromLatin1(comparison.caption) + u' ' + text;
+    filter.Caption = element.kind == ElementKind::Text ? caption + QStringLiteral(" contains ") + text
+                                                       : caption + u' ' + QString::fromLatin1(comparison.caption) + u' ' + text;
     return filter;
 }
 

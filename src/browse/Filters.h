@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browse/FilmElements.h"
 #include "core/AppState.h"
 #include "core/Dialogs.h"
 #include "core/MenuMarks.h"
@@ -20,26 +21,15 @@ struct FilterRecord
     QString Caption;
 };
 
-/// One entry of the tree of filter elements. A group cannot be chosen.
-struct FilterElement
-{
-    const char* caption;
-    const char* key; ///< column key; the group's own key, which contains "MAIN", for a group
-    bool IsGroup() const;
-    /// A text element is compared for equality alone; a numeric one can also be greater or less. Both include the value itself.
-    bool IsText() const;
-};
-
-/// All elements in the order of the tree, each group followed by its elements.
-std::span<const FilterElement> FilterElements();
-/// The captions of the comparisons of a numeric element, in their order.
+/// The captions of the comparisons of a numeric element, in their order. A text element is compared for equality alone; all of them
+/// include the value itself.
 std::span<const char* const> FilterOperands();
 
 /// What the dialog has to say before it accepts; the empty text where all is well. `element` is null where none is selected, `operand`
 /// -1 where none is chosen.
-QString FilterFault(const FilterElement* element, int operand, const QString& text);
+QString FilterFault(const FilmElement* element, int operand, const QString& text);
 /// The condition that the dialog stands for. The value stands in double quotes as it was typed.
-FilterRecord MakeFilter(const FilterElement& element, int operand, const QString& text);
+FilterRecord MakeFilter(const FilmElement& element, int operand, const QString& text);
 
 /// The active filters, at most five, joined by AND, with their menu entries. They last as long as the program runs.
 class Filters

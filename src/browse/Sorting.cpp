@@ -3,63 +3,7 @@
 #include "core/RuntimeError.h"
 #include "core/ViewKeys.h"
 
-#include <cstring>
-
 namespace kelvado {
-
-namespace {
-
-constexpr SortMethod kMethods[] = {
-    {"Movie", "MovieMAIN"},
-    {"Aphabetical", "Movie.Title"},
-    {"Year", "Movie.Year"},
-    {"Format", "Movie.Format"},
-    {"Runtime", "Movie.Runtime"},
-    {"Discs/Tapes", "Movie.Number"},
-    {"Index", "Movie.Index"},
-    {"Rated", "Movie.Rated"},
-    {"Color", "Movie.Color"},
-    {"Country", "Movie.Country"},
-    {"Spoken Language(s)", "Movie.Language"},
-    {"Subtitle Language(s)", "Movie.SubLanguage"},
-    {"Genre", "GenreMAIN"},
-    {"Genre", "Genre.Genre"},
-    {"Web", "WebMAIN"},
-    {"IMDb Rating", "Movie.Rating"},
-    {"IMDb Votes", "Movie.Votes"},
-    {"IMDb Number", "Movie.IMDb"},
-    {"IMDb Link", "Movie.IMDbLink"},
-    {"DVDEmpire Link", "Movie.ISONEWS"},
-    {"Custom Link 1", "Movie.UserURL1"},
-    {"Custom Link 2", "Movie.UserURL2"},
-    {"Trailer Link", "Movie.TrailerURL"},
-    {"File Details", "FileMAIN"},
-    {"Audio Type", "Movie.AudType"},
-    {"Video Type", "Movie.VidType"},
-    {"Audio Bitrate", "Movie.AudBitrate"},
-    {"Video Bitrate", "Movie.VidBitrate"},
-    {"Audio Channels", "Movie.AudChannels"},
-    {"Resolution", "Movie.Resolution"},
-    {"Filename", "Movie.Filename"},
-    {"Filesize", "Movie.Filesize"},
-    {"Group", "Movie.Group"},
-    {"Custom Entries", "CustomMAIN"},
-    {"Custom Entry 1", "Movie.Custom1"},
-    {"Custom Entry 2", "Movie.Custom2"},
-    {"Custom Entry 3", "Movie.Custom3"},
-};
-
-} // namespace
-
-bool SortMethod::IsGroup() const
-{
-    return std::strstr(key, "MAIN") != nullptr;
-}
-
-std::span<const SortMethod> SortMethods()
-{
-    return kMethods;
-}
 
 Sorting::Sorting(AppState& state, MenuMarks& marks, Shell& shell, AskMethod askMethod)
     : m_state(state), m_marks(marks), m_shell(shell), m_askMethod(std::move(askMethod))

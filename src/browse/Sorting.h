@@ -11,17 +11,6 @@
 
 namespace kelvado {
 
-/// One entry of the tree of sort methods. A group has no column key and cannot be chosen.
-struct SortMethod
-{
-    const char* caption;
-    const char* key; ///< column key; the group's own key, which contains "MAIN", for a group
-    bool IsGroup() const;
-};
-
-/// All methods in the order of the tree, each group followed by its methods.
-std::span<const SortMethod> SortMethods();
-
 /// What the custom dialog answers where nothing was chosen.
 inline constexpr QLatin1StringView kNothingChosen("0");
 

@@ -193,6 +193,15 @@ void cOptStatus::Save(ProfileChanges& changes) const
         WriteText(changes, QStringLiteral("Status"), key.name, QString::number(this->*key.field));
 }
 
+std::int32_t cOptStatus::*StatusOption(int entry)
+{
+    for (const auto& key : kStatusKeys) {
+        if (key.menuEntry == entry)
+            return key.field;
+    }
+    throw RuntimeError(kErrSubscript);
+}
+
 cOptIMDbFilm cOptIMDbFilm::Everything()
 {
     cOptIMDbFilm parts;

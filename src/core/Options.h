@@ -48,6 +48,9 @@ struct cOptStatus
     void Save(ProfileChanges& changes) const;
 };
 
+/// The option behind entry 1 to 12 of the status bar's menu. Raises 9 for any other entry.
+std::int32_t cOptStatus::*StatusOption(int entry);
+
 /// What is fetched for a film; a value above 0 means that the part is on. Used twice: for adding and for updating.
 struct cOptIMDbFilm
 {

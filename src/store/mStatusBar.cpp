@@ -33,12 +33,6 @@ constexpr std::int32_t cOptStatus::*kOptions[] = {&cOptStatus::TotalMovies,    &
                                                   &cOptStatus::TotalDirectors, &cOptStatus::TotalProducers, &cOptStatus::PrimMethod,
                                                   &cOptStatus::SecMethod,      &cOptStatus::ViewMethod,     &cOptStatus::FiltersMethod};
 
-// By entry of the menu, from 1.
-constexpr std::int32_t cOptStatus::*kMenuOptions[] = {&cOptStatus::TotalMovies,  &cOptStatus::TotalRequests,  &cOptStatus::TotalLoans,
-                                                      &cOptStatus::TotalDiscs,   &cOptStatus::PrimMethod,     &cOptStatus::SecMethod,
-                                                      &cOptStatus::ViewMethod,   &cOptStatus::FiltersMethod,  &cOptStatus::TotalActors,
-                                                      &cOptStatus::TotalWriters, &cOptStatus::TotalDirectors, &cOptStatus::TotalProducers};
-
 QString BehindThePoint(const QString& sort)
 {
     return sort.section(u'.', 1, 1);
@@ -77,13 +71,6 @@ QStringList StatusTexts::Shown(const cOptStatus& options) const
             shown << m_texts[cell];
     }
     return shown;
-}
-
-std::int32_t cOptStatus::*StatusOption(int entry)
-{
-    if (entry < 1 || entry > static_cast<int>(std::size(kMenuOptions)))
-        throw RuntimeError(kErrSubscript);
-    return kMenuOptions[entry - 1];
 }
 
 } // namespace kelvado

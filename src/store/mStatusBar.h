@@ -45,7 +45,4 @@ private:
     std::array<QString, static_cast<std::size_t>(StatusCell::Count)> m_texts;
 };
 
-/// The option behind entry 1 to 12 of the status bar's menu. Raises 9 for any other entry.
-std::int32_t cOptStatus::*StatusOption(int entry);
-
 } // namespace kelvado

@@ -52,18 +52,18 @@ TEST_F(SortingTest, TheCustomEntryStaysMarkedAlsoWhereNothingWasChosen)
     EXPECT_TRUE(marks.IsChecked(QStringLiteral("mnuSortPrimDetail"), 7));
 }
 
-const FilterElement& Element(const char* caption)
+const FilmElement& Element(const char* caption)
 {
-    for (const FilterElement& element : FilterElements())
-        if (QByteArrayView(element.caption) == caption && !element.IsGroup())
+    for (const FilmElement& element : FilterElements())
+        if (QByteArrayView(element.caption) == caption && element.kind != ElementKind::Group)
             return element;
     throw RuntimeError(kErrElementNotFound);
 }
 
 TEST(FilterDialog, SaysWhatIsMissingInItsOrder)
 {
-    const FilterElement& year = Element("Year");
-    const FilterElement& title = Element("Title");
+    const FilmElement& year = Element("Year");
+    const FilmElement& title = Element("Title");
     EXPECT_EQ(FilterFault(nullptr, -1, {}), u"You must enter a filter criteria");
     EXPECT_EQ(FilterFault(nullptr, -1, QStringLiteral("x")), u"You must select an element to filter");
     EXPECT_EQ(FilterFault(&year, -1, QStringLiteral("x")), u"You must select an operand");
@@ -71,9 +71,9 @@ TEST(FilterDialog, SaysWhatIsMissingInItsOrder)
     EXPECT_EQ(FilterFault(&year, 0, QStringLiteral("1e3")), u"");
     EXPECT_EQ(FilterFault(&title, -1, QStringLiteral("x")), u"");
     for (const char* text : {"Runtime", "Index", "Audio Bitrate", "Video Bitrate"})
-        EXPECT_TRUE(Element(text).IsText()) << text;
+        EXPECT_EQ(Element(text).kind, ElementKind::Text) << text;
     for (const char* number : {"Year", "Discs/Tapes", "IMDb Rating", "IMDb Votes", "IMDb Number", "IMDb Link", "Audio Channels"})
-        EXPECT_FALSE(Element(number).IsText()) << number;
+        EXPECT_EQ(Element(number).kind, ElementKind::Number) << number;
 }
 
 TEST(FilterDialog, PutsTheValueInQuotesAndIncludesItInGreaterAndLess)

@@ -9,8 +9,8 @@ frmFilter::frmFilter(Dialogs& dialogs, QWidget* parent) : QDialog(parent), m_ui(
 {
     m_ui->setupUi(this);
     int number = 0;
-    for (const FilterElement& element : FilterElements())
-        AddMethod(*m_ui->tvFilter, QString::fromLatin1(element.caption), element.IsGroup(), number++);
+    for (const FilmElement& element : FilterElements())
+        AddMethod(*m_ui->tvFilter, QString::fromLatin1(element.caption), element.kind == ElementKind::Group, number++);
     connect(m_ui->tvFilter, &QTreeWidget::currentItemChanged, this, &frmFilter::OnSelect);
     connect(m_ui->cmdAddFilter, &QPushButton::clicked, this, &frmFilter::OnAdd);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -25,7 +25,7 @@ FilterRecord frmFilter::ShowAndRead()
     return MakeFilter(*Element(), m_ui->CboOperand->currentIndex(), m_ui->txtFilter->text());
 }
 
-const FilterElement* frmFilter::Element() const
+const FilmElement* frmFilter::Element() const
 {
     const int number = MethodNumber(m_ui->tvFilter->currentItem());
     return number < 0 ? nullptr : &FilterElements()[static_cast<std::size_t>(number)];
@@ -33,14 +33,14 @@ const FilterElement* frmFilter::Element() const
 
 void frmFilter::OnSelect()
 {
-    const FilterElement* element = Element();
-    const bool chosen = element && !element->IsGroup();
+    const FilmElement* element = Element();
+    const bool chosen = element && element->kind != ElementKind::Group;
     m_ui->cmdAddFilter->setEnabled(chosen);
     if (!chosen)
         return;
     m_ui->CboOperand->clear();
-    m_ui->CboOperand->setEnabled(!element->IsText());
-    if (element->IsText())
+    m_ui->CboOperand->setEnabled(element->kind != ElementKind::Text);
+    if (element->kind == ElementKind::Text)
         return;
     for (const char* operand : FilterOperands())
         m_ui->CboOperand->addItem(QString::fromLatin1(operand));

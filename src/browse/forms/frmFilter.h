@@ -25,7 +25,7 @@ public:
     FilterRecord ShowAndRead();
 
 private:
-    const FilterElement* Element() const;
+    const FilmElement* Element() const;
     void OnSelect();
     void OnAdd();
 

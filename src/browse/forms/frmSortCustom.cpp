@@ -1,5 +1,6 @@
 #include "browse/forms/frmSortCustom.h"
 
+#include "browse/FilmElements.h"
 #include "browse/Sorting.h"
 #include "browse/forms/MethodTree.h"
 #include "ui_frmSortCustom.h"
@@ -10,8 +11,8 @@ frmSortCustom::frmSortCustom(QWidget* parent) : QDialog(parent), m_ui(std::make_
 {
     m_ui->setupUi(this);
     int number = 0;
-    for (const SortMethod& method : SortMethods())
-        AddMethod(*m_ui->tvSort, QString::fromLatin1(method.caption), method.IsGroup(), number++);
+    for (const FilmElement& method : SortMethods())
+        AddMethod(*m_ui->tvSort, QString::fromLatin1(method.caption), method.kind == ElementKind::Group, number++);
     connect(m_ui->tvSort, &QTreeWidget::currentItemChanged, this, &frmSortCustom::OnSelect);
     connect(m_ui->tvSort, &QTreeWidget::itemDoubleClicked, this, [this] {
         if (m_ui->cmdOkay->isEnabled())
@@ -31,7 +32,7 @@ QString frmSortCustom::ShowAndRead()
 void frmSortCustom::OnSelect()
 {
     const int number = MethodNumber(m_ui->tvSort->currentItem());
-    const bool chosen = number >= 0 && !SortMethods()[static_cast<std::size_t>(number)].IsGroup();
+    const bool chosen = number >= 0 && SortMethods()[static_cast<std::size_t>(number)].kind != ElementKind::Group;
     m_ui->cmdOkay->setEnabled(chosen);
     m_result = chosen ? QString::fromLatin1(SortMethods()[static_cast<std::size_t>(number)].key) : QString(kNothingChosen);
 }
