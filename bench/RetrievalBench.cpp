@@ -71,7 +71,7 @@ public:
 
     QString NewCatalog()
     {
-        const QString path = m_folder.filePath(QStringLiteral("films%1.kvd").arg(++m_catalogs));
+        QString path = m_folder.filePath(QStringLiteral("films%1.kvd").arg(++m_catalogs));
         QFile::copy(QCoreApplication::applicationDirPath() + QStringLiteral("/keldb.dat"), path);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
         return path;

@@ -4,6 +4,7 @@
 #include "app/DesktopSeams.h"
 #include "app/Form1.h"
 #include "app/hMain.h"
+#include "browse/CatalogModel.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"

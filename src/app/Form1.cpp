@@ -1,8 +1,10 @@
 #include "app/Form1.h"
 
 #include "app/BrowseMenus.h"
+#include "app/CatalogPane.h"
 #include "app/StatusBar.h"
 #include "app/WebMenus.h"
+#include "app/WindowTray.h"
 #include "app/mMenuOptions.h"
 #include "browse/SelectionMenus.h"
 #include "core/Paths.h"
@@ -80,9 +82,8 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
           ui->setupUi(this);
           return ui;
       }()),
-      m_dialogs(dialogs), m_events(events), m_menus(*this), m_tree({m_state, m_menus, events, *this, m_model}),
-      m_catalogFile(m_state, dialogs, *this), m_sections(m_state, dialogs, *this), m_pages(m_state, dialogs, *this, *this),
-      m_messages(*this, m_pages), m_pageView(new frmPageView(m_ui->PicForm))
+      m_dialogs(dialogs), m_events(events), m_menus(*this), m_catalogFile(m_state, dialogs, *this), m_sections(m_state, dialogs, *this),
+      m_pages(m_state, dialogs, *this, *this), m_messages(*this, m_pages), m_pageView(new frmPageView(m_ui->PicForm))
 {
     setWindowTitle(QStringLiteral("%1 %2 (Beta)").arg(frmAbout::ProductName(), frmAbout::Version()));
     setWindowIcon(QIcon(AppPath() + QStringLiteral("/kelvado.png")));
@@ -90,21 +91,23 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     m_ui->FormScroll->hide();
     m_ui->panelHost->addWidget(m_pageView);
     m_pageView->hide();
-    m_ui->TreeView1->setModel(&m_model);
+    m_catalog = std::make_unique<CatalogPane>(CatalogPane::Context{m_state, dialogs, events, m_menus, *this, m_skinner, *m_ui->TreeView1});
+    m_tray = std::make_unique<WindowTray>(*this, m_state, dialogs, m_menus);
     ConnectMenus();
     ConnectControls();
-    m_browseMenus = std::make_unique<BrowseMenus>(BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_model, *m_ui->TreeView1,
-                                                                       m_skinner, [this] { UpdateSelectionMenus(); }});
+    m_browseMenus = std::make_unique<BrowseMenus>(BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_catalog->Model(),
+                                                                       *m_ui->TreeView1, m_skinner, [this] { UpdateSelectionMenus(); }});
     m_statusBar = std::make_unique<StatusBar>(m_state, dialogs, m_menus, m_skinner, *m_ui->StatusCells);
     m_webMenus = std::make_unique<WebMenus>(
         WebMenus::Context{*this, m_state, dialogs, m_menus, *this, *m_ui->TreeView1, *m_ui->ID, m_skinner, *m_ui->picGrabSelect,
                           *m_ui->FormScroll, [this] { return SelectedNode(); }, [this](const QUrl& address) { OpenOutside(address); }});
 }
 
-Form1::~Form1()
+Form1::~Form1() = default;
+
+CatalogModel& Form1::Catalog()
 {
-    // The model's views go with the form's controls, before the model.
-    m_ui->TreeView1->setModel(nullptr);
+    return m_catalog->Model();
 }
 
 void Form1::OnMenu(const char* name, void (Form1::*handler)())
@@ -140,6 +143,7 @@ void Form1::ConnectControls()
     connect(m_ui->cToolbar, &ctxToolbar::ButtonClick, this, [this](const QString& key) { Guard([&] { OnButton(key); }); });
     connect(m_ui->picTabs, &SectionTabRow::TabClick, this, [this](const QString& section) { Guard([&] { m_sections.Show(section); }); });
     connect(m_ui->picSplitter, &PaneSplitter::Moved, this, [this] { Guard([&] { LayOutPanes(); }); });
+    connect(m_catalog.get(), &CatalogPane::Filled, this, [this] { Guard([&] { UpdateSelectionMenus(); }); });
     connect(m_ui->TreeView1, &CatalogTreeView::NodeClick, this, [this] { Guard([&] { OnNodeClick(); }); });
     connect(m_ui->TreeView1, &CatalogTreeView::MouseDown, this, [this] {
         try {
@@ -148,7 +152,6 @@ void Form1::ConnectControls()
             // The click or the menu that follows meets the same failure and tells of it, once.
         }
     });
-    connect(m_ui->TreeView1, &QTreeView::expanded, this, [this](const QModelIndex& node) { Guard([&] { OnExpand(node); }); });
     connect(m_ui->TreeView1, &CatalogTreeView::MenuRequested, this, [this](const QPoint& place) {
         Guard([&] {
             UpdateSelectionMenus();
@@ -159,7 +162,6 @@ void Form1::ConnectControls()
             [this](const QPoint& place) { m_menus.Menu(QStringLiteral("mnuStatus")).popup(m_ui->PicStatusBar->mapToGlobal(place)); });
     connect(m_pageView, &frmPageView::Clicked, this, [this](const PageClick& click) { Guard([&] { m_messages.OnClick(click); }); });
     connect(m_pageView, &frmPageView::ContextMenu, this, [this] { Guard([&] { m_messages.OnContextMenu(); }); });
-    connect(&m_tray, &TrayIcon::Message, this, [this](int message) { Guard([&] { OnTray(message); }); });
 }
 
 // --- Start ---------------------------------------------------------------------------------------------------------------------------
@@ -190,7 +192,7 @@ void Form1::LoadToolRow()
     images[0] = QIcon(blank);
     for (int i = 1; i <= CatalogModel::kImages; ++i)
         images[static_cast<std::size_t>(i)] = QIcon(LoadSkinPicture(m_state.skin, QStringLiteral("Tree/%1.png").arg(i), scale));
-    m_model.SetImages(images);
+    m_catalog->Model().SetImages(images);
 }
 
 void Form1::LayOutAtStart()
@@ -240,7 +242,7 @@ void Form1::OnFirstActivation()
     PaintBySkin();
     LayOutPanes();
     m_state.ComDiag.fileName.clear();
-    ApplyTray();
+    m_tray->Apply();
     OpenDefaultCatalog();
 }
 
@@ -265,8 +267,7 @@ void Form1::OpenDefaultCatalog()
 void Form1::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    if (!isMinimized())
-        m_lastWindowState = windowState() & Qt::WindowMaximized;
+    m_tray->NoteState();
     if (!isMinimized() && m_state.gOptions)
         QTimer::singleShot(0, this, &Form1::LayOutPanes);
 }
@@ -288,57 +289,7 @@ void Form1::LayOutPanes()
 
 void Form1::RefreshCatalogTree()
 {
-    // Events are served while the tree fills; a second fill out of one of them would work on half a tree, so it waits for the end.
-    if (m_filling) {
-        m_refillAsked = true;
-        return;
-    }
-    const struct Filling
-    {
-        Form1& form;
-        bool hadFocus = false;
-        explicit Filling(Form1& f) : form(f)
-        {
-            form.m_filling = true;
-            hadFocus = form.m_ui->TreeView1->hasFocus();
-            form.m_ui->TreeView1->hide();
-            form.ShowWorking(true);
-        }
-        ~Filling()
-        {
-            form.m_filling = false;
-            form.m_ui->TreeView1->show();
-            if (hadFocus)
-                form.m_ui->TreeView1->setFocus();
-            form.ShowWorking(false);
-            form.Guard([this] { form.UpdateSelectionMenus(); }); // the selection went with the old nodes
-            form.DoWhatWaited();
-        }
-    } filling(*this);
-    m_events.ServeWithoutInput();
-    m_model.Clear();
-    m_events.ServeWithoutInput();
-    const bool skinTree = m_state.gOptions->Display.SkinTree == 1;
-    m_model.SetColors(skinTree ? m_skinner.Values().treeItemText : QColor(), skinTree ? m_skinner.Values().treeItemBack : QColor());
-    const auto showGroups = [&] {
-        for (int group = 0; m_tree.GroupsExpanded() && group < m_model.GroupCount(); ++group)
-            m_ui->TreeView1->expand(m_model.index(group, 0));
-    };
-    try {
-        m_tree.FillTree();
-    } catch (const RuntimeError&) {
-        showGroups();
-        throw;
-    }
-    showGroups();
-}
-
-void Form1::DoWhatWaited()
-{
-    if (m_closeAsked)
-        QTimer::singleShot(0, this, &QWidget::close);
-    else if (std::exchange(m_refillAsked, false))
-        QTimer::singleShot(0, this, [this] { Guard([&] { RefreshCatalogTree(); }); });
+    m_catalog->Fill();
 }
 
 void Form1::ShowSelection()
@@ -407,27 +358,19 @@ void Form1::EnableMainWindow(bool enabled)
 
 void Form1::RetitleSelectedNode(const QString& title)
 {
-    m_model.SetFilmTitle(m_ui->TreeView1->Selected(), title);
+    m_catalog->Retitle(title);
 }
 
 void Form1::RekeySelectedNode(qint64 movieId)
 {
-    const QModelIndex node = m_ui->TreeView1->Selected();
-    const QStringList keys = m_tree.FilmNodeKeys(QString::number(movieId));
-    const bool sameFilm = node.isValid() && m_model.Tag(node) == kTagFilm && KeyPart(m_model.Key(node), 0) == QString::number(movieId);
-    if (!sameFilm || keys.isEmpty() || keys.contains(m_model.Key(node), Qt::CaseInsensitive))
-        return;
-    m_model.SetFilmValue(node, keys.constFirst().section(u'\n', 1).chopped(1));
+    m_catalog->Rekey(movieId);
 }
 
 // --- Sections and pages --------------------------------------------------------------------------------------------------------------
 
 std::optional<NodeRef> Form1::SelectedNode() const
 {
-    const QModelIndex node = m_ui->TreeView1->Selected();
-    if (!node.isValid())
-        return std::nullopt;
-    return NodeRef{m_model.Key(node), m_model.Tag(node)};
+    return m_catalog->Selected();
 }
 
 QString Form1::SelectedKey() const
@@ -440,10 +383,7 @@ QString Form1::SelectedKey() const
 
 void Form1::SelectNode(const QString& key)
 {
-    const QModelIndex node = m_model.Find(key);
-    if (!node.isValid())
-        throw RuntimeError(kErrElementNotFound);
-    m_ui->TreeView1->SelectSilently(node);
+    m_catalog->Select(key);
     TakeId();
     UpdateSelectionMenus();
 }
@@ -551,40 +491,15 @@ void Form1::GoForward()
 
 void Form1::OnNodeClick()
 {
-    if (m_filling || m_tree.Expanding())
+    if (m_catalog->IsBusy())
         return;
     UpdateSelectionMenus();
     ShowSelection();
 }
 
-void Form1::OnExpand(const QModelIndex& node)
-{
-    if (m_filling || m_tree.Expanding() || m_model.Tag(node) != kTagFilm)
-        return;
-    QTreeView& view = *m_ui->TreeView1;
-    const QPersistentModelIndex film = node;
-    const struct Expanding
-    {
-        Form1& form;
-        QTreeView& view;
-        const QPersistentModelIndex& film;
-        ~Expanding()
-        {
-            // The view folds a node whose children go.
-            if (film.isValid())
-                view.expand(film);
-            view.setUpdatesEnabled(true);
-            view.setFocus();
-            form.DoWhatWaited();
-        }
-    } expanding{*this, view, film};
-    view.setUpdatesEnabled(false);
-    m_tree.ExpandFilmNode(film);
-}
-
 void Form1::UpdateSelectionMenus()
 {
-    if (m_filling)
+    if (m_catalog->IsFilling())
         return;
     for (const MenuRule& rule : SelectionRules(SelectedNode(), m_state.CatalogPath())) {
         switch (rule.effect) {
@@ -616,73 +531,16 @@ void Form1::ShowAbout()
 
 // --- Tray and end --------------------------------------------------------------------------------------------------------------------
 
-void Form1::ApplyTray()
-{
-    const cOptDisplay& display = m_state.gOptions->Display;
-    m_tray.SetIcon(windowIcon());
-    m_tray.SetTipText(windowTitle());
-    if (display.AlwaysInTray == 1 && TrayIcon::IsAvailable())
-        m_tray.ShowTrayIcon();
-}
-
 void Form1::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() != QEvent::WindowStateChange || !m_state.gOptions)
-        return;
-    if (!isMinimized()) {
-        m_lastWindowState = windowState() & Qt::WindowMaximized;
-        return;
-    }
-    // Only where there is a tray to come back from.
-    if (m_state.gOptions->Display.InSysTray == 1 && TrayIcon::IsAvailable()) {
-        m_tray.ShowTrayIcon();
-        QTimer::singleShot(0, this, &QWidget::hide);
-    }
+    if (event->type() == QEvent::WindowStateChange)
+        m_tray->OnStateChange();
 }
 
 void Form1::PrepareConfirmation()
 {
-    if (!m_state.gOptions || (isVisible() && !isMinimized()))
-        return;
-    if (m_state.gOptions->Display.RestoreCon == 1)
-        RestoreWindow();
-    if (m_state.gOptions->Display.FlashCon == 1) {
-        QApplication::alert(this);
-        m_tray.Flash();
-    }
-}
-
-void Form1::OnTray(int message)
-{
-    const cOptDisplay& display = m_state.gOptions->Display;
-    if (display.InSysTray != 1 && display.AlwaysInTray != 1)
-        return;
-    switch (message) {
-    case kTrayLeftDown:
-        if (!isMinimized())
-            show();
-        break;
-    case kTrayDoubleClick:
-        RestoreWindow();
-        break;
-    case kTrayRightDown:
-        m_menus.Menu(QStringLiteral("mnuFile")).exec(QCursor::pos());
-        RestoreWindow();
-        break;
-    default:
-        break;
-    }
-}
-
-void Form1::RestoreWindow()
-{
-    if (m_saved)
-        return;
-    setWindowState(m_lastWindowState);
-    show();
-    raise();
-    activateWindow();
+    m_tray->PrepareConfirmation();
 }
 
 void Form1::SaveSettings()
@@ -691,15 +549,15 @@ void Form1::SaveSettings()
         return;
     m_saved = true;
     WriteProfileValue(QStringLiteral("Settings"), QStringLiteral("Skin"), m_state.skin, SettingsFile());
-    m_tray.HideTrayIcon();
+    m_tray->End();
     m_state.gOptions->Save();
 }
 
 void Form1::closeEvent(QCloseEvent* event)
 {
     // A job that serves events is still at work in this window: close when it is done.
-    if (m_filling || m_tree.Expanding()) {
-        m_closeAsked = true;
+    if (m_catalog->IsBusy()) {
+        m_catalog->AfterJob([this] { close(); });
         event->ignore();
         return;
     }

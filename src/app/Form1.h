@@ -2,8 +2,6 @@
 
 #include "app/DesktopSeams.h"
 #include "app/Menus.h"
-#include "browse/CatalogModel.h"
-#include "browse/Tree.h"
 #include "core/AppState.h"
 #include "core/CatalogFile.h"
 #include "core/Guard.h"
@@ -13,7 +11,6 @@
 #include "render/PageMessages.h"
 #include "render/Pages.h"
 #include "ui/Skinner.h"
-#include "ui/TrayIcon.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -27,8 +24,11 @@ class Form1;
 namespace kelvado {
 
 class BrowseMenus;
+class CatalogModel;
+class CatalogPane;
 class StatusBar;
 class WebMenus;
+class WindowTray;
 class frmPageView;
 
 /// The main window: it owns the process-wide state and the panels, and turns what the user does into calls of the logic.
@@ -44,7 +44,7 @@ public:
     Menus& MenuBar() { return m_menus; }
     kelvado::Events& Events() { return m_events; }
     frmPageView& PageView() { return *m_pageView; }
-    CatalogModel& Catalog() { return m_model; }
+    CatalogModel& Catalog();
 
     // What the start needs, in the order of its use.
     void PaintBySkin();
@@ -112,14 +112,8 @@ private:
     void OpenDefaultCatalog();
     void OnButton(const QString& key);
     void OnNodeClick();
-    void OnExpand(const QModelIndex& node);
     void UpdateSelectionMenus();
-    /// What was asked for in the midst of a job that serves events: to close, or to fill the tree anew.
-    void DoWhatWaited();
     void LayOutPanes();
-    void OnTray(int message);
-    void ApplyTray();
-    void RestoreWindow();
     void SaveSettings();
     void ShowPanel(QWidget* panel);
     void ShowAbout();
@@ -139,22 +133,17 @@ private:
     Menus m_menus;
     Skinner m_skinner;
     QPointer<QWidget> m_focusBefore; ///< while the window is disabled: where the focus goes back to
-    TrayIcon m_tray;
-    CatalogModel m_model;
-    Tree m_tree;
     CatalogFile m_catalogFile;
     SectionTabs m_sections;
     Pages m_pages;
     PageMessages m_messages;
     frmPageView* m_pageView;
+    std::unique_ptr<CatalogPane> m_catalog;
+    std::unique_ptr<WindowTray> m_tray;
     std::unique_ptr<BrowseMenus> m_browseMenus;
     std::unique_ptr<StatusBar> m_statusBar;
     std::unique_ptr<WebMenus> m_webMenus;
-    Qt::WindowStates m_lastWindowState = Qt::WindowNoState; ///< normal or maximised, for the way back from the tray
     bool m_activating = false;
-    bool m_filling = false;
-    bool m_closeAsked = false;
-    bool m_refillAsked = false;
     bool m_saved = false;
 };
 

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "app/Menus.h"
+#include "browse/CatalogModel.h"
+#include "browse/Tree.h"
+#include "core/AppState.h"
+#include "core/Dialogs.h"
+#include "core/Events.h"
+#include "core/NodeKey.h"
+#include "core/Shell.h"
+#include "ui/CatalogTreeView.h"
+#include "ui/Skinner.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+
+namespace kelvado {
+
+/// The catalog's tree in the main window. Filling it and opening a film serve events meanwhile, so whatever would meet half a tree waits
+/// for the end of such a job.
+class CatalogPane : public QObject
+{
+    Q_OBJECT
+public:
+    /// What the tree works on; all of it outlives this object.
+    struct Context
+    {
+        AppState& state;
+        Dialogs& dialogs;
+        Events& events;
+        const Menus& menus;
+        Shell& shell;
+        const Skinner& skinner;
+        CatalogTreeView& view;
+    };
+    explicit CatalogPane(const Context& context);
+    ~CatalogPane() override;
+
+    CatalogModel& Model() { return m_model; }
+
+    /// Fills the tree anew; during a fill that is asked for once more, when that one has ended. Raises what filling raises, and shows
+    /// what was read before.
+    void Fill();
+    bool IsFilling() const { return m_filling; }
+    bool IsBusy() const { return m_filling || m_tree.Expanding(); }
+    /// Does `what` when the job under way has ended, in the place of a fill that was asked for meanwhile.
+    void AfterJob(std::function<void()> what) { m_afterJob = std::move(what); }
+
+    std::optional<NodeRef> Selected() const;
+    /// Selects a node without a click. Raises 35601 where there is none of this key.
+    void Select(const QString& key);
+    /// Gives the selected film another text, and the key that the catalog now gives it.
+    void Retitle(const QString& title);
+    void Rekey(qint64 movieId);
+
+Q_SIGNALS:
+    /// The tree was filled; nothing is selected.
+    void Filled();
+
+private:
+    void OnExpand(const QModelIndex& node);
+    void DoWhatWaited();
+
+    Context m_context;
+    CatalogModel m_model;
+    Tree m_tree;
+    std::function<void()> m_afterJob;
+    bool m_filling = false;
+    bool m_refillAsked = false;
+};
+
+} // namespace kelvado

@@ -1,0 +1,94 @@
+#include "app/WindowTray.h"
+
+#include "core/Guard.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QMenu>
+#include <QTimer>
+
+namespace kelvado {
+
+WindowTray::WindowTray(QMainWindow& window, const AppState& state, Dialogs& dialogs, Menus& menus)
+    : m_window(window), m_state(state), m_menus(menus)
+{
+    connect(&m_icon, &TrayIcon::Message, this, [this, &dialogs](int message) { Guarded(dialogs, [&] { OnMessage(message); }); });
+}
+
+void WindowTray::Apply()
+{
+    m_icon.SetIcon(m_window.windowIcon());
+    m_icon.SetTipText(m_window.windowTitle());
+    if (m_state.gOptions->Display.AlwaysInTray == 1 && TrayIcon::IsAvailable())
+        m_icon.ShowTrayIcon();
+}
+
+void WindowTray::NoteState()
+{
+    if (!m_window.isMinimized())
+        m_lastState = m_window.windowState() & Qt::WindowMaximized;
+}
+
+void WindowTray::OnStateChange()
+{
+    NoteState();
+    if (!m_window.isMinimized() || !m_state.gOptions)
+        return;
+    // Only where there is a tray to come back from.
+    if (m_state.gOptions->Display.InSysTray == 1 && TrayIcon::IsAvailable()) {
+        m_icon.ShowTrayIcon();
+        QTimer::singleShot(0, &m_window, &QWidget::hide);
+    }
+}
+
+void WindowTray::PrepareConfirmation()
+{
+    if (!m_state.gOptions || (m_window.isVisible() && !m_window.isMinimized()))
+        return;
+    if (m_state.gOptions->Display.RestoreCon == 1)
+        Restore();
+    if (m_state.gOptions->Display.FlashCon == 1) {
+        QApplication::alert(&m_window);
+        m_icon.Flash();
+    }
+}
+
+void WindowTray::End()
+{
+    m_ended = true;
+    m_icon.HideTrayIcon();
+}
+
+void WindowTray::OnMessage(int message)
+{
+    const cOptDisplay& display = m_state.gOptions->Display;
+    if (display.InSysTray != 1 && display.AlwaysInTray != 1)
+        return;
+    switch (message) {
+    case kTrayLeftDown:
+        if (!m_window.isMinimized())
+            m_window.show();
+        break;
+    case kTrayDoubleClick:
+        Restore();
+        break;
+    case kTrayRightDown:
+        m_menus.Menu(QStringLiteral("mnuFile")).exec(QCursor::pos());
+        Restore();
+        break;
+    default:
+        break;
+    }
+}
+
+void WindowTray::Restore()
+{
+    if (m_ended)
+        return;
+    m_window.setWindowState(m_lastState);
+    m_window.show();
+    m_window.raise();
+    m_window.activateWindow();
+}
+
+} // namespace kelvado
