@@ -10,15 +10,24 @@ if(KELVADO_SANITIZE)
   target_link_options(kelvado_settings INTERFACE -fsanitize=address,undefined)
 endif()
 
-# The headers that nearly every file of a target includes.
-function(kelvado_precompile name)
-  get_target_property(uses ${name} LINK_LIBRARIES)
-  set(headers <QByteArray> <QFile> <QFileInfo> <QHash> <QList> <QString> <QStringList> <QVariant> <algorithm> <memory> <optional> <vector>)
-  if("Qt6::Widgets" IN_LIST uses)
-    list(APPEND headers <QtWidgets>)
-  endif()
-  target_precompile_headers(${name} PRIVATE ${headers})
+# The headers that nearly every file includes, precompiled once for each kind of target: what reuses them is built by the same options.
+set(KELVADO_HEADERS <QByteArray> <QFile> <QFileInfo> <QHash> <QList> <QString> <QStringList> <QVariant> <algorithm> <memory> <optional> <vector>)
+# Tests are compiled for a quick build.
+set(KELVADO_TEST_OPTIONS $<$<CONFIG:Release>:-O0>)
+file(WRITE ${CMAKE_BINARY_DIR}/headers.cpp "// Only its precompiled headers are of use.\n")
+
+function(kelvado_headers name)
+  cmake_parse_arguments(ARG "" "" "HEADERS;USES;OPTIONS" ${ARGN})
+  add_library(${name} OBJECT ${CMAKE_BINARY_DIR}/headers.cpp)
+  target_link_libraries(${name} PRIVATE kelvado_settings ${ARG_USES})
+  target_compile_options(${name} PRIVATE ${ARG_OPTIONS})
+  target_precompile_headers(${name} PRIVATE ${ARG_HEADERS})
 endfunction()
+
+kelvado_headers(kelvado_logic_headers HEADERS ${KELVADO_HEADERS} USES Qt6::Core)
+kelvado_headers(kelvado_window_headers HEADERS ${KELVADO_HEADERS} <QtWidgets> USES Qt6::Widgets)
+kelvado_headers(kelvado_test_headers HEADERS ${CMAKE_SOURCE_DIR}/tests/support/Printers.h ${KELVADO_HEADERS} <gmock/gmock.h> <gtest/gtest.h>
+  USES Qt6::Core GTest::gmock OPTIONS ${KELVADO_TEST_OPTIONS})
 
 # kelvado_library(NAME SOURCES … USES …): a static library of one folder. A logic library names no Widgets module,
 # so that whatever decides something can be tested without a window.
@@ -27,7 +36,11 @@ function(kelvado_library name)
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC kelvado_settings ${ARG_USES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
-  kelvado_precompile(${name})
+  if("Qt6::Widgets" IN_LIST ARG_USES)
+    target_precompile_headers(${name} REUSE_FROM kelvado_window_headers)
+  else()
+    target_precompile_headers(${name} REUSE_FROM kelvado_logic_headers)
+  endif()
 endfunction()
 
 # kelvado_test(NAME SOURCES … USES …): a GoogleTest program that runs without a display.
@@ -37,7 +50,8 @@ function(kelvado_test name)
   target_link_libraries(${name} PRIVATE kelvado_settings ${ARG_USES} kelvado_test_support GTest::gmock)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/Printers.h <QString> <QStringList> <gmock/gmock.h> <gtest/gtest.h> <memory> <vector>)
+  target_compile_options(${name} PRIVATE ${KELVADO_TEST_OPTIONS})
+  target_precompile_headers(${name} REUSE_FROM kelvado_test_headers)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 300
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QTWEBENGINE_CHROMIUM_FLAGS=--disable-gpu;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=0")
