@@ -526,7 +526,7 @@ void Form1::ShowAbout()
     auto* about = new frmAbout(this);
     about->setAttribute(Qt::WA_DeleteOnClose);
     about->show();
-    about->setFocus();
+    about->activateWindow();
 }
 
 // --- Tray and end --------------------------------------------------------------------------------------------------------------------

@@ -2,6 +2,9 @@
 
 #include <QIcon>
 #include <QPainter>
+#include <QStyleOption>
+
+#include <algorithm>
 
 namespace kelvado {
 
@@ -52,6 +55,15 @@ AppStyle::AppStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 int AppStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const
 {
     return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, returnData);
+}
+
+QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size, const QWidget* widget) const
+{
+    constexpr int kRowPadding = 8;
+    QSize full = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if ((type == CT_ItemViewItem || type == CT_HeaderSection) && option)
+        full.setHeight(std::max(full.height(), option->fontMetrics.height() + kRowPadding));
+    return full;
 }
 
 QIcon AppStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const

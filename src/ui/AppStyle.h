@@ -4,7 +4,8 @@
 
 namespace kelvado {
 
-/// The look of all controls: plain buttons, in dialogs too, and signs in message boxes that are sharp at every scale.
+/// The look of all controls: plain buttons, in dialogs too, rows of lists and trees with room around their text, and signs in message
+/// boxes that are sharp at every scale.
 class AppStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -12,6 +13,7 @@ public:
     AppStyle();
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size, const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
 };
 

@@ -11,18 +11,11 @@ namespace kelvado {
 namespace {
 
 constexpr int kIconSide = 16;
-constexpr int kRowPadding = 8;
 
-// Rows with room around their text, all of one height.
 class RowDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        const QSize size = QStyledItemDelegate::sizeHint(option, index);
-        return {size.width(), std::max(option.fontMetrics.height(), kIconSide) + kRowPadding};
-    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override

@@ -8,7 +8,8 @@
 
 namespace kelvado {
 
-frmAbout::frmAbout(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint)
+// A splash takes no keys, so above another window it is a dialog.
+frmAbout::frmAbout(QWidget* parent) : QWidget(parent, (parent ? Qt::Dialog : Qt::SplashScreen) | Qt::FramelessWindowHint)
 {
     setObjectName(QStringLiteral("frmAbout"));
     setAccessibleName(ProductName());
@@ -25,7 +26,9 @@ frmAbout::frmAbout(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::Fra
     rows->addSpacing(14);
     rows->addWidget(new QLabel(tr("Version %1 (Beta), build %2").arg(Version()).arg(BuildNumber()), this));
     adjustSize();
-    if (const QScreen* screen = QGuiApplication::primaryScreen())
+    if (parent)
+        move(parent->mapToGlobal(parent->rect().center()) - rect().center());
+    else if (const QScreen* screen = QGuiApplication::primaryScreen())
         move(screen->availableGeometry().center() - rect().center());
 }
 

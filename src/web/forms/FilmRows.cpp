@@ -31,14 +31,11 @@ void FilmRows::SetRows(const QList<SearchRow>& rows)
 {
     const int selected = Selected();
     clear();
-    constexpr int kPadding = 8;
-    const QSize height(0, fontMetrics().height() + kPadding);
     QList<QTreeWidgetItem*> items;
     for (const SearchRow& row : rows) {
         const RowParts parts = PartsOf(row);
         auto* item = new QTreeWidgetItem({parts.Title, parts.Number});
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
-        item->setSizeHint(0, height);
         items << item;
     }
     addTopLevelItems(items);
