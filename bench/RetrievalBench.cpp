@@ -6,6 +6,7 @@
 #include "core/Options.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
+#include "support/IdleEvents.h"
 #include "support/MapMarks.h"
 #include "support/PageSource.h"
 #include "support/RecordingShell.h"
@@ -97,9 +98,10 @@ void AddHundredFilms(benchmark::State& state)
         appState.comDiagFile.fileName = home.NewCatalog();
         RecordingShell shell;
         ScriptedDialogs dialogs;
+        IdleEvents events;
         NoProgress progress;
         Hraw web(ReadNetworkLimits(SettingsFile()), dialogs);
-        FilmDesk desk{appState, shell, dialogs, web, progress, {}, false};
+        FilmDesk desk{appState, shell, dialogs, events, web, progress, {}, false};
         QList<SearchRow> queue = rows;
         state.ResumeTiming();
         const BatchResult result = AddQueue(queue, {{}, {}, {}}, desk);

@@ -3,6 +3,7 @@
 #include "core/RuntimeError.h"
 #include "ui/fLengthEdit.h"
 #include "ui/frmAbout.h"
+#include "web/cWaitableTimer.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -12,7 +13,6 @@
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
-#include <QTimer>
 
 namespace kelvado {
 
@@ -135,9 +135,7 @@ void DesktopEvents::ServeWithoutInput()
 
 void DesktopEvents::Pause(int milliseconds)
 {
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
+    cWaitableTimer().Wait(milliseconds);
 }
 
 qint64 DesktopClock::Ticks() const

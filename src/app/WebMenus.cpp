@@ -4,7 +4,6 @@
 #include "core/Paths.h"
 #include "web/UpdateCheck.h"
 #include "web/VisitAddress.h"
-#include "web/cWaitableTimer.h"
 #include "web/forms/Form2.h"
 #include "web/forms/frmAddSingleIMDb.h"
 #include "web/forms/frmImportIMDb.h"
@@ -24,7 +23,7 @@ constexpr QLatin1StringView kFilmSite("IMDB");
 WebMenus::WebMenus(const Context& context)
     : m_context(context), m_web(ReadNetworkLimits(SettingsFile()), context.dialogs),
       m_progress(context.window, context.dialogs, [&skinner = context.skinner](QWidget& window) { skinner.SkinForm(window); }),
-      m_desk{context.state, context.shell, context.dialogs, m_web, m_progress, {}, false}
+      m_desk{context.state, context.shell, context.dialogs, context.events, m_web, m_progress, {}, false}
 {
     m_progress.SetBatch(m_desk.batch);
     Connect("mnuUpdateMovieInfo", [this] { OnUpdateMovieInfo(); });
@@ -104,10 +103,8 @@ void WebMenus::OnMovieRetrieve()
 
 void WebMenus::OnImport()
 {
-    if (!m_importWindow) {
-        m_importWindow = new frmImportIMDb(
-            m_desk, m_context.skinner, [](int milliseconds) { cWaitableTimer().Wait(milliseconds); }, &m_context.window);
-    }
+    if (!m_importWindow)
+        m_importWindow = new frmImportIMDb(m_desk, m_context.skinner, &m_context.window);
     m_importWindow->ShowEmpty();
 }
 

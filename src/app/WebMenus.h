@@ -36,6 +36,7 @@ public:
         QWidget& window;
         AppState& state;
         Dialogs& dialogs;
+        Events& events;
         Menus& menus;
         Shell& shell;
         CatalogTreeView& tree;

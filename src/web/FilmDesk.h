@@ -2,6 +2,7 @@
 
 #include "core/AppState.h"
 #include "core/Dialogs.h"
+#include "core/Events.h"
 #include "core/Shell.h"
 #include "core/Transport.h"
 #include "web/mIMDB.h"
@@ -16,6 +17,7 @@ struct FilmDesk
     AppState& state;
     Shell& shell;
     Dialogs& dialogs;
+    Events& events;
     Transport& transport;
     RetrievalProgress& progress;
     RetrievalBatch batch;

@@ -173,7 +173,7 @@ BatchResult AddQueue(QList<SearchRow>& queue, const QueueRun& run, FilmDesk& des
         queue, filmOf, [] {}, desk);
 }
 
-BatchResult AddNumbers(QStringList& numbers, const std::function<void(int milliseconds)>& pause, FilmDesk& desk)
+BatchResult AddNumbers(QStringList& numbers, FilmDesk& desk)
 {
     // In steps, so that a cancel need not wait for the end of the pause.
     constexpr int kPauseSteps = 30;
@@ -181,7 +181,7 @@ BatchResult AddNumbers(QStringList& numbers, const std::function<void(int millis
     const auto filmOf = [](const QString& number) { return BatchFilm{u"Unknown - Ref #: "_s + number, number, {}}; };
     const auto wait = [&] {
         for (int step = 0; step < kPauseSteps && !desk.batch.RetrievalCancelled; ++step)
-            pause(kPauseStep);
+            desk.events.Pause(kPauseStep);
     };
     return AddRows<QString>(numbers, filmOf, wait, desk);
 }

@@ -80,9 +80,8 @@ private:
 /// Raises 32755 where the program ends meanwhile.
 BatchResult AddQueue(QList<SearchRow>& queue, const QueueRun& run, FilmDesk& desk);
 
-/// The same for bare numbers. `pause` waits for so many milliseconds and serves events: it stands behind every film, the last one too.
-/// Raises 32755 too where `pause` does.
-BatchResult AddNumbers(QStringList& numbers, const std::function<void(int milliseconds)>& pause, FilmDesk& desk);
+/// The same for bare numbers, with a pause of three seconds behind every film, the last one too. A cancel ends the pause.
+BatchResult AddNumbers(QStringList& numbers, FilmDesk& desk);
 
 /// Tells how many films were added and which were not. Nothing where a cancel came before the first one.
 void TellResult(const BatchResult& result, Dialogs& dialogs);

@@ -29,7 +29,17 @@ public:
         DesktopEvents::ServeWithoutInput();
     }
 
+    /// Counts the pause, and makes it only where it is wanted.
+    void Pause(int milliseconds) override
+    {
+        paused += milliseconds;
+        if (pauses)
+            DesktopEvents::Pause(milliseconds);
+    }
+
     std::function<void()> hook;
+    bool pauses = true;
+    int paused = 0;
 
 private:
     void RunHook() const

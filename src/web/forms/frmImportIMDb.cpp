@@ -11,8 +11,8 @@
 
 namespace kelvado {
 
-frmImportIMDb::frmImportIMDb(FilmDesk& desk, const Skinner& skinner, std::function<void(int milliseconds)> pause, QWidget* parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmImportIMDb>()), m_desk(desk), m_pause(std::move(pause))
+frmImportIMDb::frmImportIMDb(FilmDesk& desk, const Skinner& skinner, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmImportIMDb>()), m_desk(desk)
 {
     m_ui->setupUi(this);
     m_ui->List1->setModel(&m_numbers);
@@ -83,7 +83,7 @@ void frmImportIMDb::AddAll()
             activateWindow();
     });
     const FilmRun adding(m_desk);
-    const BatchResult result = AddNumbers(numbers, m_pause, m_desk);
+    const BatchResult result = AddNumbers(numbers, m_desk);
     m_desk.progress.Close();
     TellResult(result, m_desk.dialogs);
     m_desk.shell.RefreshCatalogTree();

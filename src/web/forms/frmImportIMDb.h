@@ -19,8 +19,8 @@ class frmImportIMDb : public QDialog
 {
     Q_OBJECT
 public:
-    /// `pause` stands behind every film. All of it outlives the window.
-    frmImportIMDb(FilmDesk& desk, const Skinner& skinner, std::function<void(int milliseconds)> pause, QWidget* parent);
+    /// All of it outlives the window.
+    frmImportIMDb(FilmDesk& desk, const Skinner& skinner, QWidget* parent);
     ~frmImportIMDb() override;
 
     /// Shows the window; without numbers where it was closed before.
@@ -37,7 +37,6 @@ private:
 
     std::unique_ptr<Ui::frmImportIMDb> m_ui;
     FilmDesk& m_desk;
-    std::function<void(int)> m_pause;
     QStringListModel m_numbers;
     FileDialog m_file;
     bool m_running = false;
