@@ -206,8 +206,10 @@ QByteArray ToWindows1252(QStringView text)
 QString DecodeEntities(const QString& text)
 {
     constexpr qsizetype kLastPosition = 32767;
+    // Each pass reads the whole text for one spelling of a code. No text has more of them but one that is made to hold the program up.
+    constexpr int kMostPasses = 512;
     QString decoded = text;
-    for (;;) {
+    for (int pass = 0; pass < kMostPasses; ++pass) {
         const qsizetype start = decoded.indexOf(u"&#");
         if (start < 0)
             return decoded;
@@ -225,6 +227,7 @@ QString DecodeEntities(const QString& text)
         const QString entity = decoded.sliced(start, end - start + 1);
         decoded.replace(entity, QString(character));
     }
+    return decoded;
 }
 
 } // namespace kelvado

@@ -96,7 +96,8 @@ QString Named(const QList<BatchResult::Failure>& films)
 
 RowParts PartsOf(const SearchRow& row)
 {
-    return {row.Text.section(u'\t', 0, 0), row.Text.section(u'\t', 1, 1)};
+    // A title may hold a tab of its own, made of an entity.
+    return {row.Text.section(u'\t', 0, -2), row.Text.section(u'\t', -1)};
 }
 
 FilmRun::FilmRun(FilmDesk& desk) : m_shell(desk.shell), m_shown(desk.shell, desk.progress)

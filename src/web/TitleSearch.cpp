@@ -66,6 +66,8 @@ void TitleSearch::LookUp(const QString& number)
         return;
     Running running(*this);
     const QString page = Fetch("/Title?"_L1 + number);
+    if (page.isEmpty())
+        return; // the connection failed, which was told
     const auto sayInvalid = [this] {
         m_desk.dialogs.MessageBox(u"You have entered an Invalid IMDb title code.  Please re-enter the title code"_s, kBoxPlain);
     };

@@ -35,16 +35,14 @@ bool RemoveWellFormedTags(QString& text)
 
 void RemoveTagsOneByOne(QString& text)
 {
-    // Characters looked at, over all passes.
-    constexpr qsizetype kMostWork = qsizetype(1) << 31;
-    qsizetype work = 0;
-    for (;;) {
+    // Each pass reads the whole text for one tag. No page has a cell with more of them but one that is made to hold the program up.
+    constexpr int kMostPasses = 256;
+    for (int pass = 0;; ++pass) {
         const qsizetype open = text.indexOf(u'<');
         if (open < 0)
             return;
         const qsizetype close = text.indexOf(u'>');
-        work += text.size();
-        if (close < open || work > kMostWork)
+        if (close < open || pass == kMostPasses)
             throw RuntimeError(kErrInvalidCall);
         text.remove(text.sliced(open, close - open + 1));
     }

@@ -70,7 +70,7 @@ QString FlattenPage(const QString& text);
 
 /// The text without tags, and without "&nbsp;" and "&amp;"; these two leave no character behind. Outer blanks stay.
 /// The first "<" and the first ">" of the text make the tag, and every occurrence of it goes at once. Raises 5 where that ">" is missing
-/// or stands in front of the "<", and where tags that are not well formed would keep the program busy for seconds.
+/// or stands in front of the "<", and for a text with hundreds of different tags that are not well formed.
 QString StripTags(QString text);
 
 } // namespace kelvado

@@ -237,6 +237,7 @@ QString ctxHTTP::GetData()
         }
         if (!target.isEmpty())
             TellFailure(kOtherFailure, u"Too many redirects"_s);
+        m_busy = false;
         for (int i = 0; i < answers; ++i)
             Q_EMIT Completed(text);
         return text;

@@ -68,6 +68,10 @@ std::vector<AmazonCandidate> ParseCandidates(QStringView resultPage, const QStri
     if (list == kNowhere)
         return {};
 
+    // Every word is looked for in every product. A title with more of them is none.
+    constexpr qsizetype kMostWords = 1000;
+    if (filmTitle.count(u' ') >= kMostWords)
+        throw RuntimeError(kErrInvalidCall);
     const QStringList words = filmTitle.isEmpty() ? QStringList() : filmTitle.toLower().split(u' ');
     std::vector<AmazonCandidate> products(1);
     Place row = FindFirstOf(page, kRowStarts, list);

@@ -9,6 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr QLatin1StringView kLinkClose = "</a>"_L1;
+
 struct CompanySection
 {
     QStringView marker;
@@ -36,10 +38,14 @@ QList<FilmCompany> ParseCompanies(QStringView text)
             cursor = page.Find(u"</li>", start);
             if (start >= end)
                 break;
-            const QStringList pieces = page.Cut(start, cursor).split("</a>"_L1);
-            if (pieces.size() < 2)
+            const QString row = page.Cut(start, cursor);
+            const qsizetype nameEnd = row.indexOf(kLinkClose);
+            if (nameEnd < 0)
                 throw RuntimeError(kErrSubscript);
-            companies.append({.Company = pieces[0], .Type = type, .Extended = pieces[1]});
+            const qsizetype note = nameEnd + kLinkClose.size();
+            const qsizetype noteEnd = row.indexOf(kLinkClose, note);
+            companies.append(
+                {.Company = row.first(nameEnd), .Type = type, .Extended = row.sliced(note, (noteEnd < 0 ? row.size() : noteEnd) - note)});
         }
     }
     return companies;

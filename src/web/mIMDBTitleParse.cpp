@@ -61,11 +61,11 @@ TitleInfo ParseTitleBlock(QStringView text)
     QString bare = info.RawTitle;
     for (const QLatin1StringView mark : kTitleMarks)
         bare.remove(mark);
-    QStringList pieces = bare.split(u'(');
-    if (pieces.size() < 2)
+    const qsizetype open = bare.indexOf(u'(');
+    if (open < 0)
         throw RuntimeError(kErrSubscript);
-    info.Name = TrimBlanks(pieces[0]);
-    info.Year = TrimBlanks(pieces[1].remove(u')'));
+    info.Name = TrimBlanks(bare.first(open));
+    info.Year = TrimBlanks(bare.section(u'(', 1, 1).remove(u')'));
 
     info.Rating = RatingOf(page);
     info.Votes = VotesOf(page);

@@ -82,6 +82,10 @@ TEST(DecodeEntities, ReadsDecimalCodesOfTheCodePageAndStopsAtTheFirstItCannotRea
     };
     for (const auto& [text, decoded] : cases)
         EXPECT_EQ(DecodeEntities(QString::fromUtf16(text)), QString::fromUtf16(decoded));
+    QString many;
+    for (int i = 0; i < 600; ++i)
+        many += QStringLiteral("&#65.%1;").arg(1000 + i);
+    EXPECT_TRUE(DecodeEntities(many).startsWith(QString(512, u'A') + QStringLiteral("&#65.1512;")));
     const QString far = QString(32768, u'x') + QStringLiteral("&#246;");
     EXPECT_EQ(DecodeEntities(far), far);
 }

@@ -44,6 +44,15 @@ TEST(BrokenPages, LargeOnesAreReadInLittleTime)
     const QString pages[] = {
         cell + Many(kPieces, [](int i) { return u"<b class=%1>x"_s.arg(i); }) + end,
         cell + Many(kPieces, [](int i) { return u"<i%1<b>x"_s.arg(i); }) + end,
+        u"Cast</b></a>"_s +
+            Many(30,
+                 [](int row) {
+                     return u"<a href=\"/name/1/\">N</a></td><td valign=\"top\">"_s +
+                            Many(4000, [](int i) { return u"<i%1<b>x"_s.arg(i); }) + (row < 29 ? u"</td>"_s : QString());
+                 }) +
+            end,
+        u"<title>"_s + Many(kPieces, [](int i) { return u"&#65.%1;"_s.arg(i, 6, 10, QChar(u'0')); }) +
+            u"(1999)</title>/title/tt0000001 Genre:</b>"_s,
         u"Directed by</b></a>"_s + Many(kPieces, always(u"</a>------------- valign=\"top\">--</td>"_s)) + end,
         u"Cast</b></a>"_s + Many(kPieces, always(u"<a href=\"/name/1/\">N</a></td><td valign=\"top\">&amp;</td>"_s)) + end,
         u"Distributors</h2>"_s + Many(kPieces, always(u"<li><a href=\"/c/\">C</a> (note)</li>"_s)) + u"</ul>\"></li>"_s,

@@ -87,9 +87,18 @@ TEST(CreditsPage, EachWriterInFrontOfTheGuildSkipsAClosingTag)
     EXPECT_TRUE(skipped[1].startsWith(u"C</A></td>") && skipped[1].endsWith(u"</table>|nmC|end")) << qPrintable(skipped[1]);
 }
 
+TEST(CreditsPage, TheGuildsOwnLinkIsSkippedAndTheCellBeginsBehindTheName)
+{
+    const QString tail = "</table></a></td><td valign=\"top\">end</td></a> "_L1;
+    const QString rows = Row(u"A"_s, u"a"_s) + Row(u"B"_s, u"b"_s);
+    EXPECT_EQ(Lines(ParseWriters(QString("Writing credits</b></a>WGA</a>"_L1 + rows + tail))), (QStringList{u"A|nmA|a"_s, u"B|nmB|b"_s}));
+    const QString near = u"<a href=\"/name/nmC/\">C</a><td valign=\"top\">near</td><td valign=\"top\">c</td>"_s;
+    EXPECT_EQ(Lines(ParseActors(QString("Cast</b></a>"_L1 + near + tail)), &FilmPerson::Character), QStringList{u"C|nmC|c"_s});
+}
+
 TEST(CreditsPage, DirectorsGoOnThroughRowsThatCannotBeRead)
 {
-    // No link of a person, one without its end, a cell that holds a stray bracket.
+    // No link of a person, and a cell that holds a stray bracket.
     const QString rows = u"<a href=\"/company/\">X</a></td><td valign=\"top\">x</td>"_s + Row(u"A"_s, u"a > b <i>"_s) + Row(u"B"_s, u"b"_s);
     const QString tail = "</table></a>"_L1;
     EXPECT_EQ(Lines(ParseDirectors(QString("Directed by</b></a>"_L1 + rows + tail))),
@@ -119,6 +128,7 @@ TEST(CompaniesPage, FailsOnARowThatIsNotClosed)
 {
     EXPECT_EQ(Lines(ParseCompanies(u"")), QStringList());
     EXPECT_EQ(Lines(ParseCompanies(u"Distributors</h2><a href=\"x\">A</a></li>")), QStringList());
+    EXPECT_EQ(Lines(ParseCompanies(u"Distributors</h2><a href=\"x\">A</a> b</a>c</li>\"></ul></li>")), QStringList{u"Distributor|A| b"_s});
     EXPECT_EQ(ErrorOf([] { return ParseCompanies(u"Distributors</h2>"); }), kErrInvalidCall);
     EXPECT_EQ(ErrorOf([] { return ParseCompanies(u"Distributors</h2><a href=\"x\">A</li></ul>\">"); }), kErrSubscript);
     EXPECT_EQ(ErrorOf([] { return ParseCompanies(u"Distributors</h2><a href=\"x\"></li></ul>\">"); }), kErrSubscript);

@@ -89,7 +89,12 @@ TEST(ShopPages, AListOpensWithEitherRowAndGoesOnWithOne)
     EXPECT_EQ(ParseCandidates("Sort by:"_L1 + other + row + other, {}).size(), 2U);
     EXPECT_EQ(ParseCandidates("Sort by:"_L1 + other + other, {})[1].Link, u"/other");
     EXPECT_TRUE(ParseCandidates(row, {}).empty());
-    EXPECT_EQ(ParseCandidates(QString("Sort by:"_L1 + row + "you clicked on this item"_L1 + row), {}).size(), 2U);
+    // Marks of the list's start, the later ones first: the one that outranks the others opens the list wherever it stands.
+    for (const auto& [outranked, mark] :
+         {std::pair("Sort by:"_L1, "you clicked on this item"_L1), std::pair("Sort by:"_L1, "clicked on this item"_L1),
+          std::pair("results for <"_L1, "Sort by:"_L1)})
+        EXPECT_EQ(ParseCandidates(QString(outranked + row + mark + row), {}).size(), 2U) << mark.data();
+    EXPECT_EQ(ErrorOf([&] { return ParseCandidates("Sort by:"_L1 + row, QString(5000, u' ')); }), kErrInvalidCall);
 }
 
 TEST(ShopPages, FailOnAListWithoutProductsAndAProductWithoutItsText)

@@ -42,7 +42,8 @@ TEST(SplitUrl, KeepsAnAddressWithoutPathAsItWasGiven)
     } cases[] = {
         {u"http://a.test/x/y?z=1"_s, {u"a.test"_s, u"/x/y?z=1"_s}}, {u"HTTP://a.test:81\\x y\\z"_s, {u"a.test:81"_s, u"/x%20y/z"_s}},
         {u"Http://a.test/x"_s, {u"Http:"_s, u"//a.test/x"_s}},      {u"a.test/to?http://b.test/"_s, {u"a.test"_s, u"/to?b.test/"_s}},
-        {u"http://a b.test"_s, {u"http://a b.test"_s, u"/"_s}},     {u"https://a.test/x"_s, {u"https:"_s, u"//a.test/x"_s}},
+        {u"http:\\\\a.test\\x"_s, {u"a.test"_s, u"/x"_s}},          {u"http://a b.test"_s, {u"http://a b.test"_s, u"/"_s}},
+        {u"https://a.test/x"_s, {u"https:"_s, u"//a.test/x"_s}},
     };
     for (const auto& c : cases)
         EXPECT_EQ(SplitUrl(c.url), c.address) << qPrintable(c.url);
@@ -108,7 +109,10 @@ TEST_F(SocketFetch, FollowsRedirectsToPathsOnTheHostAndToOtherHostsOnThePort)
     });
     ctxHTTP http(kShort, dialogs);
     QStringList completed;
-    QObject::connect(&http, &ctxHTTP::Completed, &http, [&](const QString& answer) { completed << answer; });
+    QObject::connect(&http, &ctxHTTP::Completed, &http, [&](const QString& answer) {
+        EXPECT_FALSE(http.Busy());
+        completed << answer;
+    });
     http.SetUserAgent(u"Tester"_s);
     http.SetPort(server.Port());
     http.SetUrl(u"http://127.0.0.1/a"_s);
@@ -130,6 +134,25 @@ TEST_F(SocketFetch, LeavesARingOfRedirectsAtItsLimit)
     EXPECT_TRUE(Hraw(kShort, dialogs).Get_HTML(server.Url(u"/a"_s)).startsWith("HTTP/1.0 302"_L1));
     EXPECT_EQ(server.Paths(), (QByteArrayList{"/a", "/b", "/a", "/b"}));
     EXPECT_EQ(ToldNumber(), 40006);
+}
+
+TEST_F(SocketFetch, FollowsAnyNumberOfRedirectsWhereNoneIsTheMost)
+{
+    const LoopbackServer server([step = 0](const QByteArray&) mutable -> LoopbackServer::Reply {
+        return {++step < 60 ? Redirect(u"/next"_s) : QByteArray("HTTP/1.0 200 OK\r\n\r\nthere")};
+    });
+    NetworkLimits endless = kShort;
+    endless.MaxRedirects = 0;
+    EXPECT_TRUE(Hraw(endless, dialogs).Get_HTML(server.Url(u"/a"_s)).endsWith("there"_L1));
+    EXPECT_TRUE(dialogs.boxes.isEmpty());
+}
+
+TEST_F(SocketFetch, TakesATargetThatHoldsHttpAnywhereForAWholeAddress)
+{
+    const LoopbackServer server(Redirect(u"/to/http"_s));
+    EXPECT_EQ(Hraw(kShort, dialogs).Get_HTML(server.Url(u"/a"_s)), QString());
+    ASSERT_EQ(dialogs.boxes.size(), 1);
+    EXPECT_TRUE(dialogs.boxes[0].text.contains("to reach: /to/httpErrNumber"_L1)) << qPrintable(dialogs.boxes[0].text);
 }
 
 TEST_F(SocketFetch, RaisesARedirectWithoutEndOfLine)

@@ -148,8 +148,15 @@ TEST(TitlePage, GenresEndWhereTheListDoes)
     EXPECT_EQ(GenresOf(u"no label"_s + link + behind), QStringList());
     EXPECT_EQ(ErrorOf([&] { return ParseGenres(QString(list + "<br><br>"_L1)); }), kErrInvalidCall);
     EXPECT_EQ(ErrorOf([&] { return ParseGenres(u"Genre:</b><a href=\"/Sections/Genres/Drama/\">"); }), kErrInvalidCall);
-    // The step behind a link passes over a second one that begins too near.
-    EXPECT_EQ(GenresOf(u"Genre:</b>/\">A</a>/\">B</a>12345678901234567/\">C</a>"_s + behind), (QStringList{u"A"_s, u"C"_s}));
+    EXPECT_EQ(GenresOf("</a><br><br>"_L1 + list + behind), (QStringList{u"Drama"_s, u"War"_s})) << "only the end behind the label counts";
+    // A second link counts from 19 characters behind the first one on, any other from 19 behind the end of the one before it.
+    const auto spaced = [&](int second, int third) {
+        return GenresOf("Genre:</b>/\">A</a>"_L1 + QString(second - 8, u'.') + "/\">B</a>"_L1 + QString(third - 4, u'.') + "/\">C</a>"_L1 +
+                        behind);
+    };
+    EXPECT_EQ(spaced(19, 19), (QStringList{u"A"_s, u"B"_s, u"C"_s}));
+    EXPECT_EQ(spaced(18, 19), (QStringList{u"A"_s, u"C"_s}));
+    EXPECT_EQ(spaced(19, 18), (QStringList{u"A"_s, u"B"_s}));
 }
 
 TEST(TitlePage, ThePosterComesFromTheFirstHostThatIsNamed)
