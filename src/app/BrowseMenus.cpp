@@ -7,6 +7,8 @@
 #include "loans/LoanActions.h"
 #include "loans/forms/fLoan.h"
 
+#include <QShortcut>
+
 namespace kelvado {
 
 BrowseMenus::BrowseMenus(const Context& context)
@@ -27,6 +29,9 @@ BrowseMenus::BrowseMenus(const Context& context)
 
     for (const char* entry : {"mnuDelete", "mnuDeleteE"})
         Connect(entry, -1, [this] { DeleteSelected(); });
+    // In the tree alone: elsewhere the key belongs to what is typed.
+    const auto* key = new QShortcut(QKeySequence::Delete, &context.tree, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(key, &QShortcut::activated, this, [this] { m_context.menus.Entry(QStringLiteral("mnuDeleteE")).trigger(); });
     for (const char* entry : {"MnuMoveMyMovies", "MnuMoveMyMoviesE"})
         Connect(entry, -1, [this] { m_films.MoveToMovies(m_context.tree.Selected()); });
     for (const char* entry : {"MnuMoveMyRequest", "MnuMoveMyRequestE"})

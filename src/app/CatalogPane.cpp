@@ -2,6 +2,7 @@
 
 #include "core/Guard.h"
 
+#include <QItemSelectionModel>
 #include <QTimer>
 
 #include <utility>
@@ -27,6 +28,8 @@ void CatalogPane::Fill()
         m_refillAsked = true;
         return;
     }
+    if (m_context.state.CatalogPath().isEmpty())
+        return; // a sort is chosen for the catalog that will be opened
     const struct Filling
     {
         CatalogPane& pane;
@@ -34,7 +37,10 @@ void CatalogPane::Fill()
         explicit Filling(CatalogPane& p) : pane(p)
         {
             pane.m_filling = true;
-            hadFocus = pane.m_context.view.hasFocus();
+            // Asked of the window, which has a dialog in front of it still or is not shown to be active yet. A window's first control is
+            // nobody's choice.
+            const QWidget* focus = pane.m_context.view.window()->focusWidget();
+            hadFocus = focus == &pane.m_context.view || !std::exchange(pane.m_filledOnce, true);
             pane.m_context.view.hide();
             pane.m_context.shell.ShowWorking(true);
         }
@@ -42,8 +48,13 @@ void CatalogPane::Fill()
         {
             pane.m_filling = false;
             pane.m_context.view.show();
+            pane.m_context.view.scrollToTop();
+            // A view that takes the focus makes a node of its own the current one; no user has chosen that.
+            pane.m_context.view.SetSilent(true);
             if (hadFocus)
                 pane.m_context.view.setFocus();
+            pane.m_context.view.selectionModel()->clearCurrentIndex();
+            pane.m_context.view.SetSilent(false);
             pane.m_context.shell.ShowWorking(false);
             Q_EMIT pane.Filled();
             pane.DoWhatWaited();

@@ -69,6 +69,7 @@ private:
     std::function<void()> m_afterJob;
     bool m_filling = false;
     bool m_refillAsked = false;
+    bool m_filledOnce = false;
 };
 
 } // namespace kelvado

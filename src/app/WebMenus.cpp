@@ -80,6 +80,8 @@ void WebMenus::EndRun()
 
 void WebMenus::OnUpdateMovieInfo()
 {
+    if (!m_context.state.TreeIsCurrent())
+        return m_context.shell.RefreshCatalogTree();
     const FetchTurn turn(m_desk);
     if (TakeTurn(turn, m_context.dialogs))
         UpdateMovieInfo(m_context.idLabel.text(), MakeRetrieval(m_desk), m_context.state.gOptions->IMDbFilmUpdate, MakeWriter(m_desk),
@@ -88,6 +90,8 @@ void WebMenus::OnUpdateMovieInfo()
 
 void WebMenus::OnMovieRetrieve()
 {
+    if (!m_context.state.TreeIsCurrent())
+        return m_context.shell.RefreshCatalogTree();
     if (m_desk.fetching) {
         TakeTurn(FetchTurn(m_desk), m_context.dialogs);
         return;

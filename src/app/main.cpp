@@ -5,6 +5,7 @@
 #include "core/Paths.h"
 #include "render/forms/PageEngine.h"
 #include "ui/AppStyle.h"
+#include "ui/ContextKey.h"
 #include "ui/frmAbout.h"
 
 #include <QApplication>
@@ -18,6 +19,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(frmAbout::ProductName());
     QApplication::setApplicationVersion(frmAbout::Version());
     QApplication::setStyle(new AppStyle);
+    ContextKey contextKey;
+    application.installEventFilter(&contextKey);
     DesktopDialogs dialogs;
     DesktopEvents events;
     try {

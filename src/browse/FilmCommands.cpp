@@ -23,7 +23,7 @@ QString FilmCommands::FilmOf(const QModelIndex& node) const
 
 bool FilmCommands::TreeIsCurrent()
 {
-    if (m_state.treeCatalog == m_state.CatalogPath())
+    if (m_state.TreeIsCurrent())
         return true;
     m_shell.RefreshCatalogTree();
     return false;
@@ -38,7 +38,12 @@ void FilmCommands::Delete(const QModelIndex& node)
     if (m_dialogs.MessageBox(question, kBoxYesNo, QStringLiteral("Confirm Delete")) != kAnswerYes)
         return;
     m_model.RemoveFilm(node);
-    DeleteFilm(film, m_state.CatalogPath());
+    try {
+        DeleteFilm(film, m_state.CatalogPath());
+    } catch (const RuntimeError&) {
+        m_shell.RefreshCatalogTree(); // with the film that is still there
+        throw;
+    }
     m_shell.ShowSelection();
     m_shell.UpdateStatus(true);
 }

@@ -19,6 +19,7 @@ public:
     /// by now, the tree is built anew and nothing is written: the numbers of its films mean other films there.
 
     /// Asks, takes the node out of the tree and deletes the film. Under the sort by genre its other nodes stay until the next refresh.
+    /// A film that cannot be deleted is back in the tree when the failure is raised.
     void Delete(const QModelIndex& node);
     void MoveToRequests(const QModelIndex& node);
     void MoveToMovies(const QModelIndex& node);

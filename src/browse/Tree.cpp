@@ -388,15 +388,9 @@ void Tree::ExpandFilmNode(const QModelIndex& node)
     const QPersistentModelIndex film = node;
     m_context.model.SetCast(film, {});
     std::vector<TreeActor> cast = ReadCast(film);
-    // An actor with two roles has one node; the second one's key is refused when the cast stands. An actor whose key is that of the film
-    // itself (the person's number is the film's group) is shown, and refused in the same way.
+    // An actor with two roles has one node; the second one's key is refused when the cast stands.
     QSet<qint64> seen;
     QString duplicate;
-    const QString key = m_context.model.Key(film);
-    for (const TreeActor& actor : cast) {
-        if (actor.genre.isNull() && KeyPart(key, 1) == QString::number(actor.id))
-            duplicate = actor.name;
-    }
     std::erase_if(cast, [&](const TreeActor& actor) {
         if (!seen.contains(actor.id)) {
             seen.insert(actor.id);

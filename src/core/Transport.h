@@ -18,6 +18,9 @@ public:
     /// Raises 5 for a redirect that has no end of line.
     virtual QString Get_HTML(const QString& url) = 0;
 
+    /// Ends the `Get_HTML` that waits for an answer, as the end of the program would; nothing where none waits.
+    virtual void Abort() = 0;
+
     /// The body of a page, whatever its status says; "" where the page could not be fetched to its end, which is the only sign of it.
     virtual QString GetUrl(const QString& url) = 0;
 

@@ -71,8 +71,15 @@ void SetFamily(QWidget& widget, const QString& family)
     widget.setFont(font);
 }
 
-void Paint(QWidget& widget, const QColor& back, const QColor& text)
+// A skin without its colors has black on black.
+QColor Visible(const QColor& text, const QColor& back)
 {
+    return text == back ? ReadableOn(back) : text;
+}
+
+void Paint(QWidget& widget, const QColor& back, const QColor& skinText)
+{
+    const QColor text = Visible(skinText, back);
     QPalette palette = widget.palette();
     for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base})
         palette.setColor(role, back);
@@ -171,15 +178,17 @@ QPalette Skinner::WindowPalette() const
     const SkinValues& v = m_values;
     const QColor button = IsDark(v.windowBack) ? v.windowBack.lighter(140) : v.windowBack.darker(104);
     QPalette palette(button, v.windowBack);
-    const QColor faded = Mixed(v.labelText, v.windowBack, 0.5F);
-    palette.setColor(QPalette::WindowText, v.labelText);
+    const QColor labelText = Visible(v.labelText, v.windowBack);
+    const QColor boxText = Visible(v.boxText, v.boxBack);
+    const QColor faded = Mixed(labelText, v.windowBack, 0.5F);
+    palette.setColor(QPalette::WindowText, labelText);
     palette.setColor(QPalette::Base, v.boxBack);
     palette.setColor(QPalette::AlternateBase, button);
-    palette.setColor(QPalette::Text, v.boxText);
+    palette.setColor(QPalette::Text, boxText);
     palette.setColor(QPalette::PlaceholderText, faded);
     palette.setColor(QPalette::ButtonText, ReadableOn(button));
     palette.setColor(QPalette::ToolTipBase, v.boxBack);
-    palette.setColor(QPalette::ToolTipText, v.boxText);
+    palette.setColor(QPalette::ToolTipText, boxText);
     palette.setColor(QPalette::Link, v.subNavSelected);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, faded);

@@ -31,6 +31,7 @@ bool IsReadersError(const RuntimeError& error)
 bool AddOne(const BatchFilm& next, FilmDesk& desk, BatchResult& result)
 {
     desk.progress.ShowFilm(next.Shown);
+    ShowRetrievalStage(u"Waiting for the film site…"_s, 0, 1, MakeRetrieval(desk));
     std::optional<FilmRecord> film;
     try {
         film = RetrieveFilm(next.Number, MakeRetrieval(desk));

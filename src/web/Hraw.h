@@ -21,6 +21,7 @@ public:
     ~Hraw() override;
 
     QString Get_HTML(const QString& url) override;
+    void Abort() override { m_http.Abort(); }
     QString GetUrl(const QString& url) override;
     QByteArray OpenURL(const QString& url) override;
 

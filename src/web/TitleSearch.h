@@ -23,6 +23,8 @@ public:
 
     /// True while a search waits for its page, and where one was locked.
     bool SearchRunning() const { return m_running; }
+    /// True while a search waits for its page.
+    bool Waiting() const { return m_waiting; }
     /// For a panel that is opened anew. A search that still waits for its page goes on.
     void Unlock() { m_running = m_waiting; }
     void Clear();

@@ -8,6 +8,7 @@
 #include <QEventLoop>
 #include <QNetworkProxy>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QTcpSocket>
 #include <QTimer>
 
@@ -128,11 +129,10 @@ bool ServeUntil(QEventLoop& loop, const QDeadlineTimer& deadline, const std::fun
     return !timeIsUp;
 }
 
-Answer Exchange(const QString& hostAddress, quint16 defaultPort, const QByteArray& request, const QDeadlineTimer& deadline,
-                qint64 largestAnswer)
+Answer Exchange(QEventLoop& loop, const QString& hostAddress, quint16 defaultPort, const QByteArray& request,
+                const QDeadlineTimer& deadline, qint64 largestAnswer)
 {
     Answer answer;
-    QEventLoop loop;
     ConnectionState connection;
     QTcpSocket socket;
     socket.setProxy(QNetworkProxy::NoProxy);
@@ -210,6 +210,8 @@ QString ctxHTTP::GetData()
         m_limits.TimeoutMilliseconds > 0 ? QDeadlineTimer(m_limits.TimeoutMilliseconds) : QDeadlineTimer(QDeadlineTimer::Forever);
     m_busy = true;
     const auto idle = qScopeGuard([this] { m_busy = false; });
+    QEventLoop loop;
+    const QScopedValueRollback waiting(m_loop, &loop);
 
     for (int answers = 1;; ++answers) {
         QString request(kRequestTemplate);
@@ -217,13 +219,12 @@ QString ctxHTTP::GetData()
         request.replace("HOSTLOCATION"_L1, m_address.HostLocation);
         request.replace("USERAGENT"_L1, m_userAgent);
         const SplitAddress address = m_address;
-        const Answer answer = Exchange(address.HostAddress, m_port, ToWindows1252(request), deadline, m_limits.LargestAnswer);
+        const Answer answer = Exchange(loop, address.HostAddress, m_port, ToWindows1252(request), deadline, m_limits.LargestAnswer);
         QString text = FromWindows1252(answer.bytes);
 
         if (answer.end != Answer::End::Closed) {
             TellFailure(answer.errorNumber, answer.errorText);
             if (answer.end == Answer::End::Failed && !m_limits.ErrorEndsWait) {
-                QEventLoop loop;
                 ServeUntil(loop, deadline, [] { return false; });
             }
             return text;
@@ -242,6 +243,12 @@ QString ctxHTTP::GetData()
             Q_EMIT Completed(text);
         return text;
     }
+}
+
+void ctxHTTP::Abort()
+{
+    if (m_loop)
+        m_loop->quit();
 }
 
 void ctxHTTP::TellFailure(int number, const QString& description) const

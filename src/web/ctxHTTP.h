@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringView>
 
+class QEventLoop;
+
 namespace kelvado {
 
 /// An address as the request needs it.
@@ -49,6 +51,8 @@ public:
     /// is up. What goes beyond a limit is told and ends in the same way.
     /// Raises 5 for a redirect without an end of line, 32755 where the program ends meanwhile.
     QString GetData();
+    /// Ends the `GetData` that waits: it raises 32755.
+    void Abort();
 
 Q_SIGNALS:
     /// Comes for each answer of a chain whose connection was closed by the other side, when the last one is there and with that one.
@@ -63,6 +67,7 @@ private:
     SplitAddress m_address;
     quint16 m_port = 80;
     bool m_busy = false;
+    QEventLoop* m_loop = nullptr; ///< of the `GetData` that waits
 };
 
 } // namespace kelvado

@@ -1,10 +1,12 @@
 #include "MainWindow.h"
 #include "render/forms/frmPageView.h"
+#include "ui/ContextKey.h"
 #include "ui/PaneSplitter.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QPointer>
 #include <QWebEngineView>
 
@@ -60,6 +62,23 @@ TEST_F(MainWindow, TheTreeIsBrowsedByKeys)
     EXPECT_EQ(Get<QLabel>("ID").text(), QStringLiteral("11"));
     Key(Qt::Key_Up);
     EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp1.html")).contains(u"Alien"));
+}
+
+TEST_F(MainWindow, TheTreeHasTheFocusAtStartAndTakesDeleteAndTheMenuKeys)
+{
+    ContextKey contextKey;
+    qApp->installEventFilter(&contextKey);
+    Start();
+    EXPECT_EQ(QApplication::focusWidget(), &Tree());
+    Key(Qt::Key_Delete); // on nothing
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Tree().Selected(), Tree().model()->index(0, 0)) << "the first key reaches the first row";
+    ClickNode(QStringLiteral("Alien"));
+    QTest::keyClick(&Tree(), Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_TRUE(Get<QMenu>("mnuTreeview").isVisible());
+    Get<QMenu>("mnuTreeview").close();
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(TakeMessages(), "4 Confirm Delete: Are you sure you want to delete Alien");
 }
 
 TEST_F(MainWindow, TabsAndButtonsArePressedByKeys)

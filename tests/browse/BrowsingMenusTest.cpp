@@ -186,6 +186,14 @@ TEST_F(FilmCommandsTest, DeleteAsksTakesTheNodeAndLeavesWhatIsShared)
     EXPECT_THROW(films.Delete({}), RuntimeError);
 }
 
+TEST_F(FilmCommandsTest, AFilmThatCannotBeDeletedComesBack)
+{
+    catalog.Run("CREATE TRIGGER full BEFORE DELETE ON Movie BEGIN SELECT RAISE(FAIL, 'disk full'); END");
+    dialogs.answers << kAnswerYes;
+    EXPECT_THROW(films.Delete(Film("1")), RuntimeError);
+    EXPECT_EQ(shell.calls, QStringList(QStringLiteral("RefreshCatalogTree")));
+}
+
 TEST_F(FilmCommandsTest, MovesAndTheMovieNightListWriteOneColumn)
 {
     films.MoveToRequests(Film("1"));

@@ -21,6 +21,7 @@ public:
         }
         return htmlDoc;
     }
+    void Abort() override { Note(QStringLiteral("Abort"), {}); }
     QString GetUrl(const QString& url) override
     {
         Note(QStringLiteral("GetUrl "), url);

@@ -128,6 +128,24 @@ TEST_F(RetrievalWindow, AStoredFilmIsUpdated)
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 1 AND Actor_ID IN (11, 12)"), QStringLiteral("0"));
 }
 
+TEST_F(RetrievalWindow, AFilmOfACatalogThatIsNoLongerOpenIsNotStoredOverAnotherOne)
+{
+    const TempCatalog other;
+    other.Run("INSERT INTO Movie (Movie_ID, Title, IMDB) VALUES (1, 'Not Alien', '0912346')");
+    Start();
+    ClickNode(QStringLiteral("Alien"));
+    for (const char* entry : {"mnuUpdateMovieInfo", "mnuMovieRetrieve"}) {
+        window->State().comDiagFile.fileName = other.Path(); // as a new file leaves it that is not written over this one
+        Entry(entry).trigger();
+        EXPECT_TRUE(site.requests.isEmpty()) << entry;
+        EXPECT_TRUE(Node(QStringLiteral("Not Alien")).isValid()) << "the tree shows what is open";
+        window->State().comDiagFile.fileName = catalog.Path();
+        window->RefreshCatalogTree();
+        ClickNode(QStringLiteral("Alien"));
+    }
+    EXPECT_EQ(other.Ask("SELECT Title FROM Movie"), QStringLiteral("Not Alien"));
+}
+
 TEST_F(RetrievalWindow, AFilmWithoutANumberIsFoundAndUpdated)
 {
     catalog.Run("UPDATE Movie SET Format = 'VHS' WHERE Movie_ID = 2");
@@ -168,7 +186,11 @@ TEST_F(RetrievalWindow, ThePanelThatIsClosedDuringItsSearchGivesTheWindowBackAtO
         enabled = window->isEnabled();
         Entry("mnuMovieRetrieve").trigger();
     };
+    instead = [](const QByteArray&) { return LoopbackServer::Reply{{}, LoopbackServer::Then::Stall}; };
+    QElapsedTimer clock;
+    clock.start();
     Entry("mnuMovieRetrieve").trigger();
+    EXPECT_LT(clock.elapsed(), 5000) << "the site never answers";
     EXPECT_TRUE(enabled);
     EXPECT_EQ(TakeMessages(), "64 : Another search or retrieval is still under way.");
     EXPECT_FALSE(Get("frmAddSingleIMDb").isVisible());

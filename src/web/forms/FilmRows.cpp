@@ -7,6 +7,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace kelvado {
 
@@ -44,6 +45,23 @@ void FilmRows::SetRows(const QList<SearchRow>& rows)
         setCurrentItem(items[std::clamp<qsizetype>(selected, 0, items.size() - 1)]);
     else
         Q_EMIT SelectionMoved();
+}
+
+void FilmRows::ShowWaiting(bool waiting)
+{
+    m_waiting = waiting;
+    viewport()->update();
+}
+
+void FilmRows::paintEvent(QPaintEvent* event)
+{
+    QTreeWidget::paintEvent(event);
+    if (!m_waiting || topLevelItemCount() > 0)
+        return;
+    constexpr int kMargin = 8;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(kMargin, kMargin, -kMargin, -kMargin), Qt::AlignTop | Qt::AlignLeft, tr("Searching…"));
 }
 
 int FilmRows::Selected() const

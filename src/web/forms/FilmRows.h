@@ -15,6 +15,8 @@ public:
 
     /// Shows these rows, keeping the place of the selection; the first row is selected where none was.
     void SetRows(const QList<SearchRow>& rows);
+    /// Says "Searching…" in the list as long as it has no rows.
+    void ShowWaiting(bool waiting);
     /// The place of the selected row; -1 for none.
     int Selected() const;
 
@@ -32,9 +34,12 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void ShowFocus(bool focused);
+
+    bool m_waiting = false;
 };
 
 } // namespace kelvado

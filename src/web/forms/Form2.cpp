@@ -140,6 +140,7 @@ void Form2::MoveBack(int row)
 
 void Form2::ShowLists()
 {
+    m_ui->lstSearch->ShowWaiting(m_search.Waiting());
     m_ui->lstSearch->SetRows(m_search.Rows());
     m_ui->lstSelect->SetRows(m_queue);
     // Both lists have a selected row: the one that the user works in counts.

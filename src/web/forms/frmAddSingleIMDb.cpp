@@ -11,7 +11,7 @@ namespace kelvado {
 frmAddSingleIMDb::frmAddSingleIMDb(FilmDesk& desk, const Skinner& skinner, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmAddSingleIMDb>()), m_desk(desk), m_skinner(skinner), m_search(desk, [this] {
           m_ui->lstSearch->SetRows(m_search.Rows());
-          m_ui->lblSearching->setVisible(m_search.SearchRunning());
+          m_ui->lstSearch->ShowWaiting(m_search.Waiting());
           m_ui->Image1->setEnabled(!m_search.SearchRunning());
       })
 {
@@ -27,7 +27,6 @@ frmAddSingleIMDb::frmAddSingleIMDb(FilmDesk& desk, const Skinner& skinner, QWidg
     connect(m_ui->cmdUpdate, &QPushButton::clicked, this,
             [this] { Guarded(m_desk.dialogs, [&] { OnChoose(m_ui->lstSearch->Selected()); }); });
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    m_ui->lblSearching->hide();
     OnSelect();
 }
 
@@ -64,8 +63,11 @@ void frmAddSingleIMDb::Release()
 
 void frmAddSingleIMDb::reject()
 {
-    if (isVisible())
-        Release();
+    if (!isVisible())
+        return;
+    if (m_search.Waiting())
+        m_desk.transport.Abort(); // nobody waits for it any more
+    Release();
 }
 
 void frmAddSingleIMDb::OnSelect()
