@@ -65,7 +65,7 @@ void CatalogPane::Fill()
     m_context.events.ServeWithoutInput();
     const bool skinTree = m_context.state.gOptions->Display.SkinTree == 1;
     const SkinValues& skin = m_context.skinner.Values();
-    m_model.SetColors(skinTree ? skin.treeItemText : QColor(), skinTree ? skin.treeItemBack : QColor());
+    m_model.SetColors(skinTree ? Visible(skin.treeItemText, skin.treeItemBack) : QColor(), skinTree ? skin.treeItemBack : QColor());
     const auto showGroups = [&] {
         for (int group = 0; m_tree.GroupsExpanded() && group < m_model.GroupCount(); ++group)
             m_context.view.expand(m_model.index(group, 0));

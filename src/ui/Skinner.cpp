@@ -55,9 +55,10 @@ QColor ReadableOn(const QColor& back)
 }
 
 // In a view that cannot be worked with the selection stays visible, but calls nobody.
-void PaintSelection(QPalette& palette, const QColor& color)
+void PaintSelection(QPalette& palette, const QColor& skinColor)
 {
     constexpr float kFadedPart = 0.2F;
+    const QColor color = Visible(skinColor, palette.color(QPalette::Base));
     palette.setColor(QPalette::Highlight, color);
     palette.setColor(QPalette::HighlightedText, ReadableOn(color));
     palette.setColor(QPalette::Disabled, QPalette::Highlight, Mixed(palette.color(QPalette::Base), color, kFadedPart));
@@ -69,12 +70,6 @@ void SetFamily(QWidget& widget, const QString& family)
     QFont font = widget.font();
     font.setFamily(family);
     widget.setFont(font);
-}
-
-// A skin without its colors has black on black.
-QColor Visible(const QColor& text, const QColor& back)
-{
-    return text == back ? ReadableOn(back) : text;
 }
 
 void Paint(QWidget& widget, const QColor& back, const QColor& skinText)
@@ -96,6 +91,11 @@ QColor Mixed(const QColor& from, const QColor& to, float part)
 {
     const auto between = [part](float first, float second) { return first + (second - first) * part; };
     return QColor::fromRgbF(between(from.redF(), to.redF()), between(from.greenF(), to.greenF()), between(from.blueF(), to.blueF()));
+}
+
+QColor Visible(const QColor& color, const QColor& back)
+{
+    return color == back ? ReadableOn(back) : color;
 }
 
 QColor ParseColor(const QString& text)

@@ -21,6 +21,9 @@ struct SkinValues
 /// The color that lies `part` (0 to 1) of the way between two others.
 QColor Mixed(const QColor& from, const QColor& to, float part);
 
+/// The color itself, or one that stands out where it is that of its background: a skin without its colors has black on black.
+QColor Visible(const QColor& color, const QColor& back);
+
 /// Six hexadecimal digits, red, green and blue; a text beginning with "&H" is the system's own number, blue first. A pair that is no
 /// number, as in an empty text, counts as 0.
 QColor ParseColor(const QString& text);
