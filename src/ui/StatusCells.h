@@ -6,7 +6,8 @@
 
 namespace kelvado {
 
-/// The cells of the status bar: a row of sunken frames, each as wide as its text. What does not fit is left out at the right.
+/// The cells of the status bar: a row of sunken frames, each as wide as its text. What does not fit is left out at the right,
+/// which a cell "…" says; the tooltip has them all.
 class StatusCells : public QWidget
 {
     Q_OBJECT
@@ -24,6 +25,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void PaintCell(QPainter& painter, const QRect& frame, const QString& text) const;
+
     QStringList m_cells;
     QColor m_light, m_back, m_dark;
 };
