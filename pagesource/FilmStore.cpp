@@ -37,6 +37,16 @@ Film ReadFilm(const Statement& row)
     return film;
 }
 
+// What `read` makes of each row that is left.
+template<typename Read>
+auto AllRows(Statement& rows, const Read& read)
+{
+    std::vector<decltype(read(rows))> list;
+    while (rows.Step())
+        list.push_back(read(rows));
+    return list;
+}
+
 Person ReadPerson(const Statement& row)
 {
     Person person;
@@ -140,32 +150,23 @@ std::optional<Film> FilmStore::FindFilm(std::int64_t number)
 
 std::vector<OtherTitle> FilmStore::OtherTitles(std::int64_t film)
 {
-    std::vector<OtherTitle> titles;
     m_otherTitles.Reset();
     m_otherTitles.Bind(1, film);
-    while (m_otherTitles.Step())
-        titles.push_back({m_otherTitles.Text(0), m_otherTitles.Text(1), m_otherTitles.Text(2)});
-    return titles;
+    return AllRows(m_otherTitles, [](const Statement& row) { return OtherTitle{row.Text(0), row.Text(1), row.Text(2)}; });
 }
 
 std::vector<Credit> FilmStore::Credits(std::int64_t film, Section section)
 {
-    std::vector<Credit> credits;
     m_credits.Reset();
     m_credits.Bind(1, film).Bind(2, static_cast<std::int64_t>(section));
-    while (m_credits.Step())
-        credits.push_back({m_credits.Int(0), m_credits.Text(1), m_credits.Text(2)});
-    return credits;
+    return AllRows(m_credits, [](const Statement& row) { return Credit{row.Int(0), row.Text(1), row.Text(2)}; });
 }
 
 std::vector<Company> FilmStore::Companies(std::int64_t film, CompanySection section)
 {
-    std::vector<Company> companies;
     m_companies.Reset();
     m_companies.Bind(1, film).Bind(2, static_cast<std::int64_t>(section));
-    while (m_companies.Step())
-        companies.push_back({m_companies.Int(0), m_companies.Text(1), m_companies.Text(2)});
-    return companies;
+    return AllRows(m_companies, [](const Statement& row) { return Company{row.Int(0), row.Text(1), row.Text(2)}; });
 }
 
 // One way of looking: what the index is asked for, and the texts of which a title must hold one.
@@ -309,22 +310,16 @@ std::optional<Person> FilmStore::FindPerson(std::int64_t number)
 
 std::vector<Person> FilmStore::PeopleNamed(std::string_view name, std::size_t limit)
 {
-    std::vector<Person> people;
     m_named.Reset();
     m_named.Bind(1, name).Bind(2, static_cast<std::int64_t>(limit));
-    while (m_named.Step())
-        people.push_back(ReadPerson(m_named));
-    return people;
+    return AllRows(m_named, ReadPerson);
 }
 
 std::vector<Work> FilmStore::Works(std::int64_t person, Section section)
 {
-    std::vector<Work> works;
     m_works.Reset();
     m_works.Bind(1, person).Bind(2, static_cast<std::int64_t>(section));
-    while (m_works.Step())
-        works.push_back({ReadFilm(m_works), m_works.Text(kFilmColumnCount)});
-    return works;
+    return AllRows(m_works, [](const Statement& row) { return Work{ReadFilm(row), row.Text(kFilmColumnCount)}; });
 }
 
 } // namespace pagesource
