@@ -1,5 +1,6 @@
 #include "app/WebMenus.h"
 
+#include "browse/FilmCommands.h"
 #include "core/Guard.h"
 #include "core/Paths.h"
 #include "web/UpdateCheck.h"
@@ -80,8 +81,8 @@ void WebMenus::EndRun()
 
 void WebMenus::OnUpdateMovieInfo()
 {
-    if (!m_context.state.TreeIsCurrent())
-        return m_context.shell.RefreshCatalogTree();
+    if (!TreeIsCurrent(m_context.state, m_context.shell))
+        return;
     const FetchTurn turn(m_desk);
     if (TakeTurn(turn, m_context.dialogs))
         UpdateMovieInfo(m_context.idLabel.text(), MakeRetrieval(m_desk), m_context.state.gOptions->IMDbFilmUpdate, MakeWriter(m_desk),
@@ -90,8 +91,8 @@ void WebMenus::OnUpdateMovieInfo()
 
 void WebMenus::OnMovieRetrieve()
 {
-    if (!m_context.state.TreeIsCurrent())
-        return m_context.shell.RefreshCatalogTree();
+    if (!TreeIsCurrent(m_context.state, m_context.shell))
+        return;
     if (m_desk.fetching) {
         TakeTurn(FetchTurn(m_desk), m_context.dialogs);
         return;

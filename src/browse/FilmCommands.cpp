@@ -6,6 +6,14 @@
 
 namespace kelvado {
 
+bool TreeIsCurrent(const AppState& state, Shell& shell)
+{
+    if (state.treeCatalog == state.CatalogPath())
+        return true;
+    shell.RefreshCatalogTree();
+    return false;
+}
+
 FilmCommands::FilmCommands(const AppState& state, Dialogs& dialogs, Shell& shell, CatalogModel& model)
     : m_state(state), m_dialogs(dialogs), m_shell(shell), m_model(model)
 {
@@ -21,18 +29,10 @@ QString FilmCommands::FilmOf(const QModelIndex& node) const
     return KeyPart(m_model.Key(node), 0);
 }
 
-bool FilmCommands::TreeIsCurrent()
-{
-    if (m_state.TreeIsCurrent())
-        return true;
-    m_shell.RefreshCatalogTree();
-    return false;
-}
-
 void FilmCommands::Delete(const QModelIndex& node)
 {
     const QString film = FilmOf(node);
-    if (!TreeIsCurrent())
+    if (!IsCurrent())
         return;
     const QString question = QStringLiteral("Are you sure you want to delete ") + node.data(CatalogModel::TextRole).toString();
     if (m_dialogs.MessageBox(question, kBoxYesNo, QStringLiteral("Confirm Delete")) != kAnswerYes)
@@ -51,7 +51,7 @@ void FilmCommands::Delete(const QModelIndex& node)
 void FilmCommands::MoveToRequests(const QModelIndex& node)
 {
     const QString film = FilmOf(node);
-    if (!TreeIsCurrent())
+    if (!IsCurrent())
         return;
     MoveFilmToRequests(film, m_state.CatalogPath());
     m_shell.RefreshCatalogTree();
@@ -60,7 +60,7 @@ void FilmCommands::MoveToRequests(const QModelIndex& node)
 void FilmCommands::MoveToMovies(const QModelIndex& node)
 {
     const QString film = FilmOf(node);
-    if (!TreeIsCurrent())
+    if (!IsCurrent())
         return;
     MoveFilmToMovies(film, m_state.CatalogPath());
     m_shell.RefreshCatalogTree();
@@ -69,7 +69,7 @@ void FilmCommands::MoveToMovies(const QModelIndex& node)
 void FilmCommands::AddToMovieNight(const QModelIndex& node)
 {
     const QString film = FilmOf(node);
-    if (TreeIsCurrent())
+    if (IsCurrent())
         kelvado::AddToMovieNight(film, m_state.CatalogPath());
 }
 

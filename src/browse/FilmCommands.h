@@ -9,14 +9,16 @@
 
 namespace kelvado {
 
+/// True where the tree shows the catalog that is open by now. Otherwise it is built anew: the numbers of its films mean other films there.
+bool TreeIsCurrent(const AppState& state, Shell& shell);
+
 /// The menu entries that act on one film.
 class FilmCommands
 {
 public:
     FilmCommands(const AppState& state, Dialogs& dialogs, Shell& shell, CatalogModel& model);
 
-    /// Each entry raises 91 for no node and 5 for a node that is no film. Where the tree shows another catalog than the one that is open
-    /// by now, the tree is built anew and nothing is written: the numbers of its films mean other films there.
+    /// Each entry raises 91 for no node and 5 for a node that is no film. Nothing is written where the tree is not current.
 
     /// Asks, takes the node out of the tree and deletes the film. Under the sort by genre its other nodes stay until the next refresh.
     /// A film that cannot be deleted is back in the tree when the failure is raised.
@@ -26,12 +28,11 @@ public:
     void AddToMovieNight(const QModelIndex& node);
     void ClearMovieNight();
     /// The film of `node`, for those who lend it: an empty text where the tree had to be built anew.
-    QString CurrentFilm(const QModelIndex& node) { return TreeIsCurrent() ? FilmOf(node) : QString(); }
+    QString CurrentFilm(const QModelIndex& node) { return IsCurrent() ? FilmOf(node) : QString(); }
 
 private:
     QString FilmOf(const QModelIndex& node) const;
-    /// True where the tree shows the open catalog; otherwise it is built anew.
-    bool TreeIsCurrent();
+    bool IsCurrent() { return TreeIsCurrent(m_state, m_shell); }
 
     const AppState& m_state;
     Dialogs& m_dialogs;

@@ -31,8 +31,6 @@ struct AppState
     FileDialog ComDiag;     ///< the second file dialog
 
     QString treeCatalog; ///< the catalog that the tree was filled from
-    /// False where another file is open by now than the one that the tree shows: the numbers of its films mean other films there.
-    bool TreeIsCurrent() const { return treeCatalog == CatalogPath(); }
 
     const QString& CatalogPath() const { return comDiagFile.fileName; }
 };
