@@ -2,8 +2,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QDesktopServices>
 #include <QLabel>
 #include <QLineEdit>
@@ -98,29 +96,6 @@ TEST_F(AddPanel, FilmsAreSearchedQueuedNamedAndAdded)
     Press("ImgTabMovieList");
     ClickNode(QStringLiteral("Another Affair (1990)"));
     EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Another Affair"));
-}
-
-TEST_F(AddPanel, AnOverlongTextIsCutOrGivenToTheUser)
-{
-    const QString longFormat(60, u'F');
-    for (const bool cut : {true, false}) {
-        SCOPED_TRACE(cut);
-        window.reset();
-        Set("IMDb", "AutoCut", cut ? QStringLiteral("-1") : QStringLiteral("0"));
-        StartAdding();
-        QueueAll();
-        while (List("lstSelect").topLevelItemCount() > 1)
-            DoubleClick("lstSelect", 0);
-        Get<QCheckBox>("ChkDefault").setChecked(true);
-        Get<QComboBox>("cboFormat").setEditText(longFormat);
-        dialogs.edits << QStringLiteral("Shortened");
-        Press("Command2");
-        EXPECT_EQ(TakeMessages(), "0 Movie Grab Complete: Successfully Added 1 Films");
-        EXPECT_EQ(catalog.Ask("SELECT Format FROM Movie ORDER BY Movie_ID DESC LIMIT 1"),
-                  cut ? longFormat.left(50) : QStringLiteral("Shortened"));
-        EXPECT_EQ(std::exchange(dialogs.fieldEdits, {}), cut ? QStringList() : QStringList(QStringLiteral("FORMAT:50")));
-        dialogs.edits.clear();
-    }
 }
 
 TEST_F(AddPanel, ANumberIsLookedUp)
