@@ -66,8 +66,7 @@ QByteArray ToWindows1252(QStringView text);
 
 /// Replaces numeric entities ("&#246;") by the characters of those codes in Windows-1252. The first "&#" and the first ";" of the text
 /// make the entity, and every occurrence of it goes at once. The decoding ends quietly at the first one that cannot be read: no ";",
-/// a ";" in front of the "&#", a hexadecimal code, a code above 255, a position above 32767, the 513th
-/// different entity. Never raises.
+/// a ";" in front of the "&#", a hexadecimal code, a code above 255, a position above 32767, the 513th different entity. Never raises.
 QString DecodeEntities(const QString& text);
 
 } // namespace kelvado

@@ -180,7 +180,10 @@ BatchResult AddNumbers(QStringList& numbers, FilmDesk& desk)
     // In steps, so that a cancel need not wait for the end of the pause.
     constexpr int kPauseSteps = 30;
     constexpr int kPauseStep = 100;
-    const auto filmOf = [](const QString& number) { return BatchFilm{u"Unknown - Ref #: "_s + number, number, {}}; };
+    const auto filmOf = [&desk](const QString& number) {
+        desk.events.ServeEvents();
+        return BatchFilm{u"Unknown - Ref #: "_s + number, number, {}};
+    };
     const auto wait = [&] {
         for (int step = 0; step < kPauseSteps && !desk.batch.RetrievalCancelled; ++step)
             desk.events.Pause(kPauseStep);
@@ -216,8 +219,8 @@ bool UpdateFromRow(const SearchRow& row, const QStringList& otherTitles, const C
         if (choose && !others.isEmpty())
             AskTitle(film, IsShortened(parts.Title) ? film.Title : parts.Title, others, choose);
     };
-    return RetrieveOver(parts.Number, movieId, prepare, MakeRetrieval(desk), desk.state.gOptions->IMDbFilmUpdate, MakeWriter(desk),
-                        desk.shell);
+    return RetrieveOver([&parts] { return parts.Number; }, movieId, prepare, MakeRetrieval(desk), desk.state.gOptions->IMDbFilmUpdate,
+                        MakeWriter(desk), desk.shell);
 }
 
 } // namespace kelvado

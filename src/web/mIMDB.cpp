@@ -149,14 +149,14 @@ bool AskCancelRetrieval(RetrievalBatch& batch, Dialogs& dialogs)
     return true;
 }
 
-bool RetrieveOver(const QString& number, const QString& movieId, const std::function<void(FilmRecord&)>& prepare,
+bool RetrieveOver(const std::function<QString()>& numberOf, const QString& movieId, const std::function<void(FilmRecord&)>& prepare,
                   const Retrieval& retrieval, const cOptIMDbFilm& options, const WriterContext& writer, Shell& shell)
 {
     try {
         retrieval.batch.CurrentFilm = 1;
         retrieval.batch.FilmCount = 1;
         const RetrievalRun run(shell, retrieval.progress);
-        std::optional<FilmRecord> film = RetrieveFilm(number, retrieval);
+        std::optional<FilmRecord> film = RetrieveFilm(numberOf(), retrieval);
         if (!film)
             return false;
         if (prepare)
@@ -173,7 +173,8 @@ bool RetrieveOver(const QString& number, const QString& movieId, const std::func
 void UpdateMovieInfo(const QString& movieId, const Retrieval& retrieval, const cOptIMDbFilm& options, const WriterContext& writer,
                      Shell& shell)
 {
-    RetrieveOver(StoredNumber(movieId, writer.catalogPath), movieId, {}, retrieval, options, writer, shell);
+    const auto storedNumber = [&] { return StoredNumber(movieId, writer.catalogPath); };
+    RetrieveOver(storedNumber, movieId, {}, retrieval, options, writer, shell);
 }
 
 } // namespace kelvado

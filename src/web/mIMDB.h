@@ -69,10 +69,10 @@ void ShowRetrievalStage(const QString& text, int step, int stepCount, const Retr
 /// Asks whether the run is to be cancelled, and marks it so. True where the progress window is to hide.
 bool AskCancelRetrieval(RetrievalBatch& batch, Dialogs& dialogs);
 
-/// Retrieves the film `number`, lets `prepare` (empty: nothing) work on its record, stores it over the film `movieId` and shows that one.
-/// Nothing is changed before the new record is whole. False after a cancel. Raises what retrieval and store raise; main window and
-/// progress are then as they were.
-bool RetrieveOver(const QString& number, const QString& movieId, const std::function<void(FilmRecord&)>& prepare,
+/// Retrieves the film of the number that `numberOf` then gives, lets `prepare` (empty: nothing) work on its record, stores it over the film
+/// `movieId` and shows that one. Nothing is changed before the new record is whole. False after a cancel. Raises what retrieval and store
+/// raise; main window and progress are then as they were.
+bool RetrieveOver(const std::function<QString()>& numberOf, const QString& movieId, const std::function<void(FilmRecord&)>& prepare,
                   const Retrieval& retrieval, const cOptIMDbFilm& options, const WriterContext& writer, Shell& shell);
 
 /// The same for the number that the film itself has. Raises 3021 where there is no such film.

@@ -290,7 +290,8 @@ TEST_F(UpdateMovieInfoTest, RaisesForAFilmThatIsGone)
 {
     catalog.Run("DELETE FROM Movie");
     EXPECT_EQ(Update(), kErrNoCurrentRecord);
-    EXPECT_EQ(Lines(transport.requests), "") << "no window, no fetch";
+    EXPECT_EQ(Lines(transport.requests), Lines({u"open"_s, u"close"_s}));
+    EXPECT_EQ(shell.calls.constLast(), u"EnableMainWindow 1");
 }
 
 } // namespace
