@@ -4,6 +4,7 @@
 
 #include "FilmLines.h"
 #include "browse/Tree.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 #include "store/CatalogTemplate.h"
@@ -36,12 +37,12 @@ std::vector<FilmRecord> g_films;
 
 QString CatalogPath()
 {
-    return g_folder + QStringLiteral("/films.kvd");
+    return g_folder + u"/films.kvd"_s;
 }
 
 QByteArray ReadSource(const char* name)
 {
-    QFile file(QStringLiteral(KELVADO_SOURCE_DIR "/data/") + QLatin1StringView(name));
+    QFile file(u"" KELVADO_SOURCE_DIR "/data/"_s + QLatin1StringView(name));
     if (!file.open(QIODevice::ReadOnly))
         throw RuntimeError::WithDetail(kErrFileNotFound, file.fileName());
     return file.readAll();
@@ -130,7 +131,7 @@ void StoreBare(const QString& path, const FilmRecord& film)
 void StoreFilms(benchmark::State& state)
 {
     ScriptedDialogs dialogs;
-    const WriterContext context{Blank(QStringLiteral("films.kvd")), QString(), dialogs};
+    const WriterContext context{Blank(u"films.kvd"_s), QString(), dialogs};
     const cOptIMDbFilm everything = cOptIMDbFilm::Everything();
     for ([[maybe_unused]] const auto round : state) {
         for (const FilmRecord& film : g_films)
@@ -141,7 +142,7 @@ void StoreFilms(benchmark::State& state)
 
 void StoreFilmsBare(benchmark::State& state)
 {
-    const QString path = Blank(QStringLiteral("bare.kvd"));
+    const QString path = Blank(u"bare.kvd"_s);
     for ([[maybe_unused]] const auto round : state) {
         for (const FilmRecord& film : g_films)
             StoreBare(path, film);
@@ -257,7 +258,7 @@ void FillFiltered(benchmark::State& state)
 {
     Browser browser;
     browser.Sort("Movie.Title");
-    browser.state.FilterWhere = QStringLiteral("WHERE Movie.Year >= \"1950\" AND Movie.Format = \"DVD\"");
+    browser.state.FilterWhere = u"WHERE Movie.Year >= \"1950\" AND Movie.Format = \"DVD\""_s;
     for ([[maybe_unused]] const auto round : state)
         browser.tree.FillTree();
 }

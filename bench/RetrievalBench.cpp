@@ -3,6 +3,7 @@
 // catalog. One run is one figure; the time a film is the whole run divided by its films.
 
 #include "core/AppState.h"
+#include "core/Literals.h"
 #include "core/Options.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
@@ -42,9 +43,9 @@ public:
 
 QList<SearchRow> SampleRows()
 {
-    const QDir folder(QStringLiteral(KELVADO_SOURCE_DIR "/data/sample"));
+    const QDir folder(u"" KELVADO_SOURCE_DIR "/data/sample"_s);
     QList<SearchRow> rows;
-    for (const QString& name : folder.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name)) {
+    for (const QString& name : folder.entryList({u"*.json"_s}, QDir::Files, QDir::Name)) {
         QFile file(folder.filePath(name));
         if (!file.open(QIODevice::ReadOnly))
             continue;
@@ -65,15 +66,15 @@ public:
     explicit Home(const QString& host)
     {
         qputenv("KELVADO_HOME", m_folder.path().toUtf8());
-        QFile::copy(QStringLiteral(KELVADO_SOURCE_DIR "/data/Settings.ini"), SettingsFile());
+        QFile::copy(u"" KELVADO_SOURCE_DIR "/data/Settings.ini"_s, SettingsFile());
         for (const char* key : {"ImdbMainHost", "ImdbSearchHost", "ImdbHeadsHost", "ImdbPosterHost", "AmazonMainHost", "AmazonImageHost"})
-            WriteProfileValue(QStringLiteral("Hosts"), QLatin1StringView(key), host, SettingsFile());
+            WriteProfileValue(u"Hosts"_s, QLatin1StringView(key), host, SettingsFile());
     }
 
     QString NewCatalog()
     {
-        QString path = m_folder.filePath(QStringLiteral("films%1.kvd").arg(++m_catalogs));
-        QFile::copy(QCoreApplication::applicationDirPath() + QStringLiteral("/keldb.dat"), path);
+        QString path = m_folder.filePath(u"films%1.kvd"_s.arg(++m_catalogs));
+        QFile::copy(QCoreApplication::applicationDirPath() + u"/keldb.dat"_s, path);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
         return path;
     }

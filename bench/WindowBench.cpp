@@ -5,6 +5,7 @@
 #include "app/Form1.h"
 #include "app/hMain.h"
 #include "browse/CatalogModel.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
@@ -30,7 +31,7 @@ constexpr int kPages = 60;
 
 QByteArray ReadProc(const char* name)
 {
-    QFile file(QStringLiteral("/proc/") + QLatin1StringView(name));
+    QFile file(u"/proc/"_s + QLatin1StringView(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
@@ -69,7 +70,7 @@ void Settle(int milliseconds)
 
 int Measure(const QString& catalog)
 {
-    WriteProfileValue(QStringLiteral("Settings"), QStringLiteral("Default"), catalog, SettingsFile());
+    WriteProfileValue(u"Settings"_s, u"Default"_s, catalog, SettingsFile());
     DesktopDialogs dialogs;
     DesktopEvents events;
     Form1 window(dialogs, events);
@@ -82,7 +83,7 @@ int Measure(const QString& catalog)
     Settle(3000);
     std::printf("memory after start       %8.0f MB\n", Megabytes("VmRSS"));
 
-    auto* tree = window.findChild<QTreeView*>(QStringLiteral("TreeView1"));
+    auto* tree = window.findChild<QTreeView*>(u"TreeView1"_s);
     CatalogModel& model = window.Catalog();
     std::vector<double> times;
     for (int i = 0; i < kPages; ++i) {
@@ -108,7 +109,7 @@ int main(int argc, char** argv)
 {
     PreparePageEngine();
     QApplication application(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(u"Fusion"_s);
     if (argc != 2) {
         std::fprintf(stderr, "usage: window_bench CATALOG.kvd\n");
         return 2;

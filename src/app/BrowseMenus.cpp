@@ -4,6 +4,7 @@
 #include "browse/forms/frmFind.h"
 #include "browse/forms/frmSortCustom.h"
 #include "core/Guard.h"
+#include "core/Literals.h"
 #include "loans/LoanActions.h"
 #include "loans/forms/fLoan.h"
 
@@ -31,7 +32,7 @@ BrowseMenus::BrowseMenus(const Context& context)
         Connect(entry, -1, [this] { DeleteSelected(); });
     // In the tree alone: elsewhere the key belongs to what is typed.
     const auto* key = new QShortcut(QKeySequence::Delete, &context.tree, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(key, &QShortcut::activated, this, [this] { m_context.menus.Entry(QStringLiteral("mnuDeleteE")).trigger(); });
+    connect(key, &QShortcut::activated, this, [this] { m_context.menus.Entry(u"mnuDeleteE"_s).trigger(); });
     for (const char* entry : {"MnuMoveMyMovies", "MnuMoveMyMoviesE"})
         Connect(entry, -1, [this] { m_films.MoveToMovies(m_context.tree.Selected()); });
     for (const char* entry : {"MnuMoveMyRequest", "MnuMoveMyRequestE"})

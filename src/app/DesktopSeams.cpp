@@ -1,5 +1,6 @@
 #include "app/DesktopSeams.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "ui/fLengthEdit.h"
 #include "ui/frmAbout.h"
@@ -29,10 +30,10 @@ QString FilterOf(const FileDialog& dialog)
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString pattern = parts[i + 1].trimmed();
         const QString caption = parts[i].section(u'(', 0, 0).trimmed();
-        filters << caption + QStringLiteral(" (") + QString(pattern).replace(u';', u' ') + u')';
+        filters << caption + u" ("_s + QString(pattern).replace(u';', u' ') + u')';
     }
     filters << QCoreApplication::translate("Dialogs", "All files (*)");
-    return filters.join(QStringLiteral(";;"));
+    return filters.join(u";;"_s);
 }
 
 QString Ending(const FileDialog& dialog)
@@ -57,7 +58,7 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
 {
     QWidget* active = QApplication::activeWindow();
     QMessageBox box(active ? active : m_owner.data());
-    box.setObjectName(QStringLiteral("MessageBox"));
+    box.setObjectName(u"MessageBox"_s);
     box.setWindowTitle(title.isEmpty() ? frmAbout::ProductName() : title);
     box.setTextFormat(Qt::PlainText);
     box.setText(text);

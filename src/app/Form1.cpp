@@ -7,6 +7,7 @@
 #include "app/WindowTray.h"
 #include "app/mMenuOptions.h"
 #include "browse/SelectionMenus.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
@@ -71,7 +72,7 @@ constexpr int kTreeMargin = 1;
 
 QString Setting(const char* key)
 {
-    return ReadProfileValue(QStringLiteral("Settings"), QString::fromLatin1(key), SettingsFile());
+    return ReadProfileValue(u"Settings"_s, QString::fromLatin1(key), SettingsFile());
 }
 
 } // namespace
@@ -85,8 +86,8 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
       m_dialogs(dialogs), m_events(events), m_menus(*this), m_catalogFile(m_state, dialogs, *this), m_sections(m_state, dialogs, *this),
       m_pages(m_state, dialogs, *this, *this), m_messages(*this, m_pages), m_pageView(new frmPageView(m_ui->PicForm))
 {
-    setWindowTitle(QStringLiteral("%1 %2 (Beta)").arg(frmAbout::ProductName(), frmAbout::Version()));
-    setWindowIcon(QIcon(AppPath() + QStringLiteral("/kelvado.png")));
+    setWindowTitle(u"%1 %2 (Beta)"_s.arg(frmAbout::ProductName(), frmAbout::Version()));
+    setWindowIcon(QIcon(AppPath() + u"/kelvado.png"_s));
     m_ui->picGrabSelect->hide();
     m_ui->FormScroll->hide();
     m_ui->panelHost->addWidget(m_pageView);
@@ -129,8 +130,8 @@ void Form1::ConnectMenus()
     OnMenu("MnuViewNfo", &Form1::ShowNfo);
     OnMenu("MnuNfoView", &Form1::ShowNfo);
     OnMenu("mnuHelpAbout", &Form1::ShowAbout);
-    connect(&m_menus.Entry(QStringLiteral("mnuExit")), &QAction::triggered, this, &QWidget::close);
-    connect(&m_menus.Entry(QStringLiteral("mnuImdb")), &QAction::triggered, this, [this] { Guard([&] { m_sections.Show(kMovieGrab); }); });
+    connect(&m_menus.Entry(u"mnuExit"_s), &QAction::triggered, this, &QWidget::close);
+    connect(&m_menus.Entry(u"mnuImdb"_s), &QAction::triggered, this, [this] { Guard([&] { m_sections.Show(kMovieGrab); }); });
 }
 
 void Form1::ConnectControls()
@@ -155,11 +156,11 @@ void Form1::ConnectControls()
     connect(m_ui->TreeView1, &CatalogTreeView::MenuRequested, this, [this](const QPoint& place) {
         Guard([&] {
             UpdateSelectionMenus();
-            m_menus.Menu(QStringLiteral("mnuTreeview")).popup(place);
+            m_menus.Menu(u"mnuTreeview"_s).popup(place);
         });
     });
     connect(m_ui->PicStatusBar, &QWidget::customContextMenuRequested, this,
-            [this](const QPoint& place) { m_menus.Menu(QStringLiteral("mnuStatus")).popup(m_ui->PicStatusBar->mapToGlobal(place)); });
+            [this](const QPoint& place) { m_menus.Menu(u"mnuStatus"_s).popup(m_ui->PicStatusBar->mapToGlobal(place)); });
     connect(m_pageView, &frmPageView::Clicked, this, [this](const PageClick& click) { Guard([&] { m_messages.OnClick(click); }); });
     connect(m_pageView, &frmPageView::ContextMenu, this, [this] { Guard([&] { m_messages.OnContextMenu(); }); });
 }
@@ -179,7 +180,7 @@ void Form1::LoadToolRow()
         if (key.isEmpty())
             continue;
         const auto load = [&](const char* ending) {
-            return LoadSkinPicture(m_state.skin, QStringLiteral("Toolbar/") + key + QLatin1StringView(ending), scale);
+            return LoadSkinPicture(m_state.skin, u"Toolbar/"_s + key + QLatin1StringView(ending), scale);
         };
         m_ui->cToolbar->SetPictures(key, {load(".png"), load("-over.png"), load("-down.png"), load("-disabled.png")});
     }
@@ -187,11 +188,11 @@ void Form1::LoadToolRow()
     m_ui->picTabs->LoadEnds(m_state.skin);
     m_ui->Working->Load(AppPath());
     std::array<QIcon, CatalogModel::kImages + 1> images;
-    QPixmap blank(LoadSkinPicture(m_state.skin, QStringLiteral("Tree/1.png"), scale));
+    QPixmap blank(LoadSkinPicture(m_state.skin, u"Tree/1.png"_s, scale));
     blank.fill(Qt::transparent);
     images[0] = QIcon(blank);
     for (int i = 1; i <= CatalogModel::kImages; ++i)
-        images[static_cast<std::size_t>(i)] = QIcon(LoadSkinPicture(m_state.skin, QStringLiteral("Tree/%1.png").arg(i), scale));
+        images[static_cast<std::size_t>(i)] = QIcon(LoadSkinPicture(m_state.skin, u"Tree/%1.png"_s.arg(i), scale));
     m_catalog->Model().SetImages(images);
 }
 
@@ -232,7 +233,7 @@ void Form1::OnFirstActivation()
         ~Last()
         {
             form.m_state.Activated = true;
-            form.m_menus.SetEnabled(QStringLiteral("mnuExportWebWizard"), -1, false);
+            form.m_menus.SetEnabled(u"mnuExportWebWizard"_s, -1, false);
             QTimer::singleShot(0, form.m_pageView, &frmPageView::CreateBrowser);
         }
     } last{*this};
@@ -322,13 +323,13 @@ void Form1::ApplyMenuRules()
 {
     kelvado::ApplyMenuRules(m_state.CatalogOpen, m_menus, [this](const QString& key, bool enabled) { EnableButton(key, enabled); });
     if (m_state.FilterCount >= Filters::kMost)
-        m_menus.SetEnabled(QStringLiteral("mnuAddFilter"), -1, false);
+        m_menus.SetEnabled(u"mnuAddFilter"_s, -1, false);
 }
 
 void Form1::PushHistory(const QString& key, const QString& section, const QString& page)
 {
     m_state.history.Push(key, section, page);
-    EnableButton(QStringLiteral("Back"), true);
+    EnableButton(u"Back"_s, true);
 }
 
 void Form1::UpdateStatus(bool recount)
@@ -422,7 +423,7 @@ void Form1::ShowPageView()
 
 void Form1::Navigate(const QString& path)
 {
-    m_pageView->Navigate(path.isEmpty() ? QStringLiteral("about:blank") : path);
+    m_pageView->Navigate(path.isEmpty() ? u"about:blank"_s : path);
 }
 
 void Form1::ShowAddPanel()
@@ -457,7 +458,7 @@ void Form1::ShowFilmMenu()
 
 void Form1::PopupMenuAtCursor()
 {
-    m_menus.Menu(QStringLiteral("mnuTreeview")).popup(QCursor::pos());
+    m_menus.Menu(u"mnuTreeview"_s).popup(QCursor::pos());
 }
 
 void Form1::OpenOutside(const QUrl& address)
@@ -548,7 +549,7 @@ void Form1::SaveSettings()
     if (m_saved || !m_state.gOptions)
         return;
     m_saved = true;
-    WriteProfileValue(QStringLiteral("Settings"), QStringLiteral("Skin"), m_state.skin, SettingsFile());
+    WriteProfileValue(u"Settings"_s, u"Skin"_s, m_state.skin, SettingsFile());
     m_tray->End();
     m_state.gOptions->Save();
 }

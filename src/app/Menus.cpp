@@ -1,5 +1,6 @@
 #include "app/Menus.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <QMainWindow>
@@ -51,8 +52,7 @@ void Menus::SetCaption(const QString& menu, int index, const QString& caption)
 {
     constexpr qsizetype kLongest = 80;
     if (QAction* entry = Find(menu, index))
-        entry->setText(
-            (caption.size() > kLongest ? caption.left(kLongest - 1) + u'…' : caption).simplified().replace(u'&', QStringLiteral("&&")));
+        entry->setText((caption.size() > kLongest ? caption.left(kLongest - 1) + u'…' : caption).simplified().replace(u'&', u"&&"_s));
 }
 
 QAction& Menus::Entry(const QString& menu, int index) const

@@ -1,13 +1,14 @@
 #include "app/StatusBar.h"
 
 #include "core/Guard.h"
+#include "core/Literals.h"
 
 namespace kelvado {
 
 namespace {
 
 constexpr int kLastEntry = 12;
-const QString kMenu = QStringLiteral("mnuStatusItem");
+const QString kMenu = u"mnuStatusItem"_s;
 
 } // namespace
 

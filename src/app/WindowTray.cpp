@@ -1,6 +1,7 @@
 #include "app/WindowTray.h"
 
 #include "core/Guard.h"
+#include "core/Literals.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -73,7 +74,7 @@ void WindowTray::OnMessage(int message)
         Restore();
         break;
     case kTrayRightDown:
-        m_menus.Menu(QStringLiteral("mnuFile")).exec(QCursor::pos());
+        m_menus.Menu(u"mnuFile"_s).exec(QCursor::pos());
         Restore();
         break;
     default:

@@ -1,6 +1,7 @@
 #include "app/hMain.h"
 
 #include "app/Form1.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
@@ -21,7 +22,7 @@ constexpr int kFilterEntries = 5;
 
 QString Setting(const char* key)
 {
-    return ReadProfileValue(QStringLiteral("Settings"), QString::fromLatin1(key), SettingsFile());
+    return ReadProfileValue(u"Settings"_s, QString::fromLatin1(key), SettingsFile());
 }
 
 void TurnOffWhatNeedsACatalog(Form1& window)
@@ -33,8 +34,8 @@ void TurnOffWhatNeedsACatalog(Form1& window)
     for (const char* name : kEntriesHidden)
         window.MenuBar().SetVisible(QString::fromLatin1(name), -1, false);
     for (int i = 0; i < kFilterEntries; ++i)
-        window.MenuBar().SetVisible(QStringLiteral("MnuFilterRemoveSingle"), i, false);
-    window.MenuBar().SetEnabled(QStringLiteral("mnuFilterRemoveAll"), -1, false);
+        window.MenuBar().SetVisible(u"MnuFilterRemoveSingle"_s, i, false);
+    window.MenuBar().SetEnabled(u"mnuFilterRemoveAll"_s, -1, false);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "browse/CatalogModel.h"
 
+#include "core/Literals.h"
 #include "core/NodeKey.h"
 
 #include <QFont>
@@ -296,9 +297,7 @@ QVariant CatalogModel::data(const QModelIndex& index, int role) const
         // A title may hold line ends; a row shows one line.
         return FaceOf(index).text.simplified();
     case Qt::ToolTipRole:
-        return KindOf(index) == Kind::Film
-                   ? QVariant(QStringLiteral("<qt>") + FaceOf(index).text.left(1000).toHtmlEscaped() + QStringLiteral("</qt>"))
-                   : QVariant();
+        return KindOf(index) == Kind::Film ? QVariant(u"<qt>"_s + FaceOf(index).text.left(1000).toHtmlEscaped() + u"</qt>"_s) : QVariant();
     case Qt::DecorationRole: {
         // Number 0 is a blank picture: a film of a carrier without one keeps in line with its neighbours.
         const int image = FaceOf(index).image;

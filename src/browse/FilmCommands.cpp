@@ -1,5 +1,6 @@
 #include "browse/FilmCommands.h"
 
+#include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
 #include "store/FilmActions.h"
@@ -34,8 +35,8 @@ void FilmCommands::Delete(const QModelIndex& node)
     const QString film = FilmOf(node);
     if (!IsCurrent())
         return;
-    const QString question = QStringLiteral("Are you sure you want to delete ") + node.data(CatalogModel::TextRole).toString();
-    if (m_dialogs.MessageBox(question, kBoxYesNo, QStringLiteral("Confirm Delete")) != kAnswerYes)
+    const QString question = u"Are you sure you want to delete "_s + node.data(CatalogModel::TextRole).toString();
+    if (m_dialogs.MessageBox(question, kBoxYesNo, u"Confirm Delete"_s) != kAnswerYes)
         return;
     m_model.RemoveFilm(node);
     try {

@@ -1,6 +1,7 @@
 #include "browse/Filters.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <algorithm>
@@ -17,9 +18,9 @@ struct Operand
 constexpr Operand kOperands[] = {{"Equal To", "="}, {"Greater Than", ">="}, {"Less Than", "<="}};
 constexpr const char* kOperandCaptions[] = {kOperands[0].caption, kOperands[1].caption, kOperands[2].caption};
 
-const QString kAddEntry = QStringLiteral("mnuAddFilter");
-const QString kRemoveAllEntry = QStringLiteral("mnuFilterRemoveAll");
-const QString kRemoveEntries = QStringLiteral("MnuFilterRemoveSingle");
+const QString kAddEntry = u"mnuAddFilter"_s;
+const QString kRemoveAllEntry = u"mnuFilterRemoveAll"_s;
+const QString kRemoveEntries = u"MnuFilterRemoveSingle"_s;
 
 } // namespace
 
@@ -31,13 +32,13 @@ std::span<const char* const> FilterOperands()
 QString FilterFault(const FilmElement* element, int operand, const QString& text)
 {
     if (text.isEmpty())
-        return QStringLiteral("You must enter a filter criteria");
+        return u"You must enter a filter criteria"_s;
     if (!element || element->kind == ElementKind::Group)
-        return QStringLiteral("You must select an element to filter");
+        return u"You must select an element to filter"_s;
     if (element->kind != ElementKind::Text && operand < 0)
-        return QStringLiteral("You must select an operand");
+        return u"You must select an operand"_s;
     if (element->kind != ElementKind::Text && !IsNumeric(text))
-        return QString::fromLatin1(element->caption) + QStringLiteral("must be numeric.");
+        return QString::fromLatin1(element->caption) + u"must be numeric."_s;
     return {};
 }
 
@@ -47,7 +48,7 @@ FilterRecord MakeFilter(const FilmElement& element, int operand, const QString& 
     const QString caption = QString::fromLatin1(element.caption);
     FilterRecord filter;
     filter.WhereText = QString::fromLatin1(element.key) + u' ' + QString::fromLatin1(comparison.sql) + u'"' + text.trimmed() + u'"';
-    filter.Caption = element.kind == ElementKind::Text ? caption + QStringLiteral(" contains ") + text
+    filter.Caption = element.kind == ElementKind::Text ? caption + u" contains "_s + text
                                                        : caption + u' ' + QString::fromLatin1(comparison.caption) + u' ' + text;
     return filter;
 }
@@ -82,8 +83,7 @@ void Filters::Add()
 
 void Filters::RemoveAll()
 {
-    if (m_dialogs.MessageBox(QStringLiteral("Are You Sure You Wish To Remove All Filters ? "), kBoxYesNo,
-                             QStringLiteral("Remove Filters")) != kAnswerYes)
+    if (m_dialogs.MessageBox(u"Are You Sure You Wish To Remove All Filters ? "_s, kBoxYesNo, u"Remove Filters"_s) != kAnswerYes)
         return;
     for (int i = 0; i < kMost; ++i) {
         m_active[static_cast<std::size_t>(i)] = m_active[static_cast<std::size_t>(i) + 1];
@@ -100,8 +100,7 @@ void Filters::RemoveSingle(int index)
 {
     if (index < 0 || index >= kMost)
         throw RuntimeError(kErrSubscript);
-    if (m_dialogs.MessageBox(QStringLiteral("Are You Sure You Wish To Remove This Filter ? "), kBoxYesNo,
-                             QStringLiteral("Remove Filter")) != kAnswerYes)
+    if (m_dialogs.MessageBox(u"Are You Sure You Wish To Remove This Filter ? "_s, kBoxYesNo, u"Remove Filter"_s) != kAnswerYes)
         return;
     for (int i = index; i < kMost; ++i)
         m_active[static_cast<std::size_t>(i)] = m_active[static_cast<std::size_t>(i) + 1];
@@ -125,8 +124,7 @@ void Filters::BuildFilterWhere()
 {
     m_state.FilterWhere.clear();
     for (int i = 0; i < m_state.FilterCount; ++i)
-        m_state.FilterWhere +=
-            (i == 0 ? QStringLiteral("WHERE ") : QStringLiteral(" AND ")) + m_active[static_cast<std::size_t>(i)].WhereText;
+        m_state.FilterWhere += (i == 0 ? u"WHERE "_s : u" AND "_s) + m_active[static_cast<std::size_t>(i)].WhereText;
 }
 
 } // namespace kelvado

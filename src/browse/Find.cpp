@@ -1,5 +1,7 @@
 #include "browse/Find.h"
 
+#include "core/Literals.h"
+
 namespace kelvado {
 
 QModelIndex Find::Advance(const QString& text)
@@ -19,7 +21,7 @@ QModelIndex Find::Advance(const QString& text)
 void Find::TellTheEnd()
 {
     m_position = 1;
-    m_dialogs.MessageBox(QStringLiteral("Finished Searching The Document"), kBoxPlain);
+    m_dialogs.MessageBox(u"Finished Searching The Document"_s, kBoxPlain);
 }
 
 } // namespace kelvado

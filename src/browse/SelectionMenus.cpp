@@ -1,5 +1,6 @@
 #include "browse/SelectionMenus.h"
 
+#include "core/Literals.h"
 #include "store/Recordset.h"
 
 #include <array>
@@ -80,7 +81,7 @@ void ReadFilmFacts(Facts& facts, const QString& movieId, const QString& catalogP
 {
     Connection connection;
     Recordset film;
-    if (!OpenRow(film, connection, QStringLiteral("SELECT * FROM Movie WHERE Movie_ID = ") + movieId, catalogPath))
+    if (!OpenRow(film, connection, u"SELECT * FROM Movie WHERE Movie_ID = "_s + movieId, catalogPath))
         return;
     const auto filled = [&](QStringView column) { return !film[column].IsNull() && !film[column].Get().Text().isEmpty(); };
     const bool request = filled(u"Format") && film[u"Format"].Get().Text() == u"Request";
@@ -105,7 +106,7 @@ void ReadActorFacts(Facts& facts, const QString& actorId, const QString& catalog
 {
     Connection connection;
     Recordset actor;
-    if (!OpenRow(actor, connection, QStringLiteral("SELECT * FROM Actor WHERE Actor_ID = ") + actorId, catalogPath))
+    if (!OpenRow(actor, connection, u"SELECT * FROM Actor WHERE Actor_ID = "_s + actorId, catalogPath))
         return;
     const bool linked = !actor[u"IMDB_LINK"].IsNull();
     Set(facts, Fact::ActorSelected, true);

@@ -1,5 +1,6 @@
 #include "browse/Sorting.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "core/ViewKeys.h"
 
@@ -12,12 +13,12 @@ Sorting::Sorting(AppState& state, MenuMarks& marks, Shell& shell, AskMethod askM
 
 void Sorting::ChoosePrimary(int entry)
 {
-    Choose(entry, QStringLiteral("mnuSortPrimDetail"), kPrimarySorts, &cOptView::PrimarySort);
+    Choose(entry, u"mnuSortPrimDetail"_s, kPrimarySorts, &cOptView::PrimarySort);
 }
 
 void Sorting::ChooseSecondary(int entry)
 {
-    Choose(entry, QStringLiteral("mnuSortSecDetail"), kSecondarySorts, &cOptView::SecondarySort);
+    Choose(entry, u"mnuSortSecDetail"_s, kSecondarySorts, &cOptView::SecondarySort);
 }
 
 void Sorting::Choose(int entry, const QString& menu, std::span<const char* const> keys, QString cOptView::*sort)
@@ -37,25 +38,25 @@ void Sorting::Choose(int entry, const QString& menu, std::span<const char* const
 
 void Sorting::TogglePrimaryDirection()
 {
-    ToggleDirection(QStringLiteral("mnuSortPrimDESC"), &cOptView::PrimaryOrder);
+    ToggleDirection(u"mnuSortPrimDESC"_s, &cOptView::PrimaryOrder);
 }
 
 void Sorting::ToggleSecondaryDirection()
 {
-    ToggleDirection(QStringLiteral("mnuSortSecDESC"), &cOptView::SecondaryOrder);
+    ToggleDirection(u"mnuSortSecDESC"_s, &cOptView::SecondaryOrder);
 }
 
 void Sorting::ToggleDirection(const QString& menu, QString cOptView::*order)
 {
     const bool descending = !m_marks.IsChecked(menu, -1);
-    m_state.gOptions->View.*order = descending ? QStringLiteral("DESC") : QString();
+    m_state.gOptions->View.*order = descending ? u"DESC"_s : QString();
     m_marks.SetChecked(menu, -1, descending);
     m_shell.RefreshCatalogTree();
 }
 
 void Sorting::TogglePrimaryExpanded()
 {
-    const QString menu = QStringLiteral("mnuSortPrimExpanded");
+    const QString menu = u"mnuSortPrimExpanded"_s;
     m_marks.SetChecked(menu, -1, !m_marks.IsChecked(menu, -1));
 }
 
@@ -65,7 +66,7 @@ void Sorting::ChooseViewMode(int entry)
         throw RuntimeError(kErrSubscript);
     m_state.gOptions->View.ViewMode = QString::fromLatin1(kViewModes[entry]);
     for (int i = 0; i < static_cast<int>(std::size(kViewModes)); ++i)
-        m_marks.SetChecked(QStringLiteral("mnuViewMode"), i, i == entry);
+        m_marks.SetChecked(u"mnuViewMode"_s, i, i == entry);
     m_shell.RefreshCatalogTree();
 }
 

@@ -1,5 +1,6 @@
 #include "browse/Tree.h"
 
+#include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
@@ -15,15 +16,15 @@ namespace kelvado {
 
 namespace {
 
-const QString kByGenre = QStringLiteral("Genre.Genre");
-const QString kByLocation = QStringLiteral("Movie.IsRequest");
-const QString kByTitle = QStringLiteral("Movie.Title");
-const QString kByFormat = QStringLiteral("Movie.Format");
-const QString kNoValue = QStringLiteral("N/A");
-const QString kRequest = QStringLiteral("Request");
-const QString kAtHome = QStringLiteral("False");
-const QString kWanted = QStringLiteral("True");
-const QString kOnLoan = QStringLiteral("Loan");
+const QString kByGenre = u"Genre.Genre"_s;
+const QString kByLocation = u"Movie.IsRequest"_s;
+const QString kByTitle = u"Movie.Title"_s;
+const QString kByFormat = u"Movie.Format"_s;
+const QString kNoValue = u"N/A"_s;
+const QString kRequest = u"Request"_s;
+const QString kAtHome = u"False"_s;
+const QString kWanted = u"True"_s;
+const QString kOnLoan = u"Loan"_s;
 
 constexpr int kGroupsPerPump = 150;
 constexpr int kFilmsPerPump = 50;
@@ -35,9 +36,7 @@ struct FormatPicture
     int image;
 };
 constexpr FormatPicture kFormatPictures[] = {
-    {QLatin1StringView("DivX"), 1},  {QLatin1StringView("VCD"), 2},      {QLatin1StringView("DVD"), 3},
-    {QLatin1StringView("VHS"), 4},   {QLatin1StringView("SVCD"), 8},     {QLatin1StringView("LASERDISC"), 9},
-    {QLatin1StringView("XviD"), 10}, {QLatin1StringView("Request"), 13},
+    {"DivX"_L1, 1}, {"VCD"_L1, 2}, {"DVD"_L1, 3}, {"VHS"_L1, 4}, {"SVCD"_L1, 8}, {"LASERDISC"_L1, 9}, {"XviD"_L1, 10}, {"Request"_L1, 13},
 };
 
 // The columns of the films' query, in their order.
@@ -61,8 +60,8 @@ int TitleGroup(const QString& title)
 QString TitleGroupText(int group)
 {
     if (group == 10)
-        return QStringLiteral("0-9");
-    return group == 1 ? QStringLiteral("*") : QString(QChar(static_cast<char16_t>(group)));
+        return u"0-9"_s;
+    return group == 1 ? u"*"_s : QString(QChar(static_cast<char16_t>(group)));
 }
 
 // Under which text the groups are kept while they are looked up: Null, the empty text and "N/A" are one group, and so are values that
@@ -110,39 +109,37 @@ QString BuildLevelSql(const QString& primary, int level, const cOptView& view, c
     const QString& p = primary;
     const QString& s = view.SecondarySort;
     if (level == 1) {
-        const QString order = QStringLiteral("ORDER BY ") + p + u' ' + view.PrimaryOrder;
+        const QString order = u"ORDER BY "_s + p + u' ' + view.PrimaryOrder;
         if (p == kByGenre)
-            return QStringLiteral("SELECT Genre.Genre, Count(Genre.Genre) AS lCount FROM Movie "
-                                  "INNER JOIN (Genre INNER JOIN GenreLink ON Genre.Genre_ID = "
-                                  "GenreLink.Genre_ID) ON Movie.Movie_ID = GenreLink.Movie_ID "
-                                  "GROUP BY Genre.Genre ") +
+            return u"SELECT Genre.Genre, Count(Genre.Genre) AS lCount FROM Movie "
+                   "INNER JOIN (Genre INNER JOIN GenreLink ON Genre.Genre_ID = "
+                   "GenreLink.Genre_ID) ON Movie.Movie_ID = GenreLink.Movie_ID "
+                   "GROUP BY Genre.Genre "_s +
                    order;
         if (p == kByLocation)
-            return QStringLiteral("SELECT ") + p + QStringLiteral(", Loan_ID FROM Movie ") + order;
-        return QStringLiteral("SELECT ") + p + QStringLiteral(", Count(") + p + QStringLiteral(") As lCount FROM Movie GROUP BY ") + p +
-               u' ' + order;
+            return u"SELECT "_s + p + u", Loan_ID FROM Movie "_s + order;
+        return u"SELECT "_s + p + u", Count("_s + p + u") As lCount FROM Movie GROUP BY "_s + p + u' ' + order;
     }
 
-    QString sql = QStringLiteral("SELECT ") + p + QStringLiteral(", ") + s +
-                  QStringLiteral(", Movie.Movie_ID, Movie.Title, Movie.Format, Movie.Loan_ID FROM ");
-    sql += p == kByGenre ? QStringLiteral("(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
-                                          "GenreLink.Genre_ID = Genre.Genre_ID ")
-                         : QStringLiteral("Movie ");
-    sql += filterWhere + QStringLiteral(" ORDER BY ") + s + u' ' + view.SecondaryOrder;
+    QString sql = u"SELECT "_s + p + u", "_s + s + u", Movie.Movie_ID, Movie.Title, Movie.Format, Movie.Loan_ID FROM "_s;
+    sql += p == kByGenre ? u"(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
+                           "GenreLink.Genre_ID = Genre.Genre_ID "_s
+                         : u"Movie "_s;
+    sql += filterWhere + u" ORDER BY "_s + s + u' ' + view.SecondaryOrder;
 
     QString condition;
     if (view.ViewMode == u"MovieNight")
-        condition = QStringLiteral("MovieNight = 1");
+        condition = u"MovieNight = 1"_s;
     else if (view.ViewMode == u"Requests")
-        condition = QStringLiteral("Format = 'Request'");
+        condition = u"Format = 'Request'"_s;
     else if (view.ViewMode == u"Loans")
-        condition = QStringLiteral("Loan_ID <> 0");
+        condition = u"Loan_ID <> 0"_s;
     else
         return sql;
     if (sql.contains(u"WHERE"))
-        sql.replace(QStringLiteral("WHERE"), QStringLiteral("WHERE ") + condition + QStringLiteral(" AND"));
+        sql.replace(u"WHERE"_s, u"WHERE "_s + condition + u" AND"_s);
     else
-        sql.replace(QStringLiteral("ORDER"), QStringLiteral("WHERE ") + condition + QStringLiteral(" ORDER"));
+        sql.replace(u"ORDER"_s, u"WHERE "_s + condition + u" ORDER"_s);
     return sql;
 }
 
@@ -165,8 +162,7 @@ public:
         groups.Open(BuildLevelSql(m_primary, 1, m_tree.View(), m_tree.m_context.state.FilterWhere), connection);
         if (m_primary == kByLocation) {
             for (const auto& [value, text] :
-                 {std::pair(kAtHome, QStringLiteral("My Movies")), std::pair(kWanted, QStringLiteral("My Requests")),
-                  std::pair(kOnLoan, QStringLiteral("Loaned Movies"))})
+                 {std::pair(kAtHome, u"My Movies"_s), std::pair(kWanted, u"My Requests"_s), std::pair(kOnLoan, u"Loaned Movies"_s)})
                 m_groups.insert(GroupName(value), m_content.AddGroup(value, text, CatalogModel::kImageGroup));
             return;
         }
@@ -349,7 +345,7 @@ void Tree::Connect(Connection& connection) const
 
 bool Tree::GroupsExpanded() const
 {
-    return m_context.marks.IsChecked(QStringLiteral("mnuSortPrimExpanded"), -1);
+    return m_context.marks.IsChecked(u"mnuSortPrimExpanded"_s, -1);
 }
 
 void Tree::FillTree()
@@ -419,20 +415,20 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
     QString sql;
     if (p == kByGenre) {
         genre = KeyPart(key, 1);
-        sql = QStringLiteral("SELECT ") + p + QStringLiteral(", ") + s +
-              QStringLiteral(", Movie.Movie_ID, Genre.Genre, Actor.*, Movie.Loan_ID, Movie.Format"
-                             " FROM ((Movie INNER JOIN GenreLink ON Movie.Movie_ID = "
-                             "GenreLink.Movie_ID) INNER JOIN Genre ON GenreLink.Genre_ID = "
-                             "Genre.Genre_ID) INNER JOIN (Actor INNER JOIN ActorLink ON "
-                             "Actor.Actor_ID = ActorLink.Actor_ID) ON Movie.Movie_ID = "
-                             "ActorLink.Movie_ID WHERE Movie.Movie_ID = ") +
-              id + QStringLiteral("AND Genre.Genre = '") + genre + u'\'';
+        sql = u"SELECT "_s + p + u", "_s + s +
+              u", Movie.Movie_ID, Genre.Genre, Actor.*, Movie.Loan_ID, Movie.Format"
+              " FROM ((Movie INNER JOIN GenreLink ON Movie.Movie_ID = "
+              "GenreLink.Movie_ID) INNER JOIN Genre ON GenreLink.Genre_ID = "
+              "Genre.Genre_ID) INNER JOIN (Actor INNER JOIN ActorLink ON "
+              "Actor.Actor_ID = ActorLink.Actor_ID) ON Movie.Movie_ID = "
+              "ActorLink.Movie_ID WHERE Movie.Movie_ID = "_s +
+              id + u"AND Genre.Genre = '"_s + genre + u'\'';
     } else {
-        sql = QStringLiteral("SELECT ") + p + QStringLiteral(", ") + s +
-              QStringLiteral(",Movie.Movie_ID, Movie.Title, Actor.*, Movie.Loan_ID, Movie.Format "
-                             "FROM Movie INNER JOIN (Actor INNER JOIN ActorLink ON Actor.Actor_ID "
-                             "= ActorLink.Actor_ID) ON Movie.Movie_ID = ActorLink.Movie_ID "
-                             "WHERE Movie.Movie_ID = ") +
+        sql = u"SELECT "_s + p + u", "_s + s +
+              u",Movie.Movie_ID, Movie.Title, Actor.*, Movie.Loan_ID, Movie.Format "
+              "FROM Movie INNER JOIN (Actor INNER JOIN ActorLink ON Actor.Actor_ID "
+              "= ActorLink.Actor_ID) ON Movie.Movie_ID = ActorLink.Movie_ID "
+              "WHERE Movie.Movie_ID = "_s +
               id;
     }
 
@@ -466,14 +462,13 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
 QStringList Tree::FilmNodeKeys(const QString& filmId) const
 {
     const QString& p = View().PrimarySort;
-    const QString columns = QStringLiteral("SELECT ") + p + QStringLiteral(" , Movie.Format, Movie.Loan_ID, Movie.Movie_ID FROM ");
+    const QString columns = u"SELECT "_s + p + u" , Movie.Format, Movie.Loan_ID, Movie.Movie_ID FROM "_s;
     // With the link table in the query the film's number needs its table's name.
-    const QString sql = p == kByGenre
-                            ? columns +
-                                  QStringLiteral("(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
-                                                 "GenreLink.Genre_ID = Genre.Genre_ID WHERE Movie.Movie_ID = ") +
-                                  filmId
-                            : columns + QStringLiteral("Movie WHERE Movie_ID = ") + filmId;
+    const QString sql = p == kByGenre ? columns +
+                                            u"(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
+                                            "GenreLink.Genre_ID = Genre.Genre_ID WHERE Movie.Movie_ID = "_s +
+                                            filmId
+                                      : columns + u"Movie WHERE Movie_ID = "_s + filmId;
     Connection connection;
     Connect(connection);
     Recordset film;

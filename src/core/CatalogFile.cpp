@@ -1,5 +1,6 @@
 #include "core/CatalogFile.h"
 
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
@@ -12,8 +13,8 @@ namespace kelvado {
 
 namespace {
 
-const QString kFilter = QStringLiteral("Kelvado Catolog (*.kvd)| *.kvd");
-const QString kGoOn = QStringLiteral("File already exists, are you sure you wish to continue?");
+const QString kFilter = u"Kelvado Catolog (*.kvd)| *.kvd"_s;
+const QString kGoOn = u"File already exists, are you sure you wish to continue?"_s;
 
 // A copy that fails ends its routine without a message; the target is then as it was.
 bool CopyQuietly(const QString& source, const QString& target)
@@ -21,7 +22,7 @@ bool CopyQuietly(const QString& source, const QString& target)
     try {
         CopyFileWhole(source, target);
         // What a crash may have left of the file that stood there must not be played back into the new one.
-        QFile::remove(target + QStringLiteral("-journal"));
+        QFile::remove(target + u"-journal"_s);
         return true;
     } catch (const RuntimeError&) {
         return false;
@@ -48,9 +49,9 @@ void CatalogFile::New()
     if (!ChooseFile(&Dialogs::ShowSave))
         return;
     const QString target = m_state.CatalogPath();
-    if (QFileInfo::exists(target) && m_dialogs.MessageBox(kGoOn, kBoxYesNoCritical, QStringLiteral("New File Confirmation")) != kAnswerYes)
+    if (QFileInfo::exists(target) && m_dialogs.MessageBox(kGoOn, kBoxYesNoCritical, u"New File Confirmation"_s) != kAnswerYes)
         return;
-    if (!CopyQuietly(FindFileCaseBlind(AppPath(), QStringLiteral("keldb.dat")), target))
+    if (!CopyQuietly(FindFileCaseBlind(AppPath(), u"keldb.dat"_s), target))
         return;
     m_state.CatalogOpen = true;
     m_shell.ApplyMenuRules();
@@ -71,15 +72,14 @@ void CatalogFile::SaveAs()
 {
     const QString source = m_state.CatalogPath();
     if (source.isEmpty() || !QFileInfo::exists(source)) {
-        m_dialogs.MessageBox(QStringLiteral("Could not locate Kelvado database file, please ensure you have a valid database file open"),
-                             kBoxCritical, QStringLiteral("Kelvado Save As Error"));
+        m_dialogs.MessageBox(u"Could not locate Kelvado database file, please ensure you have a valid database file open"_s, kBoxCritical,
+                             u"Kelvado Save As Error"_s);
         return;
     }
     if (!ChooseFile(&Dialogs::ShowSave))
         return;
     const QString target = m_state.CatalogPath();
-    if (QFileInfo::exists(target) &&
-        m_dialogs.MessageBox(kGoOn, kBoxYesNoCritical, QStringLiteral("Kelvado Save As Confirmation")) != kAnswerYes)
+    if (QFileInfo::exists(target) && m_dialogs.MessageBox(kGoOn, kBoxYesNoCritical, u"Kelvado Save As Confirmation"_s) != kAnswerYes)
         return;
     if (CopyQuietly(source, target))
         m_shell.RefreshCatalogTree();
@@ -88,10 +88,10 @@ void CatalogFile::SaveAs()
 void CatalogFile::SetDefault()
 {
     if (m_state.CatalogPath().isEmpty()) {
-        m_dialogs.MessageBox(QStringLiteral("A Catolog file must be open"), kBoxInformation);
+        m_dialogs.MessageBox(u"A Catolog file must be open"_s, kBoxInformation);
         return;
     }
-    WriteProfileValue(QStringLiteral("Settings"), QStringLiteral("Default"), m_state.CatalogPath(), SettingsFile());
+    WriteProfileValue(u"Settings"_s, u"Default"_s, m_state.CatalogPath(), SettingsFile());
 }
 
 } // namespace kelvado

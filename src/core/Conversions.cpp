@@ -1,5 +1,6 @@
 #include "core/Conversions.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <algorithm>
@@ -90,7 +91,7 @@ double ToDouble(QStringView text)
     bool ok = false;
     const double number = plain.isEmpty() ? 0 : plain.toDouble(&ok);
     if (!ok)
-        throw RuntimeError::WithDetail(kErrTypeMismatch, QStringLiteral("\"%1\" is no number").arg(text.left(60)));
+        throw RuntimeError::WithDetail(kErrTypeMismatch, u"\"%1\" is no number"_s.arg(text.left(60)));
     return number;
 }
 
@@ -141,7 +142,7 @@ Currency ToCurrency(QStringView text)
 
 QString NumberText(double value)
 {
-    return value == 0 ? QStringLiteral("0") : QString::number(value, 'g', 15);
+    return value == 0 ? u"0"_s : QString::number(value, 'g', 15);
 }
 
 QString CurrencyText(Currency amount)

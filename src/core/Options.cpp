@@ -1,6 +1,7 @@
 #include "core/Options.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "core/ViewKeys.h"
 
@@ -74,9 +75,9 @@ constexpr std::array<WholeNumberKey<cOptIMDbFilm>, 16> kIMDbFilmKeys{{
     {"HiImage", &cOptIMDbFilm::HiImage},
 }};
 
-const QString kPrimaryDescending = QStringLiteral("mnuSortPrimDESC");
-const QString kSecondaryDescending = QStringLiteral("mnuSortSecDESC");
-const QString kPrimaryExpanded = QStringLiteral("mnuSortPrimExpanded");
+const QString kPrimaryDescending = u"mnuSortPrimDESC"_s;
+const QString kSecondaryDescending = u"mnuSortSecDESC"_s;
+const QString kPrimaryExpanded = u"mnuSortPrimExpanded"_s;
 
 QString ReadText(const QString& file, const QString& section, const char* key)
 {
@@ -90,8 +91,8 @@ void WriteText(ProfileChanges& changes, const QString& section, const char* key,
 
 [[noreturn]] void RaiseBadSetting(const QString& file, const QString& section, const char* key, const RuntimeError& cause)
 {
-    throw RuntimeError(cause.Number(), QStringLiteral("%1: the setting %2 in section [%3] of %4 must be a number")
-                                           .arg(DescriptionOfError(cause.Number()), QString::fromLatin1(key), section, file));
+    throw RuntimeError(cause.Number(), u"%1: the setting %2 in section [%3] of %4 must be a number"_s.arg(
+                                           DescriptionOfError(cause.Number()), QString::fromLatin1(key), section, file));
 }
 
 std::int32_t ReadNumber(const QString& file, const QString& section, const char* key)
@@ -123,12 +124,12 @@ void CheckEntryOf(const char* const (&known)[N], const QString& value, const cha
 
 QString OrderOf(bool descending)
 {
-    return descending ? QStringLiteral("DESC") : QString();
+    return descending ? u"DESC"_s : QString();
 }
 
 QString FlagText(bool on)
 {
-    return on ? QStringLiteral("1") : QStringLiteral("0");
+    return on ? u"1"_s : u"0"_s;
 }
 
 } // namespace
@@ -136,22 +137,22 @@ QString FlagText(bool on)
 void cOptDisplay::Load(const QString& file)
 {
     for (const auto& key : kDisplayKeys)
-        this->*key.field = ReadNumber(file, QStringLiteral("Display"), key.name);
+        this->*key.field = ReadNumber(file, u"Display"_s, key.name);
 }
 
 void cOptDisplay::Save(ProfileChanges& changes) const
 {
     for (const auto& key : kDisplayKeys)
-        WriteText(changes, QStringLiteral("Display"), key.name, QString::number(this->*key.field));
+        WriteText(changes, u"Display"_s, key.name, QString::number(this->*key.field));
 }
 
 void cOptView::Load(const QString& file, MenuMarks& marks)
 {
-    const QString section = QStringLiteral("View");
+    const QString section = u"View"_s;
     PrimarySort = ReadText(file, section, "PrimarySort");
     SecondarySort = ReadText(file, section, "SecondarySort");
-    ActorField = QStringLiteral("Actor.Actor_ID");
-    ActorLinkField = QStringLiteral("ActorLink.Movie_ID");
+    ActorField = u"Actor.Actor_ID"_s;
+    ActorLinkField = u"ActorLink.Movie_ID"_s;
     ViewMode = ReadText(file, section, "ViewMode");
 
     CheckEntryOf(kViewModes, ViewMode, "mnuViewMode", marks);
@@ -166,7 +167,7 @@ void cOptView::Load(const QString& file, MenuMarks& marks)
 
 void cOptView::Save(ProfileChanges& changes, const MenuMarks& marks) const
 {
-    const QString section = QStringLiteral("View");
+    const QString section = u"View"_s;
     const QString descending = FlagText(marks.IsChecked(kPrimaryDescending, -1));
     WriteText(changes, section, "PrimaryExpand", FlagText(marks.IsChecked(kPrimaryExpanded, -1)));
     WriteText(changes, section, "PrimaryOrder", descending);
@@ -178,11 +179,11 @@ void cOptView::Save(ProfileChanges& changes, const MenuMarks& marks) const
 
 void cOptStatus::Load(const QString& file, MenuMarks& marks)
 {
-    const QString menu = QStringLiteral("mnuStatusItem");
+    const QString menu = u"mnuStatusItem"_s;
     marks.SetChecked(menu, 0, true);
     marks.SetEnabled(menu, 0, false);
     for (const auto& key : kStatusKeys) {
-        this->*key.field = ReadNumber(file, QStringLiteral("Status"), key.name);
+        this->*key.field = ReadNumber(file, u"Status"_s, key.name);
         marks.SetChecked(menu, key.menuEntry, this->*key.field == 1);
     }
 }
@@ -190,7 +191,7 @@ void cOptStatus::Load(const QString& file, MenuMarks& marks)
 void cOptStatus::Save(ProfileChanges& changes) const
 {
     for (const auto& key : kStatusKeys)
-        WriteText(changes, QStringLiteral("Status"), key.name, QString::number(this->*key.field));
+        WriteText(changes, u"Status"_s, key.name, QString::number(this->*key.field));
 }
 
 std::int32_t cOptStatus::*StatusOption(int entry)
@@ -225,7 +226,7 @@ void cOptIMDbFilm::Save(ProfileChanges& changes) const
 
 void cOptDefaults::Load(const QString& file)
 {
-    const QString section = QStringLiteral("DefaultValues");
+    const QString section = u"DefaultValues"_s;
     PromptAKA = ReadNumber(file, section, "PromptAKA");
     Format = ReadText(file, section, "Format");
     Discs = ReadText(file, section, "Discs");
@@ -235,7 +236,7 @@ void cOptDefaults::Load(const QString& file)
 
 void cOptDefaults::Save(ProfileChanges& changes) const
 {
-    const QString section = QStringLiteral("DefaultValues");
+    const QString section = u"DefaultValues"_s;
     WriteText(changes, section, "PromptAKA", QString::number(PromptAKA));
     WriteText(changes, section, "Format", Format);
     WriteText(changes, section, "Discs", Discs);
@@ -248,8 +249,8 @@ cOptions::cOptions(const QString& file, MenuMarks& marks) : m_file(file), m_mark
     Display.Load(file);
     View.Load(file, marks);
     Status.Load(file, marks);
-    IMDbFilmAdd.Load(file, QStringLiteral("IMDbFilmAdd"));
-    IMDbFilmUpdate.Load(file, QStringLiteral("IMDbFilmUpdate"));
+    IMDbFilmAdd.Load(file, u"IMDbFilmAdd"_s);
+    IMDbFilmUpdate.Load(file, u"IMDbFilmUpdate"_s);
     Defaults.Load(file);
 }
 

@@ -1,5 +1,7 @@
 #include "core/Paths.h"
 
+#include "core/Literals.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -25,17 +27,17 @@ QString AppPathOf(const QString& folder)
 
 QString SettingsFile()
 {
-    return FindFileCaseBlind(AppPath(), QStringLiteral("Settings.ini"));
+    return FindFileCaseBlind(AppPath(), u"Settings.ini"_s);
 }
 
 QString TempFolder()
 {
-    return AppPath() + QStringLiteral("/temp");
+    return AppPath() + u"/temp"_s;
 }
 
 QString SkinFolder(const QString& skin)
 {
-    return AppPath() + QStringLiteral("/Skins/") + skin;
+    return AppPath() + u"/Skins/"_s + skin;
 }
 
 QString FindFileCaseBlind(const QString& folder, const QString& name)

@@ -1,6 +1,7 @@
 #include "core/Profile.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "core/SafeFile.h"
 
@@ -62,7 +63,7 @@ std::optional<QString> ReadText(const QString& path)
 // What a value may hold in one line: no line ends; quotes around it where outer blanks or quotes would be lost by reading.
 QString OneLine(QString value)
 {
-    value.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\r', u' ').replace(u'\n', u' ');
+    value.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
     const bool quoted = value.size() >= 2 && (value.front() == u'"' || value.front() == u'\'') && value.front() == value.back();
     return quoted || value != value.trimmed() ? u'"' + value + u'"' : value;
 }
@@ -90,14 +91,14 @@ bool WriteProfileValue(const QString& section, const QString& key, const QString
     return changes.Write();
 }
 
-ProfileChanges::ProfileChanges(const QString& path) : m_path(path), m_lineEnd(QStringLiteral("\n"))
+ProfileChanges::ProfileChanges(const QString& path) : m_path(path), m_lineEnd(u"\n"_s)
 {
     const std::optional<QString> text = ReadText(path);
     m_readable = text.has_value();
     if (!m_readable || text->isEmpty())
         return;
     if (text->contains(u"\r\n"))
-        m_lineEnd = QStringLiteral("\r\n");
+        m_lineEnd = u"\r\n"_s;
     m_lines = text->split(u'\n');
     for (QString& line : m_lines) {
         if (line.endsWith(u'\r'))

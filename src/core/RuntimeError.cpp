@@ -1,5 +1,7 @@
 #include "core/RuntimeError.h"
 
+#include "core/Literals.h"
+
 #include <array>
 #include <utility>
 
@@ -33,10 +35,10 @@ QString DescriptionOfError(int number)
             return QString::fromLatin1(text);
     }
     if (number == kErrItemNotFound)
-        return QStringLiteral("Item cannot be found in the collection corresponding to the requested name or ordinal");
+        return u"Item cannot be found in the collection corresponding to the requested name or ordinal"_s;
     if (number == kErrElementNotFound)
-        return QStringLiteral("Element not found");
-    return QStringLiteral("Application-defined or object-defined error");
+        return u"Element not found"_s;
+    return u"Application-defined or object-defined error"_s;
 }
 
 RuntimeError::RuntimeError(int number) : RuntimeError(number, DescriptionOfError(number)) {}
@@ -48,7 +50,7 @@ RuntimeError::RuntimeError(int number, const QString& description)
 
 RuntimeError RuntimeError::WithDetail(int number, const QString& detail)
 {
-    return {number, DescriptionOfError(number) + QStringLiteral(": ") + detail};
+    return {number, DescriptionOfError(number) + u": "_s + detail};
 }
 
 } // namespace kelvado

@@ -1,5 +1,6 @@
 #include "core/SafeFile.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <QDir>
@@ -13,7 +14,7 @@ namespace {
 
 [[noreturn]] void RaiseFileAccess(const QString& path, const QString& reason)
 {
-    throw RuntimeError::WithDetail(kErrFileAccess, QDir::toNativeSeparators(path) + QStringLiteral(" (") + reason + u')');
+    throw RuntimeError::WithDetail(kErrFileAccess, QDir::toNativeSeparators(path) + u" ("_s + reason + u')');
 }
 
 } // namespace
@@ -32,7 +33,7 @@ void CopyFileWhole(const QString& source, const QString& target)
     if (!QFileInfo(source).isFile())
         throw RuntimeError::WithDetail(kErrFileNotFound, source);
     if (QFileInfo(source).canonicalFilePath() == QFileInfo(target).canonicalFilePath())
-        RaiseFileAccess(target, QStringLiteral("source and target are the same file"));
+        RaiseFileAccess(target, u"source and target are the same file"_s);
     if (!from.open(QIODevice::ReadOnly))
         RaiseFileAccess(source, from.errorString());
     QSaveFile to(target);

@@ -1,6 +1,7 @@
 #include "core/SectionTabs.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 
@@ -29,15 +30,15 @@ constexpr SectionPictures kPictures[] = {
       "ToolFrontNoNo.BMP", "ToolFrontNoNo.BMP", "ToolFrontNoYes.BMP"}},
 };
 
-const QString kEditTitle = QStringLiteral("Edit Interface");
-const QString kNoCatalog = QStringLiteral("No Kelvado Catolog is open");
+const QString kEditTitle = u"Edit Interface"_s;
+const QString kNoCatalog = u"No Kelvado Catolog is open"_s;
 
 bool AskToSave(Dialogs& dialogs, const QString& name)
 {
-    const QString question = QStringLiteral("You Have Made Changes To ") + name + QStringLiteral(".  Do You Want To Save These Changes?");
+    const QString question = u"You Have Made Changes To "_s + name + u".  Do You Want To Save These Changes?"_s;
     if (dialogs.MessageBox(question, kBoxYesNo, kEditTitle) == kAnswerYes)
         return true;
-    dialogs.MessageBox(QStringLiteral("Changed To ") + name + QStringLiteral(" Have Been Disregarded."), kBoxPlain, kEditTitle);
+    dialogs.MessageBox(u"Changed To "_s + name + u" Have Been Disregarded."_s, kBoxPlain, kEditTitle);
     return false;
 }
 
@@ -146,8 +147,8 @@ void SectionTabs::GoBack()
     const Walk walk(m_state.history);
     MoveAndShow(&History::MoveBack);
     if (m_state.history.AtOldest())
-        m_host.EnableButton(QStringLiteral("Back"), false);
-    m_host.EnableButton(QStringLiteral("Forward"), true);
+        m_host.EnableButton(u"Back"_s, false);
+    m_host.EnableButton(u"Forward"_s, true);
 }
 
 void SectionTabs::GoForward()
@@ -155,9 +156,9 @@ void SectionTabs::GoForward()
     const Walk walk(m_state.history);
     MoveAndShow(&History::MoveForward);
     if (m_state.history.AtNewest())
-        m_host.EnableButton(QStringLiteral("Forward"), false);
+        m_host.EnableButton(u"Forward"_s, false);
     if (m_state.history.Position() > 1)
-        m_host.EnableButton(QStringLiteral("Back"), true);
+        m_host.EnableButton(u"Back"_s, true);
 }
 
 void SectionTabs::MoveAndShow(void (History::*move)())

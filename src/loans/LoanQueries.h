@@ -1,11 +1,13 @@
 #pragma once
 
+#include "core/Literals.h"
+
 #include <QString>
 
 namespace kelvado {
 
 // Each is followed by a number.
-inline const QString kLoanById = QStringLiteral("SELECT * FROM Loans WHERE Loan_ID = ");
-inline const QString kFilmOfLoan = QStringLiteral("SELECT * FROM Movie WHERE Loan_ID = ");
+inline const QString kLoanById = u"SELECT * FROM Loans WHERE Loan_ID = "_s;
+inline const QString kFilmOfLoan = u"SELECT * FROM Movie WHERE Loan_ID = "_s;
 
 } // namespace kelvado

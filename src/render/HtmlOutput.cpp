@@ -1,5 +1,6 @@
 #include "render/HtmlOutput.h"
 
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 #include "core/SafeFile.h"
@@ -29,46 +30,46 @@ struct FilmToken
 
 // The order is behaviour: a value may hold the token of a later line, which is then replaced in its turn.
 constexpr std::array<FilmToken, 40> kFilmTokens{{
-    {QLatin1StringView("!!TITLE!!"), QLatin1StringView("Title")},
-    {QLatin1StringView("!!TITLENY!!"), QLatin1StringView("TitleNY")},
-    {QLatin1StringView("!!YEAR!!"), QLatin1StringView("Year")},
-    {QLatin1StringView("!!GROUP!!"), QLatin1StringView("Group")},
-    {QLatin1StringView("!!VOTES!!"), QLatin1StringView("Votes")},
-    {QLatin1StringView("!!FORMAT!!"), QLatin1StringView("Format")},
-    {QLatin1StringView("!!NUMBER!!"), QLatin1StringView("Number")},
-    {QLatin1StringView("!!RUNTIME!!"), QLatin1StringView("Runtime")},
-    {QLatin1StringView("!!PLOT!!"), QLatin1StringView("Plot")},
-    {QLatin1StringView("!!INDEX!!"), QLatin1StringView("Index")},
-    {QLatin1StringView("!!IMDB!!"), QLatin1StringView("IMDB"), TokenKind::SiteLink},
-    {QLatin1StringView("!!IMDBNUM!!"), QLatin1StringView("IMDB"), TokenKind::SiteNumber},
-    {QLatin1StringView("!!QUALITY!!"), QLatin1StringView("Quality")},
-    {QLatin1StringView("!!RESOLUTION!!"), QLatin1StringView("Resolution")},
-    {QLatin1StringView("!!AUDBITRATE!!"), QLatin1StringView("audBitRate")},
-    {QLatin1StringView("!!VIDBITRATE!!"), QLatin1StringView("vidBitRate")},
-    {QLatin1StringView("!!AUDTYPE!!"), QLatin1StringView("AudType")},
-    {QLatin1StringView("!!VIDTYPE!!"), QLatin1StringView("VidType")},
-    {QLatin1StringView("!!FILESIZE!!"), QLatin1StringView("Filesize")},
-    {QLatin1StringView("!!LANGUAGE!!"), QLatin1StringView("Language")},
-    {QLatin1StringView("!!SUBLANGUAGE!!"), QLatin1StringView("SubLanguage")},
-    {QLatin1StringView("!!STUDIO!!"), QLatin1StringView("Studio")},
-    {QLatin1StringView("!!FILENOTES!!"), QLatin1StringView("FileNotes")},
-    {QLatin1StringView("!!COMMENTS!!"), QLatin1StringView("Comments")},
-    {QLatin1StringView("!!CUSTOM1!!"), QLatin1StringView("Custom1")},
-    {QLatin1StringView("!!CUSTOM2!!"), QLatin1StringView("Custom2")},
-    {QLatin1StringView("!!CUSTOM3!!"), QLatin1StringView("Custom3")},
-    {QLatin1StringView("!!SEENIT!!"), QLatin1StringView("SeenIt"), TokenKind::YesNo},
-    {QLatin1StringView("!!SUBTITLES!!"), QLatin1StringView("SubTitles"), TokenKind::YesNo},
-    {QLatin1StringView("!!REQUEST!!"), QLatin1StringView("IsRequest"), TokenKind::YesNo},
-    {QLatin1StringView("!!COLOR!!"), QLatin1StringView("Color")},
-    {QLatin1StringView("!!COUNTRY!!"), QLatin1StringView("Country")},
-    {QLatin1StringView("!!PURCHASEPRICE!!"), QLatin1StringView("PurchasePrice")},
-    {QLatin1StringView("!!PURCHASEDWHERE!!"), QLatin1StringView("PurchasedWhere")},
-    {QLatin1StringView("!!LASTVIEWING!!"), QLatin1StringView("LastViewing"), TokenKind::Date},
-    {QLatin1StringView("!!MYRATING!!"), QLatin1StringView("MyRating")},
-    {QLatin1StringView("!!MYRATINGNOTES!!"), QLatin1StringView("MyRatingNotes")},
-    {QLatin1StringView("!!URL1!!"), QLatin1StringView("UserURL1")},
-    {QLatin1StringView("!!URL2!!"), QLatin1StringView("UserURL2")},
-    {QLatin1StringView("!!TRAILERURL!!"), QLatin1StringView("TrailerURL")},
+    {"!!TITLE!!"_L1, "Title"_L1},
+    {"!!TITLENY!!"_L1, "TitleNY"_L1},
+    {"!!YEAR!!"_L1, "Year"_L1},
+    {"!!GROUP!!"_L1, "Group"_L1},
+    {"!!VOTES!!"_L1, "Votes"_L1},
+    {"!!FORMAT!!"_L1, "Format"_L1},
+    {"!!NUMBER!!"_L1, "Number"_L1},
+    {"!!RUNTIME!!"_L1, "Runtime"_L1},
+    {"!!PLOT!!"_L1, "Plot"_L1},
+    {"!!INDEX!!"_L1, "Index"_L1},
+    {"!!IMDB!!"_L1, "IMDB"_L1, TokenKind::SiteLink},
+    {"!!IMDBNUM!!"_L1, "IMDB"_L1, TokenKind::SiteNumber},
+    {"!!QUALITY!!"_L1, "Quality"_L1},
+    {"!!RESOLUTION!!"_L1, "Resolution"_L1},
+    {"!!AUDBITRATE!!"_L1, "audBitRate"_L1},
+    {"!!VIDBITRATE!!"_L1, "vidBitRate"_L1},
+    {"!!AUDTYPE!!"_L1, "AudType"_L1},
+    {"!!VIDTYPE!!"_L1, "VidType"_L1},
+    {"!!FILESIZE!!"_L1, "Filesize"_L1},
+    {"!!LANGUAGE!!"_L1, "Language"_L1},
+    {"!!SUBLANGUAGE!!"_L1, "SubLanguage"_L1},
+    {"!!STUDIO!!"_L1, "Studio"_L1},
+    {"!!FILENOTES!!"_L1, "FileNotes"_L1},
+    {"!!COMMENTS!!"_L1, "Comments"_L1},
+    {"!!CUSTOM1!!"_L1, "Custom1"_L1},
+    {"!!CUSTOM2!!"_L1, "Custom2"_L1},
+    {"!!CUSTOM3!!"_L1, "Custom3"_L1},
+    {"!!SEENIT!!"_L1, "SeenIt"_L1, TokenKind::YesNo},
+    {"!!SUBTITLES!!"_L1, "SubTitles"_L1, TokenKind::YesNo},
+    {"!!REQUEST!!"_L1, "IsRequest"_L1, TokenKind::YesNo},
+    {"!!COLOR!!"_L1, "Color"_L1},
+    {"!!COUNTRY!!"_L1, "Country"_L1},
+    {"!!PURCHASEPRICE!!"_L1, "PurchasePrice"_L1},
+    {"!!PURCHASEDWHERE!!"_L1, "PurchasedWhere"_L1},
+    {"!!LASTVIEWING!!"_L1, "LastViewing"_L1, TokenKind::Date},
+    {"!!MYRATING!!"_L1, "MyRating"_L1},
+    {"!!MYRATINGNOTES!!"_L1, "MyRatingNotes"_L1},
+    {"!!URL1!!"_L1, "UserURL1"_L1},
+    {"!!URL2!!"_L1, "UserURL2"_L1},
+    {"!!TRAILERURL!!"_L1, "TrailerURL"_L1},
 }};
 
 struct Certificate
@@ -78,11 +79,11 @@ struct Certificate
 };
 
 constexpr std::array<Certificate, 5> kCertificates{{
-    {QLatin1StringView("G"), QLatin1StringView("G.Gif")},
-    {QLatin1StringView("PG"), QLatin1StringView("PG.Gif")},
-    {QLatin1StringView("PG-13"), QLatin1StringView("PG-13.Gif")},
-    {QLatin1StringView("R"), QLatin1StringView("R.Gif")},
-    {QLatin1StringView("NC17"), QLatin1StringView("NC-17.Gif")},
+    {"G"_L1, "G.Gif"_L1},
+    {"PG"_L1, "PG.Gif"_L1},
+    {"PG-13"_L1, "PG-13.Gif"_L1},
+    {"R"_L1, "R.Gif"_L1},
+    {"NC17"_L1, "NC-17.Gif"_L1},
 }};
 constexpr QLatin1StringView kNoCertificate("NA.Gif");
 
@@ -105,15 +106,15 @@ struct Crew
 constexpr Crew kProducers{QLatin1StringView("SELECT Producer.*, ProducerLink.* FROM Producer INNER JOIN "
                                             "ProducerLink ON Producer.Producer_ID = ProducerLink.Producer_ID "
                                             "WHERE ProducerLink.Movie_ID  = "),
-                          QLatin1StringView("Producer"), QLatin1StringView("!!PRODUCER")};
+                          "Producer"_L1, "!!PRODUCER"_L1};
 constexpr Crew kDirectors{QLatin1StringView("SELECT Director.*, DirectorLink.* FROM Director INNER JOIN "
                                             "DirectorLink ON Director.Director_ID = DirectorLink.Director_ID "
                                             "WHERE DirectorLink.Movie_ID  = "),
-                          QLatin1StringView("Director"), QLatin1StringView("!!DIRECTOR")};
+                          "Director"_L1, "!!DIRECTOR"_L1};
 constexpr Crew kWriters{QLatin1StringView("SELECT Writer.*, WriterLink.* FROM Writer INNER JOIN "
                                           "WriterLink ON Writer.Writer_ID = WriterLink.Writer_ID "
                                           "WHERE WriterLink.Movie_ID  = "),
-                        QLatin1StringView("Writer"), QLatin1StringView("!!WRITER")};
+                        "Writer"_L1, "!!WRITER"_L1};
 
 bool IsDigit(QChar c)
 {
@@ -129,7 +130,7 @@ QString ValueOrNone(const Value& value)
 QString YesNo(const Value& value)
 {
     const bool isNumber = !value.IsNull() && (!value.IsText() || IsNumeric(value.Text()));
-    return isNumber && value.Number() == 0 ? QStringLiteral("No") : QStringLiteral("Yes");
+    return isNumber && value.Number() == 0 ? u"No"_s : u"Yes"_s;
 }
 
 QString DateOrNone(const Value& value)
@@ -147,7 +148,7 @@ QString TokenValue(TokenKind kind, const Value& value, const TokenSettings& sett
     case TokenKind::Date:
         return DateOrNone(value);
     case TokenKind::SiteLink:
-        return value.IsNull() ? settings.siteAddress : settings.siteAddress + QStringLiteral("/Title?") + value.Text();
+        return value.IsNull() ? settings.siteAddress : settings.siteAddress + u"/Title?"_s + value.Text();
     case TokenKind::SiteNumber:
         return value.IsNull() ? QString() : value.Text();
     case TokenKind::Plain:
@@ -166,7 +167,7 @@ QString PicturePath(const TokenSettings& settings, QLatin1StringView exportFolde
 
 void FillRated(QString& text, const Value& rated, const TokenSettings& settings)
 {
-    text.replace(QLatin1StringView("!!RATEDTXT!!"), ValueOrNone(rated));
+    text.replace("!!RATEDTXT!!"_L1, ValueOrNone(rated));
     QLatin1StringView picture;
     for (const Certificate& certificate : kCertificates) {
         if (!rated.IsNull() && rated.Text() == certificate.rated)
@@ -178,14 +179,12 @@ void FillRated(QString& text, const Value& rated, const TokenSettings& settings)
             return;
         picture = kNoCertificate;
     }
-    text.replace(QLatin1StringView("!!RATEDIMG!!"),
-                 PicturePath(settings, QLatin1StringView("Images\\"), QLatin1StringView("/ratings/"), picture));
+    text.replace("!!RATEDIMG!!"_L1, PicturePath(settings, "Images\\"_L1, "/ratings/"_L1, picture));
 }
 
 QString BarTag(const TokenSettings& settings, QLatin1StringView name, QLatin1StringView end)
 {
-    return QStringLiteral("<IMG SRC=\"") +
-           PicturePath(settings, QLatin1StringView("Images\\RatingBar\\"), QLatin1StringView("/RatingBar/"), name) + end;
+    return u"<IMG SRC=\""_s + PicturePath(settings, "Images\\RatingBar\\"_L1, "/RatingBar/"_L1, name) + end;
 }
 
 /// The bar of a rating such as "7.4". Only its first and its last character count, so "10" draws one segment. A last digit of exactly 5
@@ -197,18 +196,18 @@ QString RatingBar(const QString& rating, const TokenSettings& settings)
         throw RuntimeError(kErrTypeMismatch);
     const int whole = rating.front().digitValue();
     const int last = rating.back().digitValue();
-    const QString empty = BarTag(settings, QLatin1StringView("barNo.gif"), kEnd);
+    const QString empty = BarTag(settings, "barNo.gif"_L1, kEnd);
 
-    QString bar = QStringLiteral("<NOBR>");
-    bar += BarTag(settings, QLatin1StringView("barLeft.gif"), kEnd);
-    bar += BarTag(settings, QLatin1StringView("barYes.gif"), kEnd).repeated(whole);
+    QString bar = u"<NOBR>"_s;
+    bar += BarTag(settings, "barLeft.gif"_L1, kEnd);
+    bar += BarTag(settings, "barYes.gif"_L1, kEnd).repeated(whole);
     if (last > 5)
-        bar += BarTag(settings, QLatin1StringView("barHalf.gif"), kEnd);
+        bar += BarTag(settings, "barHalf.gif"_L1, kEnd);
     else if (last < 5)
         bar += empty;
     bar += empty.repeated(9 - whole);
-    bar += BarTag(settings, QLatin1StringView("barRight.gif"), kEnd);
-    bar += QLatin1StringView("</NOBR>");
+    bar += BarTag(settings, "barRight.gif"_L1, kEnd);
+    bar += "</NOBR>"_L1;
     return bar;
 }
 
@@ -217,18 +216,18 @@ void FillRating(QString& text, const Value& rating, const TokenSettings& setting
     const QString value = ValueOrNone(rating);
     QString bar;
     if (rating.IsNull())
-        bar = BarTag(settings, QLatin1StringView("barna.gif"), QLatin1StringView("\">"));
+        bar = BarTag(settings, "barna.gif"_L1, "\">"_L1);
     else if (value.isEmpty() || !IsDigit(value.front()))
-        bar = BarTag(settings, QLatin1StringView("barna.gif"), QLatin1StringView("\"/>"));
+        bar = BarTag(settings, "barna.gif"_L1, "\"/>"_L1);
     else
         bar = RatingBar(value, settings);
-    text.replace(QLatin1StringView("!!RATINGBAR!!"), bar);
-    text.replace(QLatin1StringView("!!RATING!!"), value);
+    text.replace("!!RATINGBAR!!"_L1, bar);
+    text.replace("!!RATING!!"_L1, value);
 }
 
 QString NumberedToken(QLatin1StringView stem, qint64 number)
 {
-    return stem + QString::number(number) + QLatin1StringView("!!");
+    return stem + QString::number(number) + "!!"_L1;
 }
 
 /// Fills the tokens from the last used number up to 50. The first of them is gone already, or is the number 0, which no page uses.
@@ -273,12 +272,12 @@ void FillGenreToken(QString& text, Connection& connection, const QString& movieI
     } else {
         const int column = rows.ColumnIndex(u"Genre");
         for (; !rows.Eof(); rows.MoveNext())
-            genres += QLatin1StringView(", ") + rows.Text(column);
+            genres += ", "_L1 + rows.Text(column);
         genres = genres.trimmed();
         // Only the comma goes: templates are made for the blank behind it.
         genres.remove(0, 1);
     }
-    text.replace(QLatin1StringView("!!GENRE!!"), genres);
+    text.replace("!!GENRE!!"_L1, genres);
 }
 
 void FillActorTokens(QString& text, Connection& connection, const QString& movieId)
@@ -317,14 +316,14 @@ void FillWriterTokens(QString& text, Connection& connection, const QString& movi
 
 void FillPageTokens(QString& text, qint64 page, qint64 pageCount, qint64 pageSize, qint64 filmCount)
 {
-    const auto address = [](qint64 number) { return QStringLiteral("index%1.html").arg(number); };
-    const QString none = QStringLiteral("#");
-    text.replace(QLatin1StringView("!!NAVPREV!!"), page == 1 ? none : address(page - 1));
-    text.replace(QLatin1StringView("!!NAVNEXT!!"), page >= pageCount ? none : address(page + 1));
-    text.replace(QLatin1StringView("!!CURRENTPAGE!!"), QString::number(page));
-    text.replace(QLatin1StringView("!!TOTALPAGES!!"), QString::number(pageCount));
-    text.replace(QLatin1StringView("!!PAGESIZE!!"), QString::number(pageSize));
-    text.replace(QLatin1StringView("!!TOTALFILMS!!"), QString::number(filmCount));
+    const auto address = [](qint64 number) { return u"index%1.html"_s.arg(number); };
+    const QString none = u"#"_s;
+    text.replace("!!NAVPREV!!"_L1, page == 1 ? none : address(page - 1));
+    text.replace("!!NAVNEXT!!"_L1, page >= pageCount ? none : address(page + 1));
+    text.replace("!!CURRENTPAGE!!"_L1, QString::number(page));
+    text.replace("!!TOTALPAGES!!"_L1, QString::number(pageCount));
+    text.replace("!!PAGESIZE!!"_L1, QString::number(pageSize));
+    text.replace("!!TOTALFILMS!!"_L1, QString::number(filmCount));
 }
 
 void CopyRatingBarImages(const QString& skin)
@@ -336,14 +335,14 @@ void CopyRatingBarImages(const QString& skin)
     };
     // Exported pages name these pictures in a folder below this one and in another spelling; the names here are the ones in use.
     static constexpr std::array<Copy, 6> kCopies{{
-        {QLatin1StringView("/ratingbar/barNA.Gif"), QLatin1StringView("BarNA.Gif")},
-        {QLatin1StringView("/ratingbar/barleft.Gif"), QLatin1StringView("barleft.Gif")},
-        {QLatin1StringView("/ratingbar/barright.Gif"), QLatin1StringView("barright.Gif")},
-        {QLatin1StringView("/ratingbar/baryes.Gif"), QLatin1StringView("baryes.Gif")},
-        {QLatin1StringView("/ratingbar/barno.Gif"), QLatin1StringView("barno.Gif")},
-        {QLatin1StringView("/ratingbar/barhalf.Gif"), QLatin1StringView("barhalf.Gif")},
+        {"/ratingbar/barNA.Gif"_L1, "BarNA.Gif"_L1},
+        {"/ratingbar/barleft.Gif"_L1, "barleft.Gif"_L1},
+        {"/ratingbar/barright.Gif"_L1, "barright.Gif"_L1},
+        {"/ratingbar/baryes.Gif"_L1, "baryes.Gif"_L1},
+        {"/ratingbar/barno.Gif"_L1, "barno.Gif"_L1},
+        {"/ratingbar/barhalf.Gif"_L1, "barhalf.Gif"_L1},
     }};
-    const QString images = AppPath() + QStringLiteral("/Export/Web/Images");
+    const QString images = AppPath() + u"/Export/Web/Images"_s;
     MakeDirs(images);
     for (const Copy& copy : kCopies) {
         const QString source = FindFileCaseBlind(SkinFolder(skin), copy.source);
@@ -356,11 +355,11 @@ QString PathForPage(const QString& path)
 {
     QString result = path;
     result.replace(u'\\', u'/');
-    result.replace(u'%', QLatin1StringView("%25")); // first, so that the others stay as they are written
-    result.replace(u'#', QLatin1StringView("%23"));
-    result.replace(u'?', QLatin1StringView("%3F"));
-    result.replace(u'"', QLatin1StringView("%22"));
-    result.replace(u'&', QLatin1StringView("%26")); // in an attribute it would begin an entity
+    result.replace(u'%', "%25"_L1); // first, so that the others stay as they are written
+    result.replace(u'#', "%23"_L1);
+    result.replace(u'?', "%3F"_L1);
+    result.replace(u'"', "%22"_L1);
+    result.replace(u'&', "%26"_L1); // in an attribute it would begin an entity
     return result;
 }
 

@@ -1,5 +1,6 @@
 #include "render/PageMessages.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "render/Pages.h"
 
@@ -12,8 +13,7 @@ namespace kelvado {
 
 namespace {
 
-constexpr std::array<QLatin1StringView, 3> kOutsideSchemes{
-    {QLatin1StringView("http"), QLatin1StringView("https"), QLatin1StringView("mailto")}};
+constexpr std::array<QLatin1StringView, 3> kOutsideSchemes{{"http"_L1, "https"_L1, "mailto"_L1}};
 
 const QString& Part(const QStringList& parts, qsizetype index)
 {
@@ -26,14 +26,14 @@ const QString& Part(const QStringList& parts, qsizetype index)
 
 void PageMessages::OnClick(const PageClick& click)
 {
-    if (click.id.contains(QLatin1StringView("SendMessage"))) {
+    if (click.id.contains("SendMessage"_L1)) {
         HandlePageMessage(click.id, click.controlDown);
         return;
     }
     // The page's own script takes care of these.
-    if (click.id.contains(QLatin1StringView("javascript")))
+    if (click.id.contains("javascript"_L1))
         return;
-    if (click.tagName.compare(QLatin1StringView("A"), Qt::CaseInsensitive) != 0)
+    if (click.tagName.compare("A"_L1, Qt::CaseInsensitive) != 0)
         return;
     const QUrl address(click.href);
     if (std::find(kOutsideSchemes.begin(), kOutsideSchemes.end(), address.scheme()) != kOutsideSchemes.end())
@@ -49,10 +49,10 @@ void PageMessages::HandlePageMessage(const QString& id, bool controlDown)
 {
     const QStringList parts = id.split(u':');
     const QString& command = Part(parts, 1);
-    if (command == QLatin1StringView("GOTO")) {
+    if (command == "GOTO"_L1) {
         m_host.SelectNode(u'"' + Part(parts, 2) + u'\n' + Part(parts, 3) + u'"');
         m_host.ShowSelection();
-    } else if (command == QLatin1StringView("PAGE_CREDITS")) {
+    } else if (command == "PAGE_CREDITS"_L1) {
         if (controlDown)
             m_host.PopupMenuAtCursor();
         else

@@ -1,6 +1,7 @@
 #include "render/Pages.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
@@ -44,11 +45,11 @@ QString PersonExtended(const FilmPerson& person, const QString&)
 }
 QString ActorMessage(const FilmPerson& person, const QString&)
 {
-    return kMessage + QLatin1StringView("ACTORID:") + QString::number(person.ID);
+    return kMessage + "ACTORID:"_L1 + QString::number(person.ID);
 }
 QString WriterMessage(const FilmPerson& person, const QString&)
 {
-    return kMessage + QLatin1StringView("WRITERID:") + QString::number(person.ID);
+    return kMessage + "WRITERID:"_L1 + QString::number(person.ID);
 }
 QString PersonAddress(const FilmPerson& person, const QString& siteAddress)
 {
@@ -65,27 +66,27 @@ struct CreditBlock
 
 // Templates rely on the odd ones among these: a writer's link is called `!!ACTORNAV!!`, and a director sends a writer's message.
 constexpr std::array<CreditBlock, 3> kCreditBlocks{{
-    {QLatin1StringView("<!--START_ACTOR_CREDIT-->"),
-     QLatin1StringView("<!--END_ACTOR_CREDIT-->"),
+    {"<!--START_ACTOR_CREDIT-->"_L1,
+     "<!--END_ACTOR_CREDIT-->"_L1,
      &FilmRecord::Actors,
-     {{{QLatin1StringView("!!ACTOR!!"), PersonName},
-       {QLatin1StringView("!!CHARACTER!!"), PersonCharacter},
-       {QLatin1StringView("!!ACTORNAV!!"), ActorMessage},
-       {QLatin1StringView("!!ACTORIMDB!!"), PersonAddress}}}},
-    {QLatin1StringView("<!--START_WRITER_CREDIT-->"),
-     QLatin1StringView("<!--END_WRITER_CREDIT-->"),
+     {{{"!!ACTOR!!"_L1, PersonName},
+       {"!!CHARACTER!!"_L1, PersonCharacter},
+       {"!!ACTORNAV!!"_L1, ActorMessage},
+       {"!!ACTORIMDB!!"_L1, PersonAddress}}}},
+    {"<!--START_WRITER_CREDIT-->"_L1,
+     "<!--END_WRITER_CREDIT-->"_L1,
      &FilmRecord::Writers,
-     {{{QLatin1StringView("!!WRITER!!"), PersonName},
-       {QLatin1StringView("!!EXTENDED!!"), PersonExtended},
-       {QLatin1StringView("!!ACTORNAV!!"), WriterMessage},
-       {QLatin1StringView("!!WRITERIMDB!!"), PersonAddress}}}},
-    {QLatin1StringView("<!--START_DIRECTOR_CREDIT-->"),
-     QLatin1StringView("<!--END_DIRECTOR_CREDIT-->"),
+     {{{"!!WRITER!!"_L1, PersonName},
+       {"!!EXTENDED!!"_L1, PersonExtended},
+       {"!!ACTORNAV!!"_L1, WriterMessage},
+       {"!!WRITERIMDB!!"_L1, PersonAddress}}}},
+    {"<!--START_DIRECTOR_CREDIT-->"_L1,
+     "<!--END_DIRECTOR_CREDIT-->"_L1,
      &FilmRecord::Directors,
-     {{{QLatin1StringView("!!DIRECTOR!!"), PersonName},
-       {QLatin1StringView("!!EXTENDED!!"), PersonExtended},
-       {QLatin1StringView("!!DIRECTORNAV!!"), WriterMessage},
-       {QLatin1StringView("!!DIRECTORIMDB!!"), PersonAddress}}}},
+     {{{"!!DIRECTOR!!"_L1, PersonName},
+       {"!!EXTENDED!!"_L1, PersonExtended},
+       {"!!DIRECTORNAV!!"_L1, WriterMessage},
+       {"!!DIRECTORIMDB!!"_L1, PersonAddress}}}},
 }};
 
 /// Puts one copy of the block for each person in the block's place. A text without both markers is left as it is.
@@ -120,8 +121,7 @@ QString FilmNumber(const QString& key)
 
 bool Pages::SkinIsXml() const
 {
-    return ReadProfileValue(QStringLiteral("Template"), QStringLiteral("Type"), SkinFile(QLatin1StringView("skin.ini"))) ==
-           QLatin1StringView("XML");
+    return ReadProfileValue(u"Template"_s, u"Type"_s, SkinFile("skin.ini"_L1)) == "XML"_L1;
 }
 
 QString Pages::SkinFile(QLatin1StringView name) const
@@ -144,7 +144,7 @@ QString Pages::PictureFor(std::int64_t imageId, Connection& connection)
     if (imageId != 0) {
         m_pictureCounter = m_pictureCounter % kPictures + 1;
         MakeDirs(TempFolder());
-        QString path = TempFolder() + QStringLiteral("/MImage") + QString::number(m_pictureCounter);
+        QString path = TempFolder() + u"/MImage"_s + QString::number(m_pictureCounter);
         try {
             return PathForPage(ExportImageFile(path, QString::number(imageId), connection));
         } catch (const RuntimeError& error) {
@@ -152,7 +152,7 @@ QString Pages::PictureFor(std::int64_t imageId, Connection& connection)
                 throw;
         }
     }
-    return PathForPage(SkinFile(QLatin1StringView("No Image.jpg")));
+    return PathForPage(SkinFile("No Image.jpg"_L1));
 }
 
 void Pages::ShowFilmPage()
@@ -163,14 +163,13 @@ void Pages::ShowFilmPage()
     Recordset film;
     film.Open(kFilmQuery + movieId, connection);
     if (SkinIsXml()) {
-        throw RuntimeError::WithDetail(kErrInvalidCall,
-                                       QStringLiteral("the skin \"%1\" shows films as XML, which is not supported").arg(m_state.skin));
+        throw RuntimeError::WithDetail(kErrInvalidCall, u"the skin \"%1\" shows films as XML, which is not supported"_s.arg(m_state.skin));
     }
-    std::optional<QString> text = ReadTemplate(QLatin1StringView("Templates/default.html"));
+    std::optional<QString> text = ReadTemplate("Templates/default.html"_L1);
     if (!text)
         return;
-    text->replace(QLatin1StringView("!!IMAGE!!"), PictureFor(film.Integer(film.ColumnIndex(u"Image_ID")), connection));
-    text->replace(QLatin1StringView("!!IMAGEBACK!!"), PictureFor(film.Integer(film.ColumnIndex(u"ImageBack_ID")), connection));
+    text->replace("!!IMAGE!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"Image_ID")), connection));
+    text->replace("!!IMAGEBACK!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"ImageBack_ID")), connection));
     FillFilmTokens(*text, film, {m_state.skin, SiteAddress(SettingsFile())});
     film.Close();
     FillGenreToken(*text, connection, movieId);
@@ -178,7 +177,7 @@ void Pages::ShowFilmPage()
     FillWriterTokens(*text, connection, movieId);
     FillActorTokens(*text, connection, movieId);
     FillProducerTokens(*text, connection, movieId);
-    text->replace(QLatin1StringView("!!NAVCREDITS!!"), kMessage + QLatin1StringView("PAGE_CREDITS:") + movieId);
+    text->replace("!!NAVCREDITS!!"_L1, kMessage + "PAGE_CREDITS:"_L1 + movieId);
     connection.Close();
     WritePageFile(*text, false);
 }
@@ -189,12 +188,12 @@ QString Pages::ShowCreditsPage(const QString& movieId)
     if (SkinIsXml())
         return WritePageFile(QString(), true);
 
-    const QString path = SkinFile(QLatin1StringView("Templates/credits.html"));
+    const QString path = SkinFile("Templates/credits.html"_L1);
     QString text = QFileInfo::exists(path) ? ReadWholeFile(path, m_dialogs) : QString();
     if (text.isEmpty()) {
-        m_dialogs.MessageBox(QStringLiteral("The credits template file for skin ") + m_state.skin +
-                                 QStringLiteral(" could not be located.  Please contact Kelvado support."),
-                             kBoxCritical, QStringLiteral("Credits Page Error"));
+        m_dialogs.MessageBox(u"The credits template file for skin "_s + m_state.skin +
+                                 u" could not be located.  Please contact Kelvado support."_s,
+                             kBoxCritical, u"Credits Page Error"_s);
         return QString();
     }
     const FilmRecord film = ReadFilm(number, m_state.CatalogPath());
@@ -210,21 +209,21 @@ void Pages::ShowNfoPage()
     connection.Open(ConnectionString(m_state.CatalogPath()));
     Recordset film;
     film.Open(kFilmQuery + FilmNumber(m_host.SelectedKey()), connection);
-    std::optional<QString> text = ReadTemplate(QLatin1StringView("Templates/nfo.html"));
+    std::optional<QString> text = ReadTemplate("Templates/nfo.html"_L1);
     if (!text)
         return;
     const Value nfo = film[u"Nfo"].Get();
     film.Close();
     connection.Close();
-    text->replace(QLatin1StringView("!!NFO!!"), nfo.IsNull() ? QStringLiteral("N/A") : nfo.Text());
-    const QString path = AppPath() + QStringLiteral("/htmltemp.html");
+    text->replace("!!NFO!!"_L1, nfo.IsNull() ? u"N/A"_s : nfo.Text());
+    const QString path = AppPath() + u"/htmltemp.html"_s;
     WriteWholeFile(path, *text);
     m_host.Navigate(path);
 }
 
 QString Pages::WritePageFile(const QString& text, bool xml)
 {
-    const QString name = QStringLiteral("htmltemp%1.%2").arg(m_pageCounter).arg(xml ? QLatin1StringView("xml") : QLatin1StringView("html"));
+    const QString name = u"htmltemp%1.%2"_s.arg(m_pageCounter).arg(xml ? "xml"_L1 : "html"_L1);
     QString path = TempFolder() + u'/' + name;
     MakeDirs(TempFolder());
     WriteWholeFile(path, text);

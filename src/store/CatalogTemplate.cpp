@@ -1,5 +1,6 @@
 #include "store/CatalogTemplate.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <QFile>
@@ -15,7 +16,7 @@ namespace {
 
 [[noreturn]] void Raise(const QString& reason, const QString& path)
 {
-    throw RuntimeError(kErrDatabase, reason + QStringLiteral(" (") + path + u')');
+    throw RuntimeError(kErrDatabase, reason + u" ("_s + path + u')');
 }
 
 void RunSchema(const QString& path, const QString& schemaSql)
@@ -40,7 +41,7 @@ void RemoveWithSideFiles(const QString& path, bool fileToo)
 
 void BuildBlankCatalog(const QString& path, const QString& schemaSql)
 {
-    const QString unfinished = path + QStringLiteral(".new");
+    const QString unfinished = path + u".new"_s;
     RemoveWithSideFiles(unfinished, true);
     try {
         RunSchema(unfinished, schemaSql);

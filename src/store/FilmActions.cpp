@@ -1,5 +1,6 @@
 #include "store/FilmActions.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
 
@@ -34,38 +35,37 @@ void DeleteFilm(const QString& movieId, const QString& catalogPath)
 {
     Connection connection;
     connection.Open(ConnectionString(catalogPath));
-    DeleteRows(connection, QStringLiteral("SELECT * FROM GenreLink WHERE Movie_ID  = ") + movieId);
-    DeleteRows(connection, QStringLiteral("SELECT * FROM ActorLink WHERE Movie_ID = ") + movieId);
-    DeleteRows(connection, QStringLiteral("SELECT * FROM DirectorLink WHERE Movie_ID = ") + movieId);
-    DeleteRows(connection, QStringLiteral("SELECT * FROM WriterLink WHERE Movie_ID = ") + movieId);
+    DeleteRows(connection, u"SELECT * FROM GenreLink WHERE Movie_ID  = "_s + movieId);
+    DeleteRows(connection, u"SELECT * FROM ActorLink WHERE Movie_ID = "_s + movieId);
+    DeleteRows(connection, u"SELECT * FROM DirectorLink WHERE Movie_ID = "_s + movieId);
+    DeleteRows(connection, u"SELECT * FROM WriterLink WHERE Movie_ID = "_s + movieId);
     Recordset film;
-    film.Open(QStringLiteral("SELECT * FROM Movie WHERE Movie_ID  = ") + movieId, connection);
+    film.Open(u"SELECT * FROM Movie WHERE Movie_ID  = "_s + movieId, connection);
     if (film.Eof())
         throw RuntimeError(kErrNoCurrentRecord);
     const Value picture = film[u"Image_ID"].Get();
     film.Delete();
     film.Close();
     if (!picture.IsNull())
-        DeleteRows(connection, QStringLiteral("SELECT * FROM Images WHERE Image_ID  = ") + picture.Text());
-    DeleteRows(connection, QStringLiteral("SELECT ProducerLink.* FROM ProducerLink WHERE Movie_ID = ") + movieId);
-    DeleteRows(connection, QStringLiteral("SELECT CompanyLink.* FROM CompanyLink WHERE Movie_ID = ") + movieId);
+        DeleteRows(connection, u"SELECT * FROM Images WHERE Image_ID  = "_s + picture.Text());
+    DeleteRows(connection, u"SELECT ProducerLink.* FROM ProducerLink WHERE Movie_ID = "_s + movieId);
+    DeleteRows(connection, u"SELECT CompanyLink.* FROM CompanyLink WHERE Movie_ID = "_s + movieId);
     connection.Close();
 }
 
 void MoveFilmToRequests(const QString& movieId, const QString& catalogPath)
 {
-    SetColumn(QStringLiteral("SELECT Movie.* FROM Movie WHERE Movie.Movie_ID  = ") + movieId, u"Format", QStringLiteral("Request"),
-              catalogPath);
+    SetColumn(u"SELECT Movie.* FROM Movie WHERE Movie.Movie_ID  = "_s + movieId, u"Format", u"Request"_s, catalogPath);
 }
 
 void MoveFilmToMovies(const QString& movieId, const QString& catalogPath)
 {
-    SetColumn(QStringLiteral("SELECT * FROM Movie WHERE Movie_ID  = ") + movieId, u"Format", Value(), catalogPath);
+    SetColumn(u"SELECT * FROM Movie WHERE Movie_ID  = "_s + movieId, u"Format", Value(), catalogPath);
 }
 
 void AddToMovieNight(const QString& movieId, const QString& catalogPath)
 {
-    SetColumn(QStringLiteral("SELECT * FROM Movie WHERE Movie_ID = ") + movieId, u"MovieNight", 1, catalogPath);
+    SetColumn(u"SELECT * FROM Movie WHERE Movie_ID = "_s + movieId, u"MovieNight", 1, catalogPath);
 }
 
 void ClearMovieNight(const QString& catalogPath)
@@ -73,7 +73,7 @@ void ClearMovieNight(const QString& catalogPath)
     Connection connection;
     connection.Open(ConnectionString(catalogPath));
     Recordset films;
-    for (films.Open(QStringLiteral("SELECT * FROM Movie WHERE MovieNight = 1"), connection); !films.Eof(); films.MoveNext()) {
+    for (films.Open(u"SELECT * FROM Movie WHERE MovieNight = 1"_s, connection); !films.Eof(); films.MoveNext()) {
         films[u"MovieNight"].Set(0);
         films.Update();
     }

@@ -1,5 +1,6 @@
 #include "store/JetSql.h"
 
+#include "core/Literals.h"
 #include "store/JetFunctions.h"
 
 #include <algorithm>
@@ -211,7 +212,7 @@ private:
         const std::size_t at = IsAnyWord(1, {u"DISTINCT", u"ALL"}) ? 2 : 1;
         if (!IsWord(at, u"TOP") || at + 1 >= m_tokens.size() || m_tokens[at + 1].kind != TokenKind::Number)
             return;
-        m_limit = QStringLiteral(" LIMIT ") + m_tokens[at + 1].text.toString();
+        m_limit = u" LIMIT "_s + m_tokens[at + 1].text.toString();
         Erase(at, at + 2);
     }
 

@@ -1,5 +1,6 @@
 #include "store/Statement.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <sqlite3.h>
@@ -10,13 +11,13 @@ namespace kelvado {
 
 void RaiseEngineError(sqlite3* database, const QString& path)
 {
-    throw RuntimeError(kErrDatabase, QString::fromUtf8(sqlite3_errmsg(database)) + QStringLiteral(" (") + path + u')');
+    throw RuntimeError(kErrDatabase, QString::fromUtf8(sqlite3_errmsg(database)) + u" ("_s + path + u')');
 }
 
 QString QuotedName(const QString& name)
 {
     QString inner = name;
-    return u'"' + inner.replace(u'"', QStringLiteral("\"\"")) + u'"';
+    return u'"' + inner.replace(u'"', u"\"\""_s) + u'"';
 }
 
 Statement::Statement(sqlite3* database, const QString& path, const QString& sql) : m_database(database), m_path(path)
@@ -26,10 +27,10 @@ Statement::Statement(sqlite3* database, const QString& path, const QString& sql)
     if (sqlite3_prepare_v2(database, text.constData(), static_cast<int>(text.size()), &m_handle, &rest) != SQLITE_OK)
         RaiseEngineError(database, path);
     if (!m_handle)
-        throw RuntimeError(kErrDatabase, QStringLiteral("the statement is empty (") + path + u')');
+        throw RuntimeError(kErrDatabase, u"the statement is empty ("_s + path + u')');
     if (rest != text.constEnd()) {
         sqlite3_finalize(m_handle);
-        throw RuntimeError(kErrDatabase, QStringLiteral("Characters found after end of SQL statement. (") + path + u')');
+        throw RuntimeError(kErrDatabase, u"Characters found after end of SQL statement. ("_s + path + u')');
     }
 }
 

@@ -1,5 +1,6 @@
 #include "store/mStatusBar.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
 
@@ -57,10 +58,10 @@ void StatusTexts::Recount(const QString& catalogPath)
 void StatusTexts::TakeView(const AppState& state)
 {
     const cOptView& view = state.gOptions->View;
-    Text(StatusCell::PrimaryMethod) = QStringLiteral("Primary Sort: ") + BehindThePoint(view.PrimarySort);
-    Text(StatusCell::SecondaryMethod) = QStringLiteral("Secondary Sort: ") + BehindThePoint(view.SecondarySort);
-    Text(StatusCell::ViewMethod) = QStringLiteral("View Mode: ") + view.ViewMode;
-    Text(StatusCell::Filters) = QStringLiteral("Active Filters: ") + QString::number(state.FilterCount);
+    Text(StatusCell::PrimaryMethod) = u"Primary Sort: "_s + BehindThePoint(view.PrimarySort);
+    Text(StatusCell::SecondaryMethod) = u"Secondary Sort: "_s + BehindThePoint(view.SecondarySort);
+    Text(StatusCell::ViewMethod) = u"View Mode: "_s + view.ViewMode;
+    Text(StatusCell::Filters) = u"Active Filters: "_s + QString::number(state.FilterCount);
 }
 
 QStringList StatusTexts::Shown(const cOptStatus& options) const

@@ -1,5 +1,7 @@
 #include "ui/AppStyle.h"
 
+#include "core/Literals.h"
+
 #include <QIcon>
 #include <QPainter>
 #include <QStyleOption>
@@ -50,7 +52,7 @@ QPixmap PaintSign(const Sign& sign, int scale)
 
 } // namespace
 
-AppStyle::AppStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+AppStyle::AppStyle() : QProxyStyle(u"Fusion"_s) {}
 
 int AppStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const
 {

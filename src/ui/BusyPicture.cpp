@@ -1,5 +1,6 @@
 #include "ui/BusyPicture.h"
 
+#include "core/Literals.h"
 #include "core/Paths.h"
 
 #include <QFileInfo>
@@ -24,11 +25,11 @@ BusyPicture::~BusyPicture() = default;
 void BusyPicture::Load(const QString& folder)
 {
     const auto find = [&](const QString& name) {
-        const QString sharp = FindFileCaseBlind(folder, name + QStringLiteral("@2x.gif"));
-        return devicePixelRatioF() > 1 && QFileInfo::exists(sharp) ? sharp : FindFileCaseBlind(folder, name + QStringLiteral(".gif"));
+        const QString sharp = FindFileCaseBlind(folder, name + u"@2x.gif"_s);
+        return devicePixelRatioF() > 1 && QFileInfo::exists(sharp) ? sharp : FindFileCaseBlind(folder, name + u".gif"_s);
     };
-    m_working = std::make_unique<QMovie>(find(QStringLiteral("working")));
-    m_stop = std::make_unique<QMovie>(find(QStringLiteral("stop")));
+    m_working = std::make_unique<QMovie>(find(u"working"_s));
+    m_stop = std::make_unique<QMovie>(find(u"stop"_s));
     connect(m_working.get(), &QMovie::frameChanged, this, [this] { update(); });
     m_stop->jumpToFrame(0);
     SetBusy(m_busy);

@@ -1,5 +1,7 @@
 #include "ui/DatePicker.h"
 
+#include "core/Literals.h"
+
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QHBoxLayout>
@@ -44,7 +46,7 @@ DatePicker::DatePicker(QWidget* parent)
     row->addWidget(m_present);
     row->addWidget(m_field, 1);
     m_field->setCalendarPopup(true);
-    m_field->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
+    m_field->setDisplayFormat(u"yyyy-MM-dd"_s);
     m_field->setMinimumDate(kFirstDay);
     setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(m_present);
@@ -81,7 +83,7 @@ void DatePicker::ShowDate(bool present)
     // The date that is switched off comes back when it is switched on again.
     if (!present && m_field->date() != kFirstDay)
         m_offer = m_field->date();
-    m_field->setSpecialValueText(present ? QString() : QStringLiteral(" "));
+    m_field->setSpecialValueText(present ? QString() : u" "_s);
     m_field->setDate(present ? m_offer : kFirstDay);
     m_field->setEnabled(present);
 }

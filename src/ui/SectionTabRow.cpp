@@ -1,5 +1,6 @@
 #include "ui/SectionTabRow.h"
 
+#include "core/Literals.h"
 #include "core/WindowLayout.h"
 #include "ui/SkinPictures.h"
 
@@ -82,8 +83,8 @@ SectionTabRow::SectionTabRow(QWidget* parent) : QWidget(parent)
         piece->setCursor(Qt::PointingHandCursor);
         connect(piece, &QAbstractButton::clicked, this, [this, section = QString(info.section)] { Q_EMIT TabClick(section); });
     }
-    m_spacer = new TabImage(QStringLiteral("ImgTabSpacer"), this);
-    m_right = new TabImage(QStringLiteral("ImgTabRight"), this);
+    m_spacer = new TabImage(u"ImgTabSpacer"_s, this);
+    m_right = new TabImage(u"ImgTabRight"_s, this);
 }
 
 void SectionTabRow::LoadPictures(const QString& skin, const TabPictures& pictures)
@@ -95,8 +96,8 @@ void SectionTabRow::LoadPictures(const QString& skin, const TabPictures& picture
 
 void SectionTabRow::LoadEnds(const QString& skin)
 {
-    m_spacer->SetPicture(LoadSkinPicture(skin, QStringLiteral("ToolSpacer.bmp"), devicePixelRatioF()));
-    m_right->SetPicture(LoadSkinPicture(skin, QStringLiteral("ToolRight.bmp"), devicePixelRatioF()));
+    m_spacer->SetPicture(LoadSkinPicture(skin, u"ToolSpacer.bmp"_s, devicePixelRatioF()));
+    m_right->SetPicture(LoadSkinPicture(skin, u"ToolRight.bmp"_s, devicePixelRatioF()));
     Arrange();
 }
 

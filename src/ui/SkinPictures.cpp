@@ -1,5 +1,6 @@
 #include "ui/SkinPictures.h"
 
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 
@@ -13,7 +14,7 @@ namespace {
 QString DoubleSizeName(const QString& name)
 {
     const qsizetype point = name.lastIndexOf(u'.');
-    return name.left(point) + QStringLiteral("@2x") + name.mid(point);
+    return name.left(point) + u"@2x"_s + name.mid(point);
 }
 
 } // namespace

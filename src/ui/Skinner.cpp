@@ -1,5 +1,6 @@
 #include "ui/Skinner.h"
 
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
@@ -113,9 +114,8 @@ QColor ParseColor(const QString& text)
 
 QString Skinner::Read(const char* section, const char* key) const
 {
-    const QString skin = m_skin.isEmpty() ? ReadProfileValue(QStringLiteral("Settings"), QStringLiteral("Skin"), SettingsFile()) : m_skin;
-    return ReadProfileValue(QString::fromLatin1(section), QString::fromLatin1(key),
-                            FindFileCaseBlind(SkinFolder(skin), QStringLiteral("skin.ini")));
+    const QString skin = m_skin.isEmpty() ? ReadProfileValue(u"Settings"_s, u"Skin"_s, SettingsFile()) : m_skin;
+    return ReadProfileValue(QString::fromLatin1(section), QString::fromLatin1(key), FindFileCaseBlind(SkinFolder(skin), u"skin.ini"_s));
 }
 
 void Skinner::ApplySkin(const QString& skin)
@@ -147,10 +147,10 @@ void Skinner::InstallSkinFont() const
     // A font made known to this process goes with it, so it is registered at every start; the marker says that the skin has been used.
     if (named && QFileInfo(path).isFile())
         QFontDatabase::addApplicationFont(path);
-    if (QFileInfo::exists(folder + QStringLiteral("/install.skn")))
+    if (QFileInfo::exists(folder + u"/install.skn"_s))
         return;
     try {
-        WriteFileWhole(folder + QStringLiteral("/install.skn"), {});
+        WriteFileWhole(folder + u"/install.skn"_s, {});
     } catch (const RuntimeError&) {
         // A skin in a read-only folder works as well without its marker.
     }
@@ -199,9 +199,9 @@ QPalette Skinner::WindowPalette() const
 QPalette Skinner::MenuPalette() const
 {
     QPalette palette = WindowPalette();
-    const QColor back = GetMenuColor(QStringLiteral("MENU_BACK"));
-    const QColor bar = GetMenuColor(QStringLiteral("MENUBAR_BACK"));
-    const QColor highlight = GetMenuColor(QStringLiteral("MENU_HIGHLIGHT"));
+    const QColor back = GetMenuColor(u"MENU_BACK"_s);
+    const QColor bar = GetMenuColor(u"MENUBAR_BACK"_s);
+    const QColor highlight = GetMenuColor(u"MENU_HIGHLIGHT"_s);
     palette.setColor(QPalette::Base, back);
     palette.setColor(QPalette::Window, back);
     palette.setColor(QPalette::Button, bar);

@@ -1,5 +1,7 @@
 #include "ui/StatusCells.h"
 
+#include "core/Literals.h"
+
 #include <QPainter>
 
 namespace kelvado {
@@ -21,8 +23,8 @@ StatusCells::StatusCells(QWidget* parent) : QWidget(parent)
 void StatusCells::SetCells(const QStringList& cells)
 {
     m_cells = cells;
-    setAccessibleName(cells.join(QStringLiteral(", ")));
-    setToolTip(cells.join(u'\n').toHtmlEscaped().replace(u'\n', QStringLiteral("<br>"))); // also those that do not fit
+    setAccessibleName(cells.join(u", "_s));
+    setToolTip(cells.join(u'\n').toHtmlEscaped().replace(u'\n', u"<br>"_s)); // also those that do not fit
     update();
 }
 

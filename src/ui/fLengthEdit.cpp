@@ -1,5 +1,6 @@
 #include "ui/fLengthEdit.h"
 
+#include "core/Literals.h"
 #include "ui_fLengthEdit.h"
 
 namespace kelvado {
@@ -8,10 +9,10 @@ fLengthEdit::fLengthEdit(const QString& value, qsizetype size, const QString& co
     : QDialog(parent), m_ui(std::make_unique<Ui::fLengthEdit>()), m_size(size)
 {
     m_ui->setupUi(this);
-    m_ui->lblInfo->setText(QStringLiteral("The Information Retrived For ") + column +
-                           QStringLiteral(" Is To Long To Fit Into The Database. "
-                                          "Please Edit The Information Information "
-                                          "So That It Will Fit Into The Database."));
+    m_ui->lblInfo->setText(u"The Information Retrived For "_s + column +
+                           u" Is To Long To Fit Into The Database. "
+                           "Please Edit The Information Information "
+                           "So That It Will Fit Into The Database."_s);
     m_ui->txtEdit->setPlainText(value);
     m_ui->lblRLen->setText(QString::number(size));
     m_ui->lblCLen->setText(QString::number(Text().size()));

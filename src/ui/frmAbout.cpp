@@ -1,5 +1,7 @@
 #include "ui/frmAbout.h"
 
+#include "core/Literals.h"
+
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPainter>
@@ -11,7 +13,7 @@ namespace kelvado {
 // A splash takes no keys, so above another window it is a dialog.
 frmAbout::frmAbout(QWidget* parent) : QWidget(parent, (parent ? Qt::Dialog : Qt::SplashScreen) | Qt::FramelessWindowHint)
 {
-    setObjectName(QStringLiteral("frmAbout"));
+    setObjectName(u"frmAbout"_s);
     setAccessibleName(ProductName());
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(40, 32, 40, 32);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Literals.h"
 #include "core/Version.h"
 
 #include <QWidget>
@@ -14,8 +15,8 @@ class frmAbout : public QWidget
 public:
     explicit frmAbout(QWidget* parent = nullptr);
 
-    static QString ProductName() { return QStringLiteral("Kelvado"); }
-    static QString Version() { return QStringLiteral("2.0"); }
+    static QString ProductName() { return u"Kelvado"_s; }
+    static QString Version() { return u"2.0"_s; }
     static int BuildNumber() { return kBuildNumber; }
 
 protected:

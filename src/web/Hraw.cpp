@@ -1,5 +1,6 @@
 #include "web/Hraw.h"
 
+#include "core/Literals.h"
 #include "web/HttpAnswer.h"
 #include "web/cHTTP.h"
 
@@ -15,7 +16,7 @@ QString Hraw::Get_HTML(const QString& url)
 {
     if (!url.isEmpty()) {
         m_http.SetUrl(url);
-        m_http.SetUserAgent(QStringLiteral("Mozilla/4.0 (compatible; MSIE 5.0; Windows 98; DigExt)"));
+        m_http.SetUserAgent(u"Mozilla/4.0 (compatible; MSIE 5.0; Windows 98; DigExt)"_s);
         m_htmlDoc = m_http.GetData();
     }
     return m_htmlDoc;

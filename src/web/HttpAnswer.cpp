@@ -1,5 +1,6 @@
 #include "web/HttpAnswer.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <QEventLoop>
@@ -40,7 +41,7 @@ QNetworkRequest RequestFor(const QUrl& address, const QString& userAgent, const 
 HttpAnswer FetchAnswer(QNetworkAccessManager& network, const QString& url, const QString& userAgent, const NetworkLimits& limits)
 {
     const QUrl address(url);
-    if (!address.isValid() || (address.scheme() != QLatin1StringView("http") && address.scheme() != QLatin1StringView("https")))
+    if (!address.isValid() || (address.scheme() != "http"_L1 && address.scheme() != "https"_L1))
         return {};
 
     const std::unique_ptr<QNetworkReply> reply(network.get(RequestFor(address, userAgent, limits)));

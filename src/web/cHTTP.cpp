@@ -1,6 +1,7 @@
 #include "web/cHTTP.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/Version.h"
 #include "web/HttpAnswer.h"
 
@@ -15,7 +16,7 @@ QString cHTTP::UserAgent() const
 {
     if (!m_userAgent.isEmpty())
         return m_userAgent;
-    return QStringLiteral("Mozilla/4.0 (compatible; KelDB %1.%2; Win32;)").arg(kMajorVersion).arg(kMinorVersion);
+    return u"Mozilla/4.0 (compatible; KelDB %1.%2; Win32;)"_s.arg(kMajorVersion).arg(kMinorVersion);
 }
 
 void cHTTP::SetUrl(const QString& /*url*/) {}

@@ -1,5 +1,7 @@
 #include "web/mWeb.h"
 
+#include "core/Literals.h"
+
 #include <algorithm>
 #include <array>
 
@@ -7,7 +9,7 @@ namespace kelvado {
 
 void OpenInBrowser(const QString& url, const std::function<void(const QUrl& address)>& open)
 {
-    constexpr std::array kSchemes{QLatin1StringView("http"), QLatin1StringView("https"), QLatin1StringView("mailto")};
+    constexpr std::array kSchemes{"http"_L1, "https"_L1, "mailto"_L1};
     const QUrl address(url);
     if (address.isValid() && std::ranges::find(kSchemes, address.scheme()) != kSchemes.end())
         open(address);

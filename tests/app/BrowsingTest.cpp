@@ -1,4 +1,5 @@
 #include "MainWindow.h"
+#include "core/Literals.h"
 #include "render/forms/frmPageView.h"
 
 #include <QLabel>
@@ -40,18 +41,18 @@ TEST_F(MainWindow, MenusAndButtonsFollowTheCatalogAndTheSelection)
     const std::string always = "Save Refresh AddFilter ";
     Start();
     EXPECT_EQ(on(), always + "AddIMDb AddManual");
-    ClickNode(QStringLiteral("A"));
+    ClickNode(u"A"_s);
     EXPECT_EQ(on(), always + "AddIMDb AddManual");
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     EXPECT_EQ(on(), "Back " + always + "Delete AddIMDb AddManual mnuEdit mnuLoansE mnuDeleteE MnuViewNfo mnuLoanMovieE mnuUpdateMovieInfo");
-    ClickNode(QStringLiteral("2001"));
+    ClickNode(u"2001"_s);
     EXPECT_EQ(on(), "Back " + always + "Delete AddIMDb AddManual mnuEdit mnuLoansE mnuDeleteE mnuLoanReturnE mnuMovieRetrieve");
-    Tree().expand(Node(QStringLiteral("Alien")));
-    ClickNode(QStringLiteral("Sigourney Weaver"));
+    Tree().expand(Node(u"Alien"_s));
+    ClickNode(u"Sigourney Weaver"_s);
     EXPECT_EQ(on(), "Back " + always + "AddIMDb AddManual mnuEdit mnuActorRetreive");
-    EXPECT_EQ(Get<QLabel>("ID").text(), QStringLiteral("11"));
+    EXPECT_EQ(Get<QLabel>("ID").text(), u"11"_s);
     Key(Qt::Key_Down); // a person without an address, by keyboard
-    EXPECT_EQ(Get<QLabel>("ID").text(), QStringLiteral("12"));
+    EXPECT_EQ(Get<QLabel>("ID").text(), u"12"_s);
     EXPECT_EQ(on(), "Back " + always + "AddIMDb AddManual mnuEdit");
     Key(Qt::Key_Home);
     EXPECT_EQ(on(), "Back " + always + "AddIMDb AddManual");
@@ -60,40 +61,40 @@ TEST_F(MainWindow, MenusAndButtonsFollowTheCatalogAndTheSelection)
 TEST_F(MainWindow, EveryClickOnAFilmMakesAPageAndAStep)
 {
     Start();
-    ClickNode(QStringLiteral("Alien"));
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Alien"));
-    EXPECT_EQ(Get<QLabel>("ID").text(), QStringLiteral("1"));
-    ClickNode(QStringLiteral("Alien"));
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp1.html")).contains(u"Alien"));
-    ClickNode(QStringLiteral("Brazil"));
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp2.html")).contains(u"Brazil"));
+    ClickNode(u"Alien"_s);
+    EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
+    EXPECT_EQ(Get<QLabel>("ID").text(), u"1"_s);
+    ClickNode(u"Alien"_s);
+    EXPECT_TRUE(Page(u"/temp/htmltemp1.html"_s).contains(u"Alien"));
+    ClickNode(u"Brazil"_s);
+    EXPECT_TRUE(Page(u"/temp/htmltemp2.html"_s).contains(u"Brazil"));
     const History& history = window->State().history;
-    EXPECT_EQ(history.At(1).key, QStringLiteral("\"2\n66\""));
-    EXPECT_EQ(history.At(3).page, QStringLiteral("htmltemp0.html"));
+    EXPECT_EQ(history.At(1).key, u"\"2\n66\""_s);
+    EXPECT_EQ(history.At(3).page, u"htmltemp0.html"_s);
 
     Press("Back");
     Press("Back");
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Alien"));
-    EXPECT_EQ(Tree().Selected(), Node(QStringLiteral("Alien")));
+    EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
+    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s));
     EXPECT_FALSE(IsOn("Back"));
     EXPECT_TRUE(IsOn("Forward"));
     Press("Back"); // disabled
     EXPECT_EQ(history.Position(), 3);
     Press("Forward");
     Press("Forward");
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp2.html")).contains(u"Brazil"));
-    EXPECT_EQ(Tree().Selected(), Node(QStringLiteral("Brazil")));
+    EXPECT_TRUE(Page(u"/temp/htmltemp2.html"_s).contains(u"Brazil"));
+    EXPECT_EQ(Tree().Selected(), Node(u"Brazil"_s));
     EXPECT_FALSE(IsOn("Forward"));
-    EXPECT_FALSE(QFileInfo::exists(home.Path(QStringLiteral("temp/htmltemp3.html")))); // walking makes no page
+    EXPECT_FALSE(QFileInfo::exists(home.Path(u"temp/htmltemp3.html"_s))); // walking makes no page
 
-    ClickNode(QStringLiteral("B")); // a group
-    EXPECT_EQ(Page(QStringLiteral("about:blank")), QString());
+    ClickNode(u"B"_s); // a group
+    EXPECT_EQ(Page(u"about:blank"_s), QString());
 }
 
 TEST_F(MainWindow, TabsChangeTheSection)
 {
     Start();
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     Press("ImgTabMovieGrab");
     EXPECT_FALSE(Tree().isEnabled());
     EXPECT_TRUE(Get("picGrabSelect").isVisible());
@@ -105,49 +106,48 @@ TEST_F(MainWindow, TabsChangeTheSection)
     Press("ImgTabActorInfo"); // a film is selected, no person
     EXPECT_EQ(TakeMessages(), "64 : No Kelvado Catolog is open");
     EXPECT_EQ(window->State().CurrentSection, kActorInfo);
-    ClickNode(QStringLiteral("Brazil"));
+    ClickNode(u"Brazil"_s);
     EXPECT_EQ(window->State().CurrentSection, kMovieEdit);
     Press("ImgTabMovieList");
     EXPECT_TRUE(window->PageView().isVisible());
     EXPECT_FALSE(Get("FormScroll").isVisible());
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp1.html")).contains(u"Brazil"));
+    EXPECT_TRUE(Page(u"/temp/htmltemp1.html"_s).contains(u"Brazil"));
     Press("AddIMDb");
     EXPECT_EQ(window->State().CurrentSection, kMovieGrab);
 }
 
 TEST_F(MainWindow, PagesLeadToNodesAndCredits)
 {
-    home.Write(QStringLiteral("Skins/Default XP/Templates/default.html"),
-               "<p><a class=brazil id=\"SendMessage:GOTO:2:66\" href=#>!!TITLE!!</a>"
-               "<p><a class=person id=\"SendMessage:GOTO:1:11\" href=#>person</a>"
-               "<p><a class=credits id=\"!!NAVCREDITS!!\" href=#>credits</a>");
+    home.Write(u"Skins/Default XP/Templates/default.html"_s, "<p><a class=brazil id=\"SendMessage:GOTO:2:66\" href=#>!!TITLE!!</a>"
+                                                             "<p><a class=person id=\"SendMessage:GOTO:1:11\" href=#>person</a>"
+                                                             "<p><a class=credits id=\"!!NAVCREDITS!!\" href=#>credits</a>");
     Start();
-    ClickNode(QStringLiteral("Alien"));
-    Page(QStringLiteral("/temp/htmltemp0.html"));
+    ClickNode(u"Alien"_s);
+    Page(u"/temp/htmltemp0.html"_s);
     ClickInPage(".person"); // the film's cast has not been fetched
     ASSERT_TRUE(QTest::qWaitFor([&] { return !dialogs.boxes.isEmpty(); }));
     EXPECT_THAT(TakeMessages(), ::testing::HasSubstr("'35601'"));
-    Tree().expand(Node(QStringLiteral("Alien")));
+    Tree().expand(Node(u"Alien"_s));
     ClickInPage(".person");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Tree().Selected() == Node(QStringLiteral("Sigourney Weaver")); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Tree().Selected() == Node(u"Sigourney Weaver"_s); }));
     ClickInPage(".credits");
-    const QString credits = Page(QStringLiteral("/temp/htmltemp1.html"));
+    const QString credits = Page(u"/temp/htmltemp1.html"_s);
     EXPECT_TRUE(credits.contains(u"Ripley") && credits.contains(u"Tom Skerritt")) << qPrintable(credits);
-    EXPECT_EQ(window->State().history.At(1).key, QStringLiteral("\"1\n11\""));
-    ClickNode(QStringLiteral("Alien"));
-    Page(QStringLiteral("/temp/htmltemp2.html"));
+    EXPECT_EQ(window->State().history.At(1).key, u"\"1\n11\""_s);
+    ClickNode(u"Alien"_s);
+    Page(u"/temp/htmltemp2.html"_s);
     ClickInPage(".brazil");
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp3.html")).contains(u"Brazil"));
-    EXPECT_EQ(Tree().Selected(), Node(QStringLiteral("Brazil")));
+    EXPECT_TRUE(Page(u"/temp/htmltemp3.html"_s).contains(u"Brazil"));
+    EXPECT_EQ(Tree().Selected(), Node(u"Brazil"_s));
 }
 
 TEST_F(MainWindow, TheNfoIsAPageAndNoStep)
 {
     Start();
-    ClickNode(QStringLiteral("Alien"));
-    Page(QStringLiteral("/temp/htmltemp0.html"));
+    ClickNode(u"Alien"_s);
+    Page(u"/temp/htmltemp0.html"_s);
     Choose("mnuView", "MnuViewNfo");
-    EXPECT_TRUE(Page(QStringLiteral("/htmltemp.html")).contains(u"Seen in the dark."));
+    EXPECT_TRUE(Page(u"/htmltemp.html"_s).contains(u"Seen in the dark."));
     EXPECT_EQ(window->State().history.At(2).key, QString());
 }
 
@@ -155,12 +155,12 @@ TEST_F(MainWindow, AMenuOpensOverAFilmByMouseAndKeyboard)
 {
     Start();
     auto& menu = Get<QMenu>("mnuTreeview");
-    Tree().expand(Node(QStringLiteral("A")));
+    Tree().expand(Node(u"A"_s));
     QWidget* viewport = Tree().viewport();
-    const QPoint place = Tree().visualRect(Node(QStringLiteral("Alien"))).center();
+    const QPoint place = Tree().visualRect(Node(u"Alien"_s)).center();
     QTest::mouseClick(window->windowHandle(), Qt::RightButton, {}, viewport->mapTo(window.get(), place));
     ASSERT_TRUE(QTest::qWaitFor([&] { return menu.isVisible(); }));
-    EXPECT_EQ(Tree().Selected(), Node(QStringLiteral("Alien")));
+    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s));
     EXPECT_TRUE(Entry("mnuDelete").isEnabled());
     QTest::keyClick(&menu, Qt::Key_Escape);
     EXPECT_FALSE(menu.isVisible());
@@ -173,21 +173,17 @@ TEST_F(MainWindow, AMenuOpensOverAFilmByMouseAndKeyboard)
 
 TEST_F(MainWindow, HostileTitlesShowInTreeAndPage)
 {
-    const QStringList titles = {QString(10000, u'x'),
-                                QStringLiteral("\"Quoted\" & 'tied' <b>bold</b>"),
-                                QStringLiteral("one\ntwo\r\nthree"),
-                                QStringLiteral("100% %1 $& \\1"),
-                                QStringLiteral("Броненосец «Потёмкин»"),
-                                QStringLiteral("東京物語 🎬"),
-                                QStringLiteral("'; DROP TABLE Movie; --")};
+    const QStringList titles = {QString(10000, u'x'),        u"\"Quoted\" & 'tied' <b>bold</b>"_s, u"one\ntwo\r\nthree"_s,
+                                u"100% %1 $& \\1"_s,         u"Броненосец «Потёмкин»"_s,           u"東京物語 🎬"_s,
+                                u"'; DROP TABLE Movie; --"_s};
     for (QString title : titles)
-        catalog.Run(QStringLiteral("INSERT INTO Movie (Title) VALUES ('%1')").arg(title.replace(u'\'', QStringLiteral("''"))).toUtf8());
+        catalog.Run(u"INSERT INTO Movie (Title) VALUES ('%1')"_s.arg(title.replace(u'\'', u"''"_s)).toUtf8());
     Start();
     int page = 0;
     for (const QString& title : titles) {
         SCOPED_TRACE(qPrintable(title.left(60)));
         ClickNode(title.simplified());
-        const QString text = Page(QStringLiteral("/temp/htmltemp%1.html").arg(page++)).simplified();
+        const QString text = Page(u"/temp/htmltemp%1.html"_s.arg(page++)).simplified();
         EXPECT_TRUE(text.contains(title.simplified())) << qPrintable(text.left(300));
     }
 }

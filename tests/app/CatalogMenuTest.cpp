@@ -1,5 +1,7 @@
 #include "MainWindow.h"
 
+#include "core/Literals.h"
+
 namespace kelvado {
 namespace {
 
@@ -12,11 +14,11 @@ TEST_F(MainWindow, NewMakesABlankCatalogAndAsksBeforeItOverwrites)
 {
     Set("Settings", "Default", {});
     Start();
-    const QString fresh = home.Path(QStringLiteral("fresh.kvd"));
+    const QString fresh = home.Path(u"fresh.kvd"_s);
     dialogs.files << fresh;
     Choose("mnuFile", "mnuNew");
     EXPECT_EQ(window->State().CatalogPath(), fresh);
-    EXPECT_EQ(home.Read(QStringLiteral("fresh.kvd")), home.Read(QStringLiteral("keldb.dat")));
+    EXPECT_EQ(home.Read(u"fresh.kvd"_s), home.Read(u"keldb.dat"_s));
     EXPECT_TRUE(IsOn("AddManual"));
     Press("ImgTabMovieGrab"); // a catalog is open now
     Press("ImgTabMovieList");
@@ -24,7 +26,7 @@ TEST_F(MainWindow, NewMakesABlankCatalogAndAsksBeforeItOverwrites)
     dialogs.files << catalog.Path();
     Press("New"); // answered with No
     EXPECT_EQ(TakeMessages(), "20 New File Confirmation: File already exists, are you sure you wish to continue?");
-    EXPECT_EQ(catalog.Ask("SELECT COUNT(*) FROM Movie"), QStringLiteral("3"));
+    EXPECT_EQ(catalog.Ask("SELECT COUNT(*) FROM Movie"), u"3"_s);
     EXPECT_EQ(Shown(), "");
     Press("Refresh"); // shows the file that the path names
     EXPECT_EQ(Shown(), kThreeFilms);
@@ -33,14 +35,14 @@ TEST_F(MainWindow, NewMakesABlankCatalogAndAsksBeforeItOverwrites)
     dialogs.answers << kAnswerYes;
     Press("New");
     TakeMessages();
-    EXPECT_EQ(catalog.Ask("SELECT COUNT(*) FROM Movie"), QStringLiteral("0"));
+    EXPECT_EQ(catalog.Ask("SELECT COUNT(*) FROM Movie"), u"0"_s);
     EXPECT_EQ(Shown(), "");
 }
 
 TEST_F(MainWindow, SaveAsWorksOnInTheCopy)
 {
     Start();
-    dialogs.files << home.Path(QStringLiteral("copy.kvd"));
+    dialogs.files << home.Path(u"copy.kvd"_s);
     Choose("mnuFile", "mnuFileSaveAs");
     catalog.Run("DELETE FROM Movie");
     Press("Refresh");
@@ -48,7 +50,7 @@ TEST_F(MainWindow, SaveAsWorksOnInTheCopy)
     dialogs.files << catalog.Path();
     Press("Save"); // answered with No
     EXPECT_EQ(TakeMessages(), "20 Kelvado Save As Confirmation: File already exists, are you sure you wish to continue?");
-    EXPECT_EQ(catalog.Ask("SELECT COUNT(*) FROM Movie"), QStringLiteral("0"));
+    EXPECT_EQ(catalog.Ask("SELECT COUNT(*) FROM Movie"), u"0"_s);
     Press("Save"); // cancelled
     EXPECT_EQ(window->State().CatalogPath(), catalog.Path());
 }
@@ -73,11 +75,11 @@ TEST_F(MainWindow, SetDefaultIsWhatTheNextStartOpens)
 
 TEST_F(MainWindow, AFileThatIsNoCatalogIsNamedAndTheWindowLivesOn)
 {
-    home.Write(QStringLiteral("holiday.jpg"), QByteArray(5000, 'j'));
-    home.Write(QStringLiteral("empty.kvd"), {});
+    home.Write(u"holiday.jpg"_s, QByteArray(5000, 'j'));
+    home.Write(u"empty.kvd"_s, {});
     Set("Settings", "Default", {});
     Start();
-    const QByteArray before = home.Read(QStringLiteral("holiday.jpg"));
+    const QByteArray before = home.Read(u"holiday.jpg"_s);
     for (const char* name : {"holiday.jpg", "empty.kvd", "missing.kvd"}) {
         dialogs.files << home.Path(QString::fromLatin1(name));
         QTest::keyClick(window.get(), Qt::Key_O, Qt::ControlModifier);
@@ -86,26 +88,26 @@ TEST_F(MainWindow, AFileThatIsNoCatalogIsNamedAndTheWindowLivesOn)
         EXPECT_TRUE(Tree().isVisible()) << name;
         EXPECT_FALSE(IsOn("AddManual")) << name;
     }
-    EXPECT_EQ(home.Read(QStringLiteral("holiday.jpg")), before);
-    EXPECT_EQ(home.Read(QStringLiteral("empty.kvd")), "");
-    EXPECT_FALSE(QFileInfo::exists(home.Path(QStringLiteral("missing.kvd"))));
+    EXPECT_EQ(home.Read(u"holiday.jpg"_s), before);
+    EXPECT_EQ(home.Read(u"empty.kvd"_s), "");
+    EXPECT_FALSE(QFileInfo::exists(home.Path(u"missing.kvd"_s)));
     dialogs.files << catalog.Path();
     Press("Open");
     EXPECT_EQ(Shown(), kThreeFilms);
-    ClickNode(QStringLiteral("Alien"));
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Alien"));
+    ClickNode(u"Alien"_s);
+    EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
 }
 
 TEST_F(MainWindow, ACatalogThatVanishedIsNamedOnceForEachClick)
 {
     Start();
-    ClickNode(QStringLiteral("Alien"));
-    const QString away = catalog.Path() + QStringLiteral(".away");
+    ClickNode(u"Alien"_s);
+    const QString away = catalog.Path() + u".away"_s;
     ASSERT_TRUE(QFile::rename(catalog.Path(), away));
-    ClickNode(QStringLiteral("Brazil"));
+    ClickNode(u"Brazil"_s);
     EXPECT_EQ(dialogs.boxes.size(), 1);
     EXPECT_THAT(TakeMessages(), HasSubstr("films.kvd"));
-    Tree().expand(Node(QStringLiteral("Brazil")));
+    Tree().expand(Node(u"Brazil"_s));
     EXPECT_THAT(TakeMessages(), HasSubstr("films.kvd"));
     Press("Refresh");
     EXPECT_THAT(TakeMessages(), HasSubstr("films.kvd"));
@@ -117,15 +119,15 @@ TEST_F(MainWindow, ACatalogThatVanishedIsNamedOnceForEachClick)
 
 TEST_F(MainWindow, APageThatCannotBeWrittenIsNamed)
 {
-    home.Write(QStringLiteral("temp"), "a file in the folder's place");
+    home.Write(u"temp"_s, "a file in the folder's place");
     Start();
-    ClickNode(QStringLiteral("Alien"));
-    EXPECT_THAT(TakeMessages(), HasSubstr(home.Path(QStringLiteral("temp")).toStdString()));
+    ClickNode(u"Alien"_s);
+    EXPECT_THAT(TakeMessages(), HasSubstr(home.Path(u"temp"_s).toStdString()));
     EXPECT_TRUE(IsOn("Delete"));
     EXPECT_FALSE(IsOn("Back"));
-    ASSERT_TRUE(QFile::remove(home.Path(QStringLiteral("temp"))));
-    ClickNode(QStringLiteral("Alien"));
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Alien"));
+    ASSERT_TRUE(QFile::remove(home.Path(u"temp"_s)));
+    ClickNode(u"Alien"_s);
+    EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
 }
 
 } // namespace

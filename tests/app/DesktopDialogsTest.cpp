@@ -1,4 +1,5 @@
 #include "app/DesktopSeams.h"
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <QApplication>
@@ -27,18 +28,18 @@ void OnDialog(Action action)
 TEST(DesktopDialogs, AMessageIsPlainTextAndAnswersWithTheButton)
 {
     DesktopDialogs dialogs;
-    const QString text = QStringLiteral("<b>Alien</b> & co");
+    const QString text = u"<b>Alien</b> & co"_s;
     OnDialog<QMessageBox>([&](QMessageBox& box) {
         EXPECT_EQ(box.text(), text);
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
         EXPECT_EQ(box.icon(), QMessageBox::Critical);
         QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
     });
-    EXPECT_EQ(dialogs.MessageBox(text, kBoxYesNoCritical, QStringLiteral("Title")), kAnswerYes);
+    EXPECT_EQ(dialogs.MessageBox(text, kBoxYesNoCritical, u"Title"_s), kAnswerYes);
     OnDialog<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    EXPECT_EQ(dialogs.MessageBox(text, kBoxYesNo, QStringLiteral("Title")), kAnswerNo);
+    EXPECT_EQ(dialogs.MessageBox(text, kBoxYesNo, u"Title"_s), kAnswerNo);
     OnDialog<QMessageBox>([](QMessageBox& box) {
-        EXPECT_EQ(box.windowTitle(), QStringLiteral("Kelvado"));
+        EXPECT_EQ(box.windowTitle(), u"Kelvado"_s);
         EXPECT_EQ(box.icon(), QMessageBox::Information);
         QTest::keyClick(&box, Qt::Key_Return);
     });
@@ -49,7 +50,7 @@ TEST(DesktopDialogs, ACancelledFileDialogRaisesAndKeepsThePath)
 {
     DesktopDialogs dialogs;
     for (const auto show : {&Dialogs::ShowOpen, &Dialogs::ShowSave}) {
-        FileDialog file{QStringLiteral("/tmp/films.kvd"), QStringLiteral("Kelvado Catolog (*.kvd)| *.kvd")};
+        FileDialog file{u"/tmp/films.kvd"_s, u"Kelvado Catolog (*.kvd)| *.kvd"_s};
         OnDialog<QFileDialog>([](QFileDialog& dialog) {
             EXPECT_TRUE(dialog.nameFilters().constFirst().contains(u"*.kvd"));
             dialog.reject();
@@ -60,7 +61,7 @@ TEST(DesktopDialogs, ACancelledFileDialogRaisesAndKeepsThePath)
         } catch (const RuntimeError& error) {
             EXPECT_EQ(error.Number(), kErrCancelled);
         }
-        EXPECT_EQ(file.fileName, QStringLiteral("/tmp/films.kvd"));
+        EXPECT_EQ(file.fileName, u"/tmp/films.kvd"_s);
     }
 }
 
@@ -68,15 +69,15 @@ TEST(DesktopDialogs, ALongTextIsTakenOnlyWithOkay)
 {
     DesktopDialogs dialogs;
     OnDialog<QDialog>([](QDialog& dialog) {
-        dialog.findChild<QPlainTextEdit*>()->setPlainText(QStringLiteral("short"));
-        QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("cmdOkay")), Qt::LeftButton);
+        dialog.findChild<QPlainTextEdit*>()->setPlainText(u"short"_s);
+        QTest::mouseClick(dialog.findChild<QPushButton*>(u"cmdOkay"_s), Qt::LeftButton);
     });
-    EXPECT_EQ(dialogs.AskFieldEdit(QStringLiteral("long text"), 5, QStringLiteral("TITLE")), QStringLiteral("short"));
+    EXPECT_EQ(dialogs.AskFieldEdit(u"long text"_s, 5, u"TITLE"_s), u"short"_s);
     OnDialog<QDialog>([](QDialog& dialog) {
-        dialog.findChild<QPlainTextEdit*>()->setPlainText(QStringLiteral("short"));
+        dialog.findChild<QPlainTextEdit*>()->setPlainText(u"short"_s);
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
-    EXPECT_EQ(dialogs.AskFieldEdit(QStringLiteral("long text"), 5, QStringLiteral("TITLE")), QString());
+    EXPECT_EQ(dialogs.AskFieldEdit(u"long text"_s, 5, u"TITLE"_s), QString());
 }
 
 } // namespace

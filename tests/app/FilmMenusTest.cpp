@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "core/Literals.h"
 #include "ui/StatusCells.h"
 
 #include <QComboBox>
@@ -60,7 +61,7 @@ TEST_F(FilmMenus, SortsFiltersAndViewModesReshapeTheTree)
     EXPECT_EQ(Tree().model()->index(0, 0).data().toString(), u"VHS");
     InDialog("mnuSortPrimDetail_7", [](QDialog& dialog) {
         Choose(dialog, "tvSort", u"Movie");
-        EXPECT_FALSE(dialog.findChild<QPushButton*>(QStringLiteral("cmdOkay"))->isEnabled());
+        EXPECT_FALSE(dialog.findChild<QPushButton*>(u"cmdOkay"_s)->isEnabled());
         Choose(dialog, "tvSort", u"Year");
         PressIn(dialog, "cmdOkay");
     });
@@ -68,57 +69,57 @@ TEST_F(FilmMenus, SortsFiltersAndViewModesReshapeTheTree)
 
     InDialog("mnuAddFilter", [this](QDialog& dialog) {
         Choose(dialog, "tvFilter", u"Year");
-        dialog.findChild<QLineEdit*>(QStringLiteral("txtFilter"))->setText(QStringLiteral("x"));
+        dialog.findChild<QLineEdit*>(u"txtFilter"_s)->setText(u"x"_s);
         PressIn(dialog, "cmdAddFilter");
         EXPECT_NE(TakeMessages().find("You must select an operand"), std::string::npos);
-        dialog.findChild<QComboBox*>(QStringLiteral("CboOperand"))->setCurrentIndex(1);
+        dialog.findChild<QComboBox*>(u"CboOperand"_s)->setCurrentIndex(1);
         PressIn(dialog, "cmdAddFilter");
         EXPECT_NE(TakeMessages().find("Yearmust be numeric."), std::string::npos);
         Choose(dialog, "tvFilter", u"Title");
-        EXPECT_FALSE(dialog.findChild<QComboBox*>(QStringLiteral("CboOperand"))->isEnabled());
-        dialog.findChild<QLineEdit*>(QStringLiteral("txtFilter"))->setText(QStringLiteral("alien"));
+        EXPECT_FALSE(dialog.findChild<QComboBox*>(u"CboOperand"_s)->isEnabled());
+        dialog.findChild<QLineEdit*>(u"txtFilter"_s)->setText(u"alien"_s);
         PressIn(dialog, "cmdAddFilter");
     });
     EXPECT_EQ(window->State().FilterWhere, u"WHERE Movie.Title =\"alien\"");
-    EXPECT_TRUE(Node(QStringLiteral("Alien")).isValid());
-    EXPECT_FALSE(Node(QStringLiteral("Brazil")).isValid());
+    EXPECT_TRUE(Node(u"Alien"_s).isValid());
+    EXPECT_FALSE(Node(u"Brazil"_s).isValid());
     EXPECT_EQ(Entry("MnuFilterRemoveSingle_0").text(), u"Title contains alien");
     dialogs.answers << kAnswerYes;
     Entry("mnuFilterRemoveAll").trigger();
     TakeMessages();
     Entry("mnuViewMode_1").trigger();
-    EXPECT_TRUE(Node(QStringLiteral("Brazil")).isValid());
-    EXPECT_FALSE(Node(QStringLiteral("Alien")).isValid());
+    EXPECT_TRUE(Node(u"Brazil"_s).isValid());
+    EXPECT_FALSE(Node(u"Alien"_s).isValid());
     const QStringList cells = Get<StatusCells>("StatusCells").Cells();
-    EXPECT_TRUE(cells.contains(QStringLiteral("View Mode: Requests"))) << qPrintable(cells.join(u'|'));
+    EXPECT_TRUE(cells.contains(u"View Mode: Requests"_s)) << qPrintable(cells.join(u'|'));
 }
 
 TEST_F(FilmMenus, FilmsAreMovedListedAndDeletedAndTheMenusFollow)
 {
     Start();
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     Entry("mnuMovieNightAdd").trigger();
     EXPECT_EQ(Column("MovieNight", "Alien"), u"1");
     Entry("MnuMoveMyRequestE").trigger();
     EXPECT_EQ(Column("Format", "Alien"), u"Request");
     EXPECT_FALSE(Entry("mnuDeleteE").isEnabled()) << "the selection went with the old tree";
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     dialogs.answers << kAnswerYes;
     Press("Delete");
     EXPECT_NE(TakeMessages().find("Are you sure you want to delete Alien"), std::string::npos);
     EXPECT_EQ(Column("Title", "Alien"), u"<none>");
-    EXPECT_FALSE(Node(QStringLiteral("Alien")).isValid());
-    EXPECT_TRUE(Get<StatusCells>("StatusCells").Cells().contains(QStringLiteral("Total Requests: 1")));
+    EXPECT_FALSE(Node(u"Alien"_s).isValid());
+    EXPECT_TRUE(Get<StatusCells>("StatusCells").Cells().contains(u"Total Requests: 1"_s));
 }
 
 TEST_F(FilmMenus, FindSelectsWhatItMeetsAndACommandNeverTakesAGroupForAFilm)
 {
     Start();
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     Entry("mnuFind").trigger();
-    auto* find = window->findChild<QDialog*>(QStringLiteral("frmFind"));
+    auto* find = window->findChild<QDialog*>(u"frmFind"_s);
     ASSERT_TRUE(find);
-    QTest::keyClicks(find->findChild<QLineEdit*>(QStringLiteral("txtFind")), QStringLiteral("a"));
+    QTest::keyClicks(find->findChild<QLineEdit*>(u"txtFind"_s), u"a"_s);
     PressIn(*find, "cmdFNext");
     EXPECT_EQ(Tree().Selected().data().toString(), u"A");
     EXPECT_FALSE(Entry("MnuMoveMyRequestE").isEnabled());
@@ -133,9 +134,9 @@ TEST_F(FilmMenus, FindSelectsWhatItMeetsAndACommandNeverTakesAGroupForAFilm)
 TEST_F(FilmMenus, AFilmIsLentAndTakenBackFromTheMenus)
 {
     Start();
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     InDialog("mnuLoanMovieE", [](QDialog& dialog) {
-        dialog.findChild<QComboBox*>(QStringLiteral("cboLoanTo"))->setEditText(QStringLiteral("Ines"));
+        dialog.findChild<QComboBox*>(u"cboLoanTo"_s)->setEditText(u"Ines"_s);
         PressIn(dialog, "Command1");
     });
     EXPECT_NE(Column("Loan_ID", "Alien"), u"0");
@@ -144,7 +145,7 @@ TEST_F(FilmMenus, AFilmIsLentAndTakenBackFromTheMenus)
     EXPECT_EQ(Column("Loan_ID", "Alien"), u"0");
     EXPECT_TRUE(Entry("mnuLoanMovieE").isEnabled());
     Entry("mnuLoansManage").trigger();
-    auto* manager = window->findChild<QDialog*>(QStringLiteral("fLoan"));
+    auto* manager = window->findChild<QDialog*>(u"fLoan"_s);
     ASSERT_TRUE(manager);
     manager->close();
 }

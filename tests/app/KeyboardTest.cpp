@@ -1,4 +1,5 @@
 #include "MainWindow.h"
+#include "core/Literals.h"
 #include "render/forms/frmPageView.h"
 #include "ui/ContextKey.h"
 #include "ui/PaneSplitter.h"
@@ -16,7 +17,7 @@ namespace {
 TEST_F(MainWindow, EveryControlIsReachedByTabAndHasAName)
 {
     Start();
-    Page(QStringLiteral("about:blank"));
+    Page(u"about:blank"_s);
     QWidget* page = window->PageView().WebBrowser1();
     const auto name = [&](const QWidget* control) {
         return page == control || page->isAncestorOf(control) ? page->objectName() : control->objectName();
@@ -35,8 +36,8 @@ TEST_F(MainWindow, EveryControlIsReachedByTabAndHasAName)
     for (const char* control : {"New", "Open", "Save", "Refresh", "AddFilter", "AddIMDb", "AddDVDEmp", "AddManual", "ImgTabMovieList",
                                 "ImgTabMovieGrab", "ImgTabMovieEdit", "ImgTabActorInfo", "TreeView1", "picSplitter", "WebBrowser1"})
         EXPECT_EQ(passed.count(QString::fromLatin1(control)), 1) << control << " in " << qPrintable(passed.join(u' '));
-    EXPECT_LT(passed.indexOf(QStringLiteral("New")), passed.indexOf(QStringLiteral("ImgTabMovieList")));
-    EXPECT_LT(passed.indexOf(QStringLiteral("picSplitter")), passed.indexOf(QStringLiteral("WebBrowser1")));
+    EXPECT_LT(passed.indexOf(u"New"_s), passed.indexOf(u"ImgTabMovieList"_s));
+    EXPECT_LT(passed.indexOf(u"picSplitter"_s), passed.indexOf(u"WebBrowser1"_s));
 }
 
 TEST_F(MainWindow, TheTreeIsBrowsedByKeys)
@@ -47,21 +48,21 @@ TEST_F(MainWindow, TheTreeIsBrowsedByKeys)
     Key(Qt::Key_Down); // the group A
     Key(Qt::Key_Right);
     Key(Qt::Key_Down);
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Alien"));
+    EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
     QSignalSpy opened(&Tree(), &QTreeView::activated);
     Key(Qt::Key_Return);
     Key(Qt::Key_Enter);
     EXPECT_EQ(opened.count(), 0);
     Tree().setFocus();
     Key(Qt::Key_Right);
-    EXPECT_TRUE(Tree().isExpanded(Node(QStringLiteral("Alien"))));
+    EXPECT_TRUE(Tree().isExpanded(Node(u"Alien"_s)));
     EXPECT_TRUE(Tree().hasFocus());
-    EXPECT_EQ(Tree().model()->rowCount(Node(QStringLiteral("Alien"))), 2);
-    EXPECT_FALSE(QFileInfo::exists(home.Path(QStringLiteral("temp/htmltemp1.html"))));
+    EXPECT_EQ(Tree().model()->rowCount(Node(u"Alien"_s)), 2);
+    EXPECT_FALSE(QFileInfo::exists(home.Path(u"temp/htmltemp1.html"_s)));
     Key(Qt::Key_Down);
-    EXPECT_EQ(Get<QLabel>("ID").text(), QStringLiteral("11"));
+    EXPECT_EQ(Get<QLabel>("ID").text(), u"11"_s);
     Key(Qt::Key_Up);
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp1.html")).contains(u"Alien"));
+    EXPECT_TRUE(Page(u"/temp/htmltemp1.html"_s).contains(u"Alien"));
 }
 
 TEST_F(MainWindow, TheTreeHasTheFocusAtStartAndTakesDeleteAndTheMenuKeys)
@@ -73,7 +74,7 @@ TEST_F(MainWindow, TheTreeHasTheFocusAtStartAndTakesDeleteAndTheMenuKeys)
     Key(Qt::Key_Delete); // on nothing
     Key(Qt::Key_Down);
     EXPECT_EQ(Tree().Selected(), Tree().model()->index(0, 0)) << "the first key reaches the first row";
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     QTest::keyClick(&Tree(), Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_TRUE(Get<QMenu>("mnuTreeview").isVisible());
     Get<QMenu>("mnuTreeview").close();
@@ -84,7 +85,7 @@ TEST_F(MainWindow, TheTreeHasTheFocusAtStartAndTakesDeleteAndTheMenuKeys)
 TEST_F(MainWindow, TabsAndButtonsArePressedByKeys)
 {
     Start();
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     Get("ImgTabMovieEdit").setFocus();
     Key(Qt::Key_Space);
     EXPECT_EQ(window->State().CurrentSection, kMovieEdit);
@@ -100,7 +101,7 @@ TEST_F(MainWindow, AboutOpensFromTheMenuAndClosesByAnyKey)
 {
     Start();
     Choose("mnuHelp", "mnuHelpAbout");
-    QPointer<QWidget> about = window->findChild<QWidget*>(QStringLiteral("frmAbout"));
+    QPointer<QWidget> about = window->findChild<QWidget*>(u"frmAbout"_s);
     ASSERT_TRUE(about && about->isVisible());
     QTest::keyClick(about, Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([&] { return about.isNull(); }));

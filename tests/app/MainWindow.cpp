@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "app/hMain.h"
+#include "core/Literals.h"
 #include "core/Profile.h"
 #include "render/forms/PageEngine.h"
 #include "render/forms/frmPageView.h"
@@ -18,9 +19,10 @@
 
 std::unique_ptr<QCoreApplication> MakeTestApplication(int& argc, char** argv)
 {
-    kelvado::PreparePageEngine();
+    using namespace kelvado;
+    PreparePageEngine();
     auto application = std::make_unique<QApplication>(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(u"Fusion"_s);
     return application;
 }
 
@@ -53,9 +55,9 @@ QByteArray Content(const QString& path)
 
 MainWindow::MainWindow()
 {
-    home.Write(QStringLiteral("Settings.ini"), Content(QStringLiteral(KELVADO_SOURCE_DIR "/data/Settings.ini")));
-    home.Write(QStringLiteral("keldb.dat"), Content(catalog.Path()));
-    CopyTree(QStringLiteral(KELVADO_SKINS_DIR), home.Path(QStringLiteral("Skins")));
+    home.Write(u"Settings.ini"_s, Content(u"" KELVADO_SOURCE_DIR "/data/Settings.ini"_s));
+    home.Write(u"keldb.dat"_s, Content(catalog.Path()));
+    CopyTree(u"" KELVADO_SKINS_DIR ""_s, home.Path(u"Skins"_s));
     catalog.Run(
         "INSERT INTO Movie (Movie_ID, Title, Year, Format, IMDB, Nfo, Loan_ID) VALUES"
         "(1, 'Alien', 1979, 'DVD', '0078748', 'Seen in the dark.', 0), (2, 'Brazil', 1985, 'Request', NULL, NULL, 0),"
@@ -87,7 +89,7 @@ QString MainWindow::FailureOfStart(const QStringList& arguments)
     window = std::make_unique<Form1>(dialogs, events);
     try {
         LoaderMain(*window, arguments);
-        return QStringLiteral("none");
+        return u"none"_s;
     } catch (const RuntimeError& error) {
         EXPECT_FALSE(window->isVisible());
         return QString::number(error.Number()) + u' ' + error.Description();
@@ -96,20 +98,20 @@ QString MainWindow::FailureOfStart(const QStringList& arguments)
 
 void MainWindow::Set(const char* section, const char* key, const QString& value)
 {
-    WriteProfileValue(QString::fromLatin1(section), QString::fromLatin1(key), value, home.Path(QStringLiteral("Settings.ini")));
+    WriteProfileValue(QString::fromLatin1(section), QString::fromLatin1(key), value, home.Path(u"Settings.ini"_s));
 }
 
 QString MainWindow::Setting(const char* section, const char* key) const
 {
-    return ReadProfileValue(QString::fromLatin1(section), QString::fromLatin1(key), home.Path(QStringLiteral("Settings.ini")));
+    return ReadProfileValue(QString::fromLatin1(section), QString::fromLatin1(key), home.Path(u"Settings.ini"_s));
 }
 
 std::string MainWindow::TakeMessages()
 {
     QStringList lines;
     for (const ScriptedDialogs::Box& box : std::exchange(dialogs.boxes, {}))
-        lines << QStringLiteral("%1 %2: %3").arg(QString::number(box.type), box.title, box.text);
-    return lines.join(QStringLiteral(" | ")).toStdString();
+        lines << u"%1 %2: %3"_s.arg(QString::number(box.type), box.title, box.text);
+    return lines.join(u" | "_s).toStdString();
 }
 
 CatalogTreeView& MainWindow::Tree() const
@@ -144,7 +146,7 @@ std::string MainWindow::Shown() const
         const QModelIndex group = model.index(g, 0);
         lines << group.data().toString();
         for (int f = 0; f < model.rowCount(group); ++f)
-            lines << QStringLiteral(" ") + model.index(f, 0, group).data().toString();
+            lines << u" "_s + model.index(f, 0, group).data().toString();
     }
     return lines.join(u'\n').toStdString();
 }
@@ -183,9 +185,9 @@ QString MainWindow::Page(const QString& name)
     const QDeadlineTimer patience(kWait);
     QString address;
     while (!patience.hasExpired()) {
-        const QVariantList page = RunInPage(QStringLiteral("[location.href, document.readyState, document.body.innerText]")).toList();
+        const QVariantList page = RunInPage(u"[location.href, document.readyState, document.body.innerText]"_s).toList();
         address = page.value(0).toString();
-        if (address.endsWith(name) && page.value(1) == QStringLiteral("complete"))
+        if (address.endsWith(name) && page.value(1) == u"complete"_s)
             return page.value(2).toString();
     }
     ADD_FAILURE() << "the page is " << qPrintable(address) << " instead of " << qPrintable(name);
@@ -218,9 +220,9 @@ QVariant MainWindow::RunInPage(const QString& script)
 void MainWindow::ClickInPage(const char* selector)
 {
     const QVariantList place =
-        RunInPage(QStringLiteral("(() => { const link = document.querySelector('%1'); link.scrollIntoView({block: 'center'});"
-                                 "const r = link.getBoundingClientRect(); return [r.left + r.width / 2, r.top + r.height / 2]; })()")
-                      .arg(QString::fromLatin1(selector)))
+        RunInPage(u"(() => { const link = document.querySelector('%1'); link.scrollIntoView({block: 'center'});"
+                  "const r = link.getBoundingClientRect(); return [r.left + r.width / 2, r.top + r.height / 2]; })()"_s.arg(
+                      QString::fromLatin1(selector)))
             .toList();
     ASSERT_EQ(place.size(), 2) << selector;
     QTest::mouseClick(window->PageView().WebBrowser1()->focusProxy(), Qt::LeftButton, {}, QPoint(place[0].toInt(), place[1].toInt()));

@@ -1,4 +1,5 @@
 #include "MainWindow.h"
+#include "core/Literals.h"
 #include "ui/BusyPicture.h"
 
 #include <QProgressBar>
@@ -104,23 +105,23 @@ TEST_F(LongFill, ClosingInTheMidstClosesBehindIt)
 
 TEST_F(LongFill, ClosingWhileACastIsFetchedClosesBehindIt)
 {
-    Tree().expand(Node(QStringLiteral("A")));
+    Tree().expand(Node(u"A"_s));
     During(1, [&] { window->close(); });
-    Tree().expand(Node(QStringLiteral("Alien")));
+    Tree().expand(Node(u"Alien"_s));
     EXPECT_TRUE(reached);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window->isVisible(); }));
 }
 
 TEST_F(LongFill, ARefreshWhileACastIsFetchedLeavesAWholeTree)
 {
-    Tree().expand(Node(QStringLiteral("A")));
+    Tree().expand(Node(u"A"_s));
     During(1, [&] { Press("Refresh"); });
-    Tree().expand(Node(QStringLiteral("Alien")));
+    Tree().expand(Node(u"Alien"_s));
     EXPECT_TRUE(reached);
     EXPECT_EQ(Shown(), Whole());
-    Tree().expand(Node(QStringLiteral("A")));
-    Tree().expand(Node(QStringLiteral("Alien")));
-    EXPECT_TRUE(Node(QStringLiteral("Tom Skerritt")).isValid());
+    Tree().expand(Node(u"A"_s));
+    Tree().expand(Node(u"Alien"_s));
+    EXPECT_TRUE(Node(u"Tom Skerritt"_s).isValid());
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "MainWindow.h"
+#include "core/Literals.h"
 #include "core/Profile.h"
 #include "ui/BusyPicture.h"
 #include "ui/PaneSplitter.h"
@@ -13,27 +14,27 @@ TEST_F(MainWindow, ComesUpWithTheDefaultCatalog)
     Start();
     EXPECT_EQ(Shown(), kThreeFilms);
     EXPECT_TRUE(window->isVisible());
-    EXPECT_EQ(window->windowTitle(), QStringLiteral("Kelvado 2.0 (Beta)"));
+    EXPECT_EQ(window->windowTitle(), u"Kelvado 2.0 (Beta)"_s);
     EXPECT_EQ(window->State().CatalogPath(), catalog.Path());
     EXPECT_FALSE(Get<BusyPicture>("Working").IsBusy());
     EXPECT_FALSE(Entry("mnuExportWebWizard").isEnabled());
     EXPECT_FALSE(Get("FormScroll").isVisible());
     EXPECT_FALSE(Get("picGrabSelect").isVisible());
-    EXPECT_EQ(Page(QStringLiteral("about:blank")), QString());
+    EXPECT_EQ(Page(u"about:blank"_s), QString());
 }
 
 TEST_F(MainWindow, ComesUpOnceAndPaintsByTheOptions)
 {
-    Set("View", "PrimaryExpand", QStringLiteral("1"));
-    Set("Display", "WindowState", QStringLiteral("2"));
+    Set("View", "PrimaryExpand", u"1"_s);
+    Set("Display", "WindowState", u"2"_s);
     for (const bool skinTree : {true, false}) {
         Set("Display", "SkinTree", QString::number(skinTree));
         Start();
         EXPECT_TRUE(window->isMaximized());
         EXPECT_NEAR(Get("picLeftPane").width(), 4950 / 15, 10); // the width is kept in twips, whatever the window's
-        EXPECT_TRUE(Tree().isExpanded(Node(QStringLiteral("B"))));
-        EXPECT_FALSE(Tree().isExpanded(Node(QStringLiteral("Brazil"))));
-        EXPECT_EQ(Node(QStringLiteral("Brazil")).data(Qt::ForegroundRole).isValid(), skinTree);
+        EXPECT_TRUE(Tree().isExpanded(Node(u"B"_s)));
+        EXPECT_FALSE(Tree().isExpanded(Node(u"Brazil"_s)));
+        EXPECT_EQ(Node(u"Brazil"_s).data(Qt::ForegroundRole).isValid(), skinTree);
         EXPECT_EQ(Get("PicForm").palette().color(QPalette::Window), QColor(0xF7, 0xF8, 0xFA));
         catalog.Run("DELETE FROM Movie WHERE Movie_ID = 3");
         const std::string before = Shown();
@@ -65,7 +66,7 @@ TEST_F(MainWindow, TheTabsStandSideBySideAtEveryWidth)
 
 TEST_F(MainWindow, WithoutACatalogComesUpSilentlyAndTheTabsSaySo)
 {
-    for (const QString& setting : {QString(), home.Path(QStringLiteral("deleted.kvd")), home.Path(QStringLiteral("Skins"))}) {
+    for (const QString& setting : {QString(), home.Path(u"deleted.kvd"_s), home.Path(u"Skins"_s)}) {
         SCOPED_TRACE(qPrintable(setting));
         Set("Settings", "Default", setting);
         Start();
@@ -103,15 +104,15 @@ TEST_F(MainWindow, WithoutACatalogComesUpSilentlyAndTheTabsSaySo)
             EXPECT_TRUE(IsOn(on)) << on;
         window.reset();
     }
-    EXPECT_FALSE(QFileInfo::exists(home.Path(QStringLiteral("deleted.kvd"))));
+    EXPECT_FALSE(QFileInfo::exists(home.Path(u"deleted.kvd"_s)));
 }
 
 TEST_F(MainWindow, AnArgumentStopsTheStartAndLeavesTheSettingsAlone)
 {
-    const QByteArray before = home.Read(QStringLiteral("Settings.ini"));
+    const QByteArray before = home.Read(u"Settings.ini"_s);
     EXPECT_TRUE(FailureOfStart({catalog.Path()}).startsWith(u"424 "));
     window.reset();
-    EXPECT_EQ(home.Read(QStringLiteral("Settings.ini")), before);
+    EXPECT_EQ(home.Read(u"Settings.ini"_s), before);
 }
 
 TEST_F(MainWindow, SettingsThatAreMissingOrNoNumberAreNamed)
@@ -121,27 +122,27 @@ TEST_F(MainWindow, SettingsThatAreMissingOrNoNumberAreNamed)
         const char* key;
         const char* value; ///< null: no file at all
     } cases[] = {{"MaxActors", nullptr}, {"LeftPane", ""}, {"WindowState", "large"}};
-    const QByteArray whole = home.Read(QStringLiteral("Settings.ini"));
+    const QByteArray whole = home.Read(u"Settings.ini"_s);
     for (const auto& entry : cases) {
         if (entry.value) {
-            home.Write(QStringLiteral("Settings.ini"), whole);
+            home.Write(u"Settings.ini"_s, whole);
             Set("Display", entry.key, QString::fromLatin1(entry.value));
         } else {
-            QFile::remove(home.Path(QStringLiteral("Settings.ini")));
+            QFile::remove(home.Path(u"Settings.ini"_s));
         }
         const QString failure = FailureOfStart();
         EXPECT_TRUE(failure.startsWith(u"13 ")) << qPrintable(failure);
         EXPECT_TRUE(failure.contains(QString::fromLatin1(entry.key))) << qPrintable(failure);
-        EXPECT_TRUE(failure.contains(home.Path(QStringLiteral("Settings.ini")))) << qPrintable(failure);
+        EXPECT_TRUE(failure.contains(home.Path(u"Settings.ini"_s))) << qPrintable(failure);
         window.reset();
-        EXPECT_EQ(QFileInfo::exists(home.Path(QStringLiteral("Settings.ini"))), entry.value != nullptr);
+        EXPECT_EQ(QFileInfo::exists(home.Path(u"Settings.ini"_s)), entry.value != nullptr);
     }
 }
 
 TEST_F(MainWindow, ASkinWithoutAPictureIsNamed)
 {
     for (const char* picture : {"Toolbar/Refresh-over.png", "Tree/7.png", "ToolSpacer.BMP"}) {
-        const QString path = home.Path(QStringLiteral("Skins/Default XP/") + QString::fromLatin1(picture));
+        const QString path = home.Path(u"Skins/Default XP/"_s + QString::fromLatin1(picture));
         const QByteArray content = home.Read(QDir(home.Path({})).relativeFilePath(path));
         ASSERT_TRUE(QFile::remove(path)) << picture;
         const QString missing = FailureOfStart();
@@ -153,7 +154,7 @@ TEST_F(MainWindow, ASkinWithoutAPictureIsNamed)
         EXPECT_TRUE(broken.contains(QString::fromLatin1(picture))) << qPrintable(broken);
         home.Write(QDir(home.Path({})).relativeFilePath(path), content);
     }
-    ASSERT_TRUE(QFile::remove(home.Path(QStringLiteral("Skins/Default XP/ToolMovieEdit.BMP"))));
+    ASSERT_TRUE(QFile::remove(home.Path(u"Skins/Default XP/ToolMovieEdit.BMP"_s)));
     Start(); // the tabs are painted with the first activation
     EXPECT_THAT(TakeMessages(), ::testing::AllOf(::testing::HasSubstr("'53'"), ::testing::HasSubstr("ToolMovieEdit.BMP")));
     EXPECT_TRUE(window->isVisible());
@@ -179,22 +180,22 @@ TEST_F(MainWindow, OddSizesLeaveADividerThatCanBeMovedBack)
 
 TEST_F(MainWindow, ClosingWritesTheSettingsOnceAndKeepsComments)
 {
-    Set("Settings", "InfoTips", QStringLiteral("7"));
+    Set("Settings", "InfoTips", u"7"_s);
     Start();
     Entry("mnuSortPrimDESC").setChecked(true);
-    window->State().gOptions->View.ViewMode = QStringLiteral("Loans");
-    window->State().skin = QStringLiteral("Other");
+    window->State().gOptions->View.ViewMode = u"Loans"_s;
+    window->State().skin = u"Other"_s;
     Choose("mnuFile", "mnuExit");
     EXPECT_FALSE(window->isVisible());
-    EXPECT_EQ(Setting("Settings", "Skin"), QStringLiteral("Other"));
-    EXPECT_EQ(Setting("View", "ViewMode"), QStringLiteral("Loans"));
-    EXPECT_EQ(Setting("View", "PrimaryOrder"), QStringLiteral("1"));
-    EXPECT_EQ(Setting("Settings", "InfoTips"), QStringLiteral("7"));
-    EXPECT_TRUE(home.Read(QStringLiteral("Settings.ini")).contains("; in twips, 15 to a pixel"));
-    home.Write(QStringLiteral("Settings.ini"), "changed by hand");
+    EXPECT_EQ(Setting("Settings", "Skin"), u"Other"_s);
+    EXPECT_EQ(Setting("View", "ViewMode"), u"Loans"_s);
+    EXPECT_EQ(Setting("View", "PrimaryOrder"), u"1"_s);
+    EXPECT_EQ(Setting("Settings", "InfoTips"), u"7"_s);
+    EXPECT_TRUE(home.Read(u"Settings.ini"_s).contains("; in twips, 15 to a pixel"));
+    home.Write(u"Settings.ini"_s, "changed by hand");
     window->close();
     window.reset();
-    EXPECT_EQ(home.Read(QStringLiteral("Settings.ini")), "changed by hand");
+    EXPECT_EQ(home.Read(u"Settings.ini"_s), "changed by hand");
 }
 
 } // namespace

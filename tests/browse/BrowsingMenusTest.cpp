@@ -3,6 +3,7 @@
 #include "browse/Filters.h"
 #include "browse/Find.h"
 #include "browse/Sorting.h"
+#include "core/Literals.h"
 #include "support/ScriptedDialogs.h"
 
 namespace kelvado {
@@ -11,29 +12,29 @@ namespace {
 class SortingTest : public TreeFixture
 {
 protected:
-    QString answer = QStringLiteral("0");
+    QString answer = u"0"_s;
     Sorting sorting{state, marks, shell, [this] { return answer; }};
-    int Refreshes() const { return static_cast<int>(shell.calls.count(QStringLiteral("RefreshCatalogTree"))); }
+    int Refreshes() const { return static_cast<int>(shell.calls.count(u"RefreshCatalogTree"_s)); }
 };
 
 TEST_F(SortingTest, AnEntryMovesTheMarkAndRebuildsTheTree)
 {
     sorting.ChoosePrimary(4);
     EXPECT_EQ(state.gOptions->View.PrimarySort, u"Movie.Year");
-    EXPECT_TRUE(marks.IsChecked(QStringLiteral("mnuSortPrimDetail"), 4));
-    EXPECT_FALSE(marks.IsChecked(QStringLiteral("mnuSortPrimDetail"), 1));
+    EXPECT_TRUE(marks.IsChecked(u"mnuSortPrimDetail"_s, 4));
+    EXPECT_FALSE(marks.IsChecked(u"mnuSortPrimDetail"_s, 1));
     sorting.ChooseSecondary(3);
     EXPECT_EQ(state.gOptions->View.SecondarySort, u"Movie.Year");
     sorting.ChooseViewMode(2);
     EXPECT_EQ(state.gOptions->View.ViewMode, u"Loans");
-    EXPECT_TRUE(marks.IsChecked(QStringLiteral("mnuViewMode"), 2));
+    EXPECT_TRUE(marks.IsChecked(u"mnuViewMode"_s, 2));
     sorting.ToggleSecondaryDirection();
     EXPECT_EQ(state.gOptions->View.SecondaryOrder, u"DESC");
     sorting.ToggleSecondaryDirection();
     EXPECT_EQ(state.gOptions->View.SecondaryOrder, u"");
     EXPECT_EQ(Refreshes(), 5);
     sorting.TogglePrimaryExpanded();
-    EXPECT_TRUE(marks.IsChecked(QStringLiteral("mnuSortPrimExpanded"), -1));
+    EXPECT_TRUE(marks.IsChecked(u"mnuSortPrimExpanded"_s, -1));
     EXPECT_EQ(Refreshes(), 5);
     EXPECT_THROW(sorting.ChoosePrimary(8), RuntimeError);
 }
@@ -42,14 +43,14 @@ TEST_F(SortingTest, TheCustomEntryStaysMarkedAlsoWhereNothingWasChosen)
 {
     sorting.ChoosePrimary(7);
     EXPECT_EQ(state.gOptions->View.PrimarySort, u"Movie.Title");
-    EXPECT_TRUE(marks.IsChecked(QStringLiteral("mnuSortPrimDetail"), 7));
-    EXPECT_FALSE(marks.IsChecked(QStringLiteral("mnuSortPrimDetail"), 1));
+    EXPECT_TRUE(marks.IsChecked(u"mnuSortPrimDetail"_s, 7));
+    EXPECT_FALSE(marks.IsChecked(u"mnuSortPrimDetail"_s, 1));
     EXPECT_EQ(Refreshes(), 0);
-    answer = QStringLiteral("Movie.Country");
+    answer = u"Movie.Country"_s;
     sorting.ChoosePrimary(7);
     EXPECT_EQ(state.gOptions->View.PrimarySort, u"Movie.Country");
     sorting.ChoosePrimary(1);
-    EXPECT_TRUE(marks.IsChecked(QStringLiteral("mnuSortPrimDetail"), 7));
+    EXPECT_TRUE(marks.IsChecked(u"mnuSortPrimDetail"_s, 7));
 }
 
 const FilmElement& Element(const char* caption)
@@ -65,11 +66,11 @@ TEST(FilterDialog, SaysWhatIsMissingInItsOrder)
     const FilmElement& year = Element("Year");
     const FilmElement& title = Element("Title");
     EXPECT_EQ(FilterFault(nullptr, -1, {}), u"You must enter a filter criteria");
-    EXPECT_EQ(FilterFault(nullptr, -1, QStringLiteral("x")), u"You must select an element to filter");
-    EXPECT_EQ(FilterFault(&year, -1, QStringLiteral("x")), u"You must select an operand");
-    EXPECT_EQ(FilterFault(&year, 0, QStringLiteral("x")), u"Yearmust be numeric.");
-    EXPECT_EQ(FilterFault(&year, 0, QStringLiteral("1e3")), u"");
-    EXPECT_EQ(FilterFault(&title, -1, QStringLiteral("x")), u"");
+    EXPECT_EQ(FilterFault(nullptr, -1, u"x"_s), u"You must select an element to filter");
+    EXPECT_EQ(FilterFault(&year, -1, u"x"_s), u"You must select an operand");
+    EXPECT_EQ(FilterFault(&year, 0, u"x"_s), u"Yearmust be numeric.");
+    EXPECT_EQ(FilterFault(&year, 0, u"1e3"_s), u"");
+    EXPECT_EQ(FilterFault(&title, -1, u"x"_s), u"");
     for (const char* text : {"Runtime", "Index", "Audio Bitrate", "Video Bitrate"})
         EXPECT_EQ(Element(text).kind, ElementKind::Text) << text;
     for (const char* number : {"Year", "Discs/Tapes", "IMDb Rating", "IMDb Votes", "IMDb Number", "IMDb Link", "Audio Channels"})
@@ -78,10 +79,10 @@ TEST(FilterDialog, SaysWhatIsMissingInItsOrder)
 
 TEST(FilterDialog, PutsTheValueInQuotesAndIncludesItInGreaterAndLess)
 {
-    const FilterRecord year = MakeFilter(Element("Year"), 1, QStringLiteral(" 1979 "));
+    const FilterRecord year = MakeFilter(Element("Year"), 1, u" 1979 "_s);
     EXPECT_EQ(year.WhereText, u"Movie.Year >=\"1979\"");
     EXPECT_EQ(year.Caption, u"Year Greater Than  1979 ");
-    const FilterRecord title = MakeFilter(Element("Title"), 2, QStringLiteral("it's"));
+    const FilterRecord title = MakeFilter(Element("Title"), 2, u"it's"_s);
     EXPECT_EQ(title.WhereText, u"Movie.Title =\"it's\"");
     EXPECT_EQ(title.Caption, u"Title contains it's");
 }
@@ -94,10 +95,10 @@ protected:
         next = MakeFilter(Element("Title"), -1, QString::fromLatin1(value));
         filters.Add();
     }
-    bool Visible(int entry) const { return marks.visible.value(QStringLiteral("MnuFilterRemoveSingle_%1").arg(entry)); }
-    bool CanAdd() const { return marks.enabled.value(QStringLiteral("mnuAddFilter"), true); }
+    bool Visible(int entry) const { return marks.visible.value(u"MnuFilterRemoveSingle_%1"_s.arg(entry)); }
+    bool CanAdd() const { return marks.enabled.value(u"mnuAddFilter"_s, true); }
 
-    FilterRecord next{QStringLiteral("0"), {}};
+    FilterRecord next{u"0"_s, {}};
     ScriptedDialogs dialogs;
     Filters filters{state, dialogs, marks, shell, [this] { return next; }};
 };
@@ -132,12 +133,12 @@ TEST_F(FiltersTest, EntriesAndRecordsDriftApartWhenOneInTheMiddleGoes)
     EXPECT_FALSE(Visible(1));
     EXPECT_TRUE(Visible(4));
     EXPECT_FALSE(CanAdd()); // the count was looked at before it went down
-    EXPECT_EQ(marks.captions.value(QStringLiteral("MnuFilterRemoveSingle_2")), u"Title contains c");
+    EXPECT_EQ(marks.captions.value(u"MnuFilterRemoveSingle_2"_s), u"Title contains c");
     filters.RemoveSingle(2); // the entry of "c" takes record "d"
     EXPECT_EQ(state.FilterWhere, u"WHERE Movie.Title =\"a\" AND Movie.Title =\"c\" AND Movie.Title =\"e\"");
     EXPECT_TRUE(CanAdd());
     Add("g"); // writes over the entry at the count, which is a visible one or not
-    EXPECT_EQ(marks.captions.value(QStringLiteral("MnuFilterRemoveSingle_3")), u"Title contains g");
+    EXPECT_EQ(marks.captions.value(u"MnuFilterRemoveSingle_3"_s), u"Title contains g");
     EXPECT_THROW(filters.RemoveSingle(5), RuntimeError);
 }
 
@@ -167,7 +168,7 @@ TEST_F(FilmCommandsTest, DeleteAsksTakesTheNodeAndLeavesWhatIsShared)
 {
     films.Delete(Film("1"));
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie"), u"3");
-    const ScriptedDialogs::Box question{QStringLiteral("Are you sure you want to delete Alien"), 4, QStringLiteral("Confirm Delete")};
+    const ScriptedDialogs::Box question{u"Are you sure you want to delete Alien"_s, 4, u"Confirm Delete"_s};
     EXPECT_EQ(dialogs.boxes.last(), question);
     dialogs.answers << kAnswerYes;
     tree.ExpandFilmNode(Film("1"));
@@ -182,7 +183,7 @@ TEST_F(FilmCommandsTest, DeleteAsksTakesTheNodeAndLeavesWhatIsShared)
     for (const char* left : {"SELECT count(*) FROM Feature_Link", "SELECT count(*) FROM Loans", "SELECT count(*) FROM Images",
                              "SELECT count(*) FROM Actor", "SELECT count(*) FROM ActorLink"})
         EXPECT_EQ(catalog.Ask(left), u"1") << left;
-    EXPECT_EQ(shell.calls.mid(shell.calls.size() - 2), (QStringList{QStringLiteral("ShowSelection"), QStringLiteral("UpdateStatus 1")}));
+    EXPECT_EQ(shell.calls.mid(shell.calls.size() - 2), (QStringList{u"ShowSelection"_s, u"UpdateStatus 1"_s}));
     EXPECT_THROW(films.Delete({}), RuntimeError);
 }
 
@@ -191,7 +192,7 @@ TEST_F(FilmCommandsTest, AFilmThatCannotBeDeletedComesBack)
     catalog.Run("CREATE TRIGGER full BEFORE DELETE ON Movie BEGIN SELECT RAISE(FAIL, 'disk full'); END");
     dialogs.answers << kAnswerYes;
     EXPECT_THROW(films.Delete(Film("1")), RuntimeError);
-    EXPECT_EQ(shell.calls, QStringList(QStringLiteral("RefreshCatalogTree")));
+    EXPECT_EQ(shell.calls, QStringList(u"RefreshCatalogTree"_s));
 }
 
 TEST_F(FilmCommandsTest, MovesAndTheMovieNightListWriteOneColumn)
@@ -206,7 +207,7 @@ TEST_F(FilmCommandsTest, MovesAndTheMovieNightListWriteOneColumn)
     films.ClearMovieNight();
     EXPECT_EQ(catalog.Ask("SELECT sum(MovieNight) FROM Movie"), u"0");
     EXPECT_EQ(shell.calls.size(), 2);
-    state.gOptions->View.ViewMode = QStringLiteral("MovieNight");
+    state.gOptions->View.ViewMode = u"MovieNight"_s;
     films.ClearMovieNight();
     EXPECT_EQ(shell.calls.size(), 3);
     EXPECT_THROW(films.AddToMovieNight({}), RuntimeError);
@@ -215,7 +216,7 @@ TEST_F(FilmCommandsTest, MovesAndTheMovieNightListWriteOneColumn)
     EXPECT_THROW(films.MoveToRequests(model.Find(GroupKey(u"65"))), RuntimeError);
     EXPECT_EQ(catalog.Ask("SELECT Format FROM Movie WHERE Movie_ID = 65"), u"DVD");
     // The tree of one catalog says nothing of the films of another.
-    state.treeCatalog = QStringLiteral("/other.kvd");
+    state.treeCatalog = u"/other.kvd"_s;
     films.MoveToMovies(Film("2"));
     EXPECT_EQ(catalog.Ask("SELECT Format FROM Movie WHERE Movie_ID = 2"), u"VHS");
     EXPECT_EQ(shell.calls.last(), u"RefreshCatalogTree");
@@ -231,7 +232,7 @@ TEST_F(FilmCommandsTest, FindWalksGroupsFilmsAndFetchedCastsAndTellsTheEnd)
     };
     for (int i = 0; i < 3; ++i)
         next(u"AL");
-    EXPECT_EQ(found, (QStringList{QStringLiteral("Alien"), QStringLiteral("Alphaville")}));
+    EXPECT_EQ(found, (QStringList{u"Alien"_s, u"Alphaville"_s}));
     EXPECT_EQ(dialogs.boxes.last().text, u"Finished Searching The Document");
     EXPECT_EQ(find.Position(), 1);
     dialogs.boxes.clear();
@@ -243,7 +244,7 @@ TEST_F(FilmCommandsTest, FindWalksGroupsFilmsAndFetchedCastsAndTellsTheEnd)
     found.clear();
     next(u"al");
     next(u"br");
-    EXPECT_EQ(found, (QStringList{QStringLiteral("Alphaville"), QStringLiteral("Brazil")}));
+    EXPECT_EQ(found, (QStringList{u"Alphaville"_s, u"Brazil"_s}));
 }
 
 } // namespace

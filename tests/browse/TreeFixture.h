@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browse/Tree.h"
+#include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
@@ -18,10 +19,10 @@ class TreeFixture : public ::testing::Test
 protected:
     TreeFixture()
     {
-        QFile settings(QStringLiteral(KELVADO_SOURCE_DIR "/data/Settings.ini"));
+        QFile settings(u"" KELVADO_SOURCE_DIR "/data/Settings.ini"_s);
         EXPECT_TRUE(settings.open(QIODevice::ReadOnly));
-        home.Write(QStringLiteral("Settings.ini"), settings.readAll());
-        state.gOptions = std::make_unique<cOptions>(home.Path(QStringLiteral("Settings.ini")), marks);
+        home.Write(u"Settings.ini"_s, settings.readAll());
+        state.gOptions = std::make_unique<cOptions>(home.Path(u"Settings.ini"_s), marks);
         state.comDiagFile.fileName = catalog.Path();
     }
 
@@ -46,15 +47,14 @@ protected:
     {
         QStringList lines;
         const auto line = [&](const QModelIndex& node) {
-            return QStringLiteral("%1 %2 #%3")
-                .arg(model.Key(node).replace(u'\n', u'|'), node.data().toString())
+            return u"%1 %2 #%3"_s.arg(model.Key(node).replace(u'\n', u'|'), node.data().toString())
                 .arg(node.data(CatalogModel::ImageRole).toInt());
         };
         for (int g = 0; g < model.rowCount(); ++g) {
             const QModelIndex group = model.index(g, 0);
             lines << line(group);
             for (int f = 0; f < model.rowCount(group); ++f)
-                lines << QStringLiteral("  ") + line(model.index(f, 0, group));
+                lines << u"  "_s + line(model.index(f, 0, group));
         }
         return lines;
     }

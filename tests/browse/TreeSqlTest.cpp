@@ -1,5 +1,7 @@
 #include "TreeFixture.h"
 
+#include "core/Literals.h"
+
 namespace kelvado {
 namespace {
 
@@ -15,25 +17,25 @@ constexpr const char* kSortKeys[] = {"Movie.IsRequest",   "Movie.Title",      "M
 TEST(LevelSql, IsPutTogetherLetterByLetter)
 {
     cOptView view;
-    view.SecondarySort = QStringLiteral("Movie.Year");
-    view.PrimaryOrder = QStringLiteral("DESC");
-    view.ViewMode = QStringLiteral("Movies");
-    EXPECT_EQ(BuildLevelSql(QStringLiteral("Movie.Index"), 1, view, QStringLiteral("WHERE 1")),
+    view.SecondarySort = u"Movie.Year"_s;
+    view.PrimaryOrder = u"DESC"_s;
+    view.ViewMode = u"Movies"_s;
+    EXPECT_EQ(BuildLevelSql(u"Movie.Index"_s, 1, view, u"WHERE 1"_s),
               u"SELECT Movie.Index, Count(Movie.Index) As lCount FROM Movie GROUP BY Movie.Index ORDER BY Movie.Index DESC");
-    EXPECT_EQ(BuildLevelSql(QStringLiteral("Movie.IsRequest"), 1, view, {}),
+    EXPECT_EQ(BuildLevelSql(u"Movie.IsRequest"_s, 1, view, {}),
               u"SELECT Movie.IsRequest, Loan_ID FROM Movie ORDER BY Movie.IsRequest DESC");
-    EXPECT_EQ(BuildLevelSql(QStringLiteral("Genre.Genre"), 1, view, {}),
+    EXPECT_EQ(BuildLevelSql(u"Genre.Genre"_s, 1, view, {}),
               u"SELECT Genre.Genre, Count(Genre.Genre) AS lCount FROM Movie INNER JOIN (Genre INNER JOIN GenreLink ON Genre.Genre_ID = "
               u"GenreLink.Genre_ID) ON Movie.Movie_ID = GenreLink.Movie_ID GROUP BY Genre.Genre ORDER BY Genre.Genre DESC");
-    EXPECT_EQ(BuildLevelSql(QStringLiteral("Movie.Title"), 2, view, {}),
+    EXPECT_EQ(BuildLevelSql(u"Movie.Title"_s, 2, view, {}),
               u"SELECT Movie.Title, Movie.Year, Movie.Movie_ID, Movie.Title, Movie.Format, Movie.Loan_ID FROM Movie  ORDER BY Movie.Year ");
-    view.ViewMode = QStringLiteral("Loans");
-    EXPECT_EQ(BuildLevelSql(QStringLiteral("Movie.Title"), 2, view, {}),
+    view.ViewMode = u"Loans"_s;
+    EXPECT_EQ(BuildLevelSql(u"Movie.Title"_s, 2, view, {}),
               u"SELECT Movie.Title, Movie.Year, Movie.Movie_ID, Movie.Title, Movie.Format, Movie.Loan_ID FROM Movie  WHERE Loan_ID <> 0 "
               u"ORDER BY Movie.Year ");
     // A filter value that holds the words is altered with them.
-    view.ViewMode = QStringLiteral("Requests");
-    EXPECT_TRUE(BuildLevelSql(QStringLiteral("Movie.Title"), 2, view, QStringLiteral("WHERE Movie.Title = \"WHERE\""))
+    view.ViewMode = u"Requests"_s;
+    EXPECT_TRUE(BuildLevelSql(u"Movie.Title"_s, 2, view, u"WHERE Movie.Title = \"WHERE\""_s)
                     .contains(u"WHERE Format = 'Request' AND Movie.Title = \"WHERE Format = 'Request' AND\""));
 }
 
@@ -66,13 +68,12 @@ TEST_F(TreeSqlTest, EverySortViewModeAndDirectionRunsOnRealRows)
     for (const char* primary : kSortKeys) {
         for (const char* secondary : {"Movie.Title", "Movie.Index", "Movie.Format", "Movie.Year", "Movie.Group"}) {
             Sort(primary, secondary);
-            view.PrimaryOrder = view.SecondaryOrder = view.PrimaryOrder.isEmpty() ? QStringLiteral("DESC") : QString();
+            view.PrimaryOrder = view.SecondaryOrder = view.PrimaryOrder.isEmpty() ? u"DESC"_s : QString();
             for (const auto& [mode, films] : modes) {
                 view.ViewMode = QString::fromUtf16(mode);
                 EXPECT_NO_THROW(Rows(BuildLevelSql(view.PrimarySort, 1, view, {}))) << primary;
                 EXPECT_EQ(Rows(BuildLevelSql(view.PrimarySort, 2, view, {})), films) << primary << ' ' << qPrintable(view.ViewMode);
-                EXPECT_EQ(Rows(BuildLevelSql(view.PrimarySort, 2, view,
-                                             QStringLiteral("WHERE Movie.Year >= \"1979\" AND Movie.Title = \"RAN\""))),
+                EXPECT_EQ(Rows(BuildLevelSql(view.PrimarySort, 2, view, u"WHERE Movie.Year >= \"1979\" AND Movie.Title = \"RAN\""_s)),
                           films == 3 || view.ViewMode == u"Requests" ? 1 : 0)
                     << primary;
             }
@@ -97,13 +98,11 @@ TEST_F(TreeSqlTest, FiltersCompareNumbersWhereAColumnHoldsThemAndTextsElsewhere)
         {u"Movie.Title = \"it's; DROP\"", 0},
     };
     for (const auto& [where, films] : cases) {
-        const QString filter = QStringLiteral("WHERE ") + QString::fromUtf16(where);
-        EXPECT_EQ(Rows(BuildLevelSql(QStringLiteral("Movie.Title"), 2, state.gOptions->View, filter)), films) << qPrintable(filter);
+        const QString filter = u"WHERE "_s + QString::fromUtf16(where);
+        EXPECT_EQ(Rows(BuildLevelSql(u"Movie.Title"_s, 2, state.gOptions->View, filter)), films) << qPrintable(filter);
     }
     for (const char16_t* where : {u"Genre.Genre = \"Drama\"", u"Movie.IMDbLink = \"1\"", u"Movie.Title = \"a\"b\""})
-        EXPECT_THROW(Rows(BuildLevelSql(QStringLiteral("Movie.Title"), 2, state.gOptions->View,
-                                        QStringLiteral("WHERE ") + QString::fromUtf16(where))),
-                     RuntimeError);
+        EXPECT_THROW(Rows(BuildLevelSql(u"Movie.Title"_s, 2, state.gOptions->View, u"WHERE "_s + QString::fromUtf16(where))), RuntimeError);
 }
 
 } // namespace

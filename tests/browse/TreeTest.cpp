@@ -1,5 +1,7 @@
 #include "TreeFixture.h"
 
+#include "core/Literals.h"
+
 namespace kelvado {
 namespace {
 
@@ -22,11 +24,9 @@ TEST_F(TreeTest, SortedByTitleGroupsByTheFirstCharacter)
 {
     Sort("Movie.Title");
     tree.FillTree();
-    EXPECT_EQ(Shown(),
-              (QStringList{QStringLiteral("\"1\" * #0"), QStringLiteral("  \"5|1\"  #0"), QStringLiteral("  \"3|1\" \"Quoted\" #5"),
-                           QStringLiteral("\"10\" 0-9 #0"), QStringLiteral("  \"2|10\" 8 1/2 #4"), QStringLiteral("\"65\" A #0"),
-                           QStringLiteral("  \"6|65\" Aöx #0"), QStringLiteral("  \"1|65\" alien #3"), QStringLiteral("\"90\" Z #0"),
-                           QStringLiteral("  \"4|90\" Zorro #13")}));
+    EXPECT_EQ(Shown(), (QStringList{u"\"1\" * #0"_s, u"  \"5|1\"  #0"_s, u"  \"3|1\" \"Quoted\" #5"_s, u"\"10\" 0-9 #0"_s,
+                                    u"  \"2|10\" 8 1/2 #4"_s, u"\"65\" A #0"_s, u"  \"6|65\" Aöx #0"_s, u"  \"1|65\" alien #3"_s,
+                                    u"\"90\" Z #0"_s, u"  \"4|90\" Zorro #13"_s}));
     EXPECT_EQ(shell.calls.last(), u"UpdateStatus 1");
     EXPECT_EQ(shell.lastProgress, 0);
 }
@@ -35,22 +35,18 @@ TEST_F(TreeTest, SortedByPlaceHasItsThreeGroupsAndALoansKeyThatEndsLikeARequests
 {
     Sort("Movie.IsRequest");
     tree.FillTree();
-    EXPECT_EQ(Shown(), (QStringList{QStringLiteral("\"False\" My Movies #11"), QStringLiteral("  \"5|False\"  #0"),
-                                    QStringLiteral("  \"3|False\" \"Quoted\" #5"), QStringLiteral("  \"6|False\" Aöx #0"),
-                                    QStringLiteral("  \"1|False\" alien #3"), QStringLiteral("\"True\" My Requests #11"),
-                                    QStringLiteral("  \"4|True\" Zorro #13"), QStringLiteral("\"Loan\" Loaned Movies #11"),
-                                    QStringLiteral("  \"2|True\" 8 1/2 #4")}));
+    EXPECT_EQ(Shown(), (QStringList{u"\"False\" My Movies #11"_s, u"  \"5|False\"  #0"_s, u"  \"3|False\" \"Quoted\" #5"_s,
+                                    u"  \"6|False\" Aöx #0"_s, u"  \"1|False\" alien #3"_s, u"\"True\" My Requests #11"_s,
+                                    u"  \"4|True\" Zorro #13"_s, u"\"Loan\" Loaned Movies #11"_s, u"  \"2|True\" 8 1/2 #4"_s}));
 }
 
 TEST_F(TreeTest, OtherSortsGroupByValueAndPutEverythingWithoutOneIntoOneGroup)
 {
     Sort("Movie.Year", "Movie.Format");
     tree.FillTree();
-    EXPECT_EQ(Shown(),
-              (QStringList{QStringLiteral("\"\" N/A #0"), QStringLiteral("  \"3|\" \"Quoted\" #5"), QStringLiteral("\"1963\" 1963 #0"),
-                           QStringLiteral("  \"6|1963\" Aöx #0"), QStringLiteral("  \"2|1963\" 8 1/2 #4"),
-                           QStringLiteral("\"1979\" 1979 #0"), QStringLiteral("  \"5|1979\"  #0"), QStringLiteral("  \"1|1979\" alien #3"),
-                           QStringLiteral("  \"4|1979\" Zorro #13")}));
+    EXPECT_EQ(Shown(), (QStringList{u"\"\" N/A #0"_s, u"  \"3|\" \"Quoted\" #5"_s, u"\"1963\" 1963 #0"_s, u"  \"6|1963\" Aöx #0"_s,
+                                    u"  \"2|1963\" 8 1/2 #4"_s, u"\"1979\" 1979 #0"_s, u"  \"5|1979\"  #0"_s, u"  \"1|1979\" alien #3"_s,
+                                    u"  \"4|1979\" Zorro #13"_s}));
     catalog.Run("UPDATE Movie SET Custom1 = 'n/a' WHERE Movie_ID = 1; UPDATE Movie SET Custom1 = '' WHERE Movie_ID = 2;"
                 "UPDATE Movie SET Custom1 = 'Red' WHERE Movie_ID = 4; UPDATE Movie SET Custom1 = 'RED' WHERE Movie_ID = 5;"
                 "UPDATE Movie SET Custom1 = 'ÄRA' WHERE Movie_ID = 3; UPDATE Movie SET Custom1 = 'ära' WHERE Movie_ID = 6;");
@@ -67,19 +63,17 @@ TEST_F(TreeTest, SortedByFormatGroupsCarryTheirPicture)
     QStringList groups;
     for (int i = 0; i < model.GroupCount(); ++i)
         groups << model.index(i, 0).data().toString() + QString::number(model.index(i, 0).data(CatalogModel::ImageRole).toInt());
-    EXPECT_EQ(groups, (QStringList{QStringLiteral("N/A0"), QStringLiteral("Betamax0"), QStringLiteral("DVD3"), QStringLiteral("Request13"),
-                                   QStringLiteral("VHS4")}));
+    EXPECT_EQ(groups, (QStringList{u"N/A0"_s, u"Betamax0"_s, u"DVD3"_s, u"Request13"_s, u"VHS4"_s}));
 }
 
 TEST_F(TreeTest, SortedByGenreAFilmStandsUnderEachAndASecondLinkRaisesOnceAllIsFilled)
 {
     Sort("Genre.Genre");
     tree.FillTree();
-    const QStringList shown = {QStringLiteral("\"Farce\" Farce #0"), QStringLiteral("  \"2|Farce\" 8 1/2 #4"),
-                               QStringLiteral("  \"1|Farce\" alien #3"), QStringLiteral("\"Tragedy\" Tragedy #0"),
-                               QStringLiteral("  \"1|Tragedy\" alien #3")};
+    const QStringList shown = {u"\"Farce\" Farce #0"_s, u"  \"2|Farce\" 8 1/2 #4"_s, u"  \"1|Farce\" alien #3"_s,
+                               u"\"Tragedy\" Tragedy #0"_s, u"  \"1|Tragedy\" alien #3"_s};
     EXPECT_EQ(Shown(), shown);
-    EXPECT_EQ(tree.FilmNodeKeys(QStringLiteral("1")), (QStringList{FilmKey(1, u"Tragedy"), FilmKey(1, u"Farce")}));
+    EXPECT_EQ(tree.FilmNodeKeys(u"1"_s), (QStringList{FilmKey(1, u"Tragedy"), FilmKey(1, u"Farce")}));
     catalog.Run("INSERT INTO GenreLink (Movie_ID, Genre_ID) VALUES (2, 902)");
     EXPECT_EQ(ErrorOfFill(), kErrDuplicateKey);
     EXPECT_EQ(Shown(), shown);
@@ -102,7 +96,7 @@ TEST_F(TreeTest, FilmNodeKeysHaveTheTreesOwnForm)
         EXPECT_EQ(keys[0], FilmKey(QByteArray(film).toInt(), value)) << sort;
         EXPECT_TRUE(model.Find(keys[0]).isValid()) << sort;
     }
-    EXPECT_TRUE(tree.FilmNodeKeys(QStringLiteral("99")).isEmpty());
+    EXPECT_TRUE(tree.FilmNodeKeys(u"99"_s).isEmpty());
 }
 
 TEST_F(TreeTest, ExpandingFetchesTheCastInBillingOrderAndAnewEachTime)
@@ -110,7 +104,7 @@ TEST_F(TreeTest, ExpandingFetchesTheCastInBillingOrderAndAnewEachTime)
     for (const char* sort : {"Movie.Title", "Genre.Genre"}) {
         Sort(sort);
         tree.FillTree();
-        const QModelIndex film = model.Find(tree.FilmNodeKeys(QStringLiteral("1")).constFirst());
+        const QModelIndex film = model.Find(tree.FilmNodeKeys(u"1"_s).constFirst());
         ASSERT_EQ(model.rowCount(film), 1);
         EXPECT_EQ(model.index(0, 0, film).data().toString(), u"");
         EXPECT_EQ(model.Tag(model.index(0, 0, film)), kTagGroup);
@@ -122,7 +116,7 @@ TEST_F(TreeTest, ExpandingFetchesTheCastInBillingOrderAndAnewEachTime)
         EXPECT_EQ(model.index(2, 0, film).data(CatalogModel::ImageRole).toInt(), 7);
         EXPECT_EQ(model.Tag(model.index(2, 0, film)), kTagActor);
     }
-    const QModelIndex actor = model.Find(QStringLiteral("\"1\n21\nTragedy\""));
+    const QModelIndex actor = model.Find(u"\"1\n21\nTragedy\""_s);
     EXPECT_EQ(actor.data().toString(), u"Björn");
     EXPECT_EQ(KeyPart(model.Key(actor), 1), u"21");
 
@@ -162,8 +156,8 @@ TEST_F(TreeTest, AFailureHalfWayLeavesWhatWasReadAndAFileThatIsNoCatalogFails)
     Sort("Movie.Title", "Movie.IMDbLink");
     EXPECT_NE(ErrorOfFill(), 0);
     EXPECT_EQ(model.GroupCount(), 4);
-    home.Write(QStringLiteral("text.kvd"), "this is no catalog, whatever its name says");
-    state.comDiagFile.fileName = home.Path(QStringLiteral("text.kvd"));
+    home.Write(u"text.kvd"_s, "this is no catalog, whatever its name says");
+    state.comDiagFile.fileName = home.Path(u"text.kvd"_s);
     try {
         tree.FillTree();
         FAIL() << "a text file was taken for a catalog";

@@ -1,5 +1,6 @@
 #include "core/Conversions.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <gtest/gtest.h>
@@ -84,9 +85,9 @@ TEST(DecodeEntities, ReadsDecimalCodesOfTheCodePageAndStopsAtTheFirstItCannotRea
         EXPECT_EQ(DecodeEntities(QString::fromUtf16(text)), QString::fromUtf16(decoded));
     QString many;
     for (int i = 0; i < 600; ++i)
-        many += QStringLiteral("&#65.%1;").arg(1000 + i);
-    EXPECT_TRUE(DecodeEntities(many).startsWith(QString(512, u'A') + QStringLiteral("&#65.1512;")));
-    const QString far = QString(32768, u'x') + QStringLiteral("&#246;");
+        many += u"&#65.%1;"_s.arg(1000 + i);
+    EXPECT_TRUE(DecodeEntities(many).startsWith(QString(512, u'A') + u"&#65.1512;"_s));
+    const QString far = QString(32768, u'x') + u"&#246;"_s;
     EXPECT_EQ(DecodeEntities(far), far);
 }
 

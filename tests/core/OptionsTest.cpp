@@ -1,5 +1,6 @@
 #include "core/Options.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "support/MapMarks.h"
 #include "support/TempHome.h"
@@ -7,11 +8,11 @@
 namespace kelvado {
 namespace {
 
-const QString kName = QStringLiteral("Settings.ini");
+const QString kName = u"Settings.ini"_s;
 
 QByteArray Delivered()
 {
-    QFile file(QStringLiteral(KELVADO_SOURCE_DIR "/data/Settings.ini"));
+    QFile file(u"" KELVADO_SOURCE_DIR "/data/Settings.ini"_s);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     return file.readAll();
 }
@@ -28,7 +29,7 @@ TEST(Options, AreAllInTheDeliveredFileAndComeBackAsTheyWere)
     options.Display.SectionTotal = 7;
     options.IMDbFilmUpdate.HiImage = 0;
     options.IMDbFilmAdd.SpokenLanguages = 1;
-    options.Defaults.Format = QStringLiteral("DVD");
+    options.Defaults.Format = u"DVD"_s;
     options.Save();
     MapMarks later;
     const cOptions read(home.Path(kName), later);
@@ -43,19 +44,19 @@ TEST(Options, CheckTheMenuEntriesThatStandForThem)
 {
     const TempHome home;
     home.Write(kName, Delivered());
-    WriteProfileValue(QStringLiteral("View"), QStringLiteral("PrimarySort"), QStringLiteral("Genre.Genre"), home.Path(kName));
-    WriteProfileValue(QStringLiteral("View"), QStringLiteral("SecondarySort"), QStringLiteral("Movie.Year"), home.Path(kName));
-    WriteProfileValue(QStringLiteral("View"), QStringLiteral("ViewMode"), QStringLiteral("Loans"), home.Path(kName));
-    WriteProfileValue(QStringLiteral("View"), QStringLiteral("PrimaryExpand"), QStringLiteral("2"), home.Path(kName));
+    WriteProfileValue(u"View"_s, u"PrimarySort"_s, u"Genre.Genre"_s, home.Path(kName));
+    WriteProfileValue(u"View"_s, u"SecondarySort"_s, u"Movie.Year"_s, home.Path(kName));
+    WriteProfileValue(u"View"_s, u"ViewMode"_s, u"Loans"_s, home.Path(kName));
+    WriteProfileValue(u"View"_s, u"PrimaryExpand"_s, u"2"_s, home.Path(kName));
     MapMarks marks;
     const cOptions options(home.Path(kName), marks);
     const QStringList checked = marks.CheckedEntries();
     for (const char* entry :
          {"mnuSortPrimDetail_3", "mnuSortSecDetail_3", "mnuViewMode_2", "mnuSortPrimExpanded", "mnuStatusItem_0", "mnuStatusItem_1"})
         EXPECT_TRUE(checked.contains(QLatin1StringView(entry))) << entry;
-    EXPECT_EQ(checked.filter(QStringLiteral("Sort")).size(), 3);
+    EXPECT_EQ(checked.filter(u"Sort"_s).size(), 3);
     EXPECT_EQ(options.View.PrimaryOrder, u"");
-    EXPECT_FALSE(marks.enabled.value(QStringLiteral("mnuStatusItem_0"), true));
+    EXPECT_FALSE(marks.enabled.value(u"mnuStatusItem_0"_s, true));
 }
 
 TEST(Options, SaveBothDirectionsFromThePrimaryMark)
@@ -70,8 +71,8 @@ TEST(Options, SaveBothDirectionsFromThePrimaryMark)
         home.Write(kName, Delivered());
         MapMarks marks;
         const cOptions options(home.Path(kName), marks);
-        marks.SetChecked(QStringLiteral("mnuSortPrimDESC"), -1, primary);
-        marks.SetChecked(QStringLiteral("mnuSortSecDESC"), -1, secondary);
+        marks.SetChecked(u"mnuSortPrimDESC"_s, -1, primary);
+        marks.SetChecked(u"mnuSortSecDESC"_s, -1, secondary);
         options.Save();
         MapMarks later;
         const cOptions read(home.Path(kName), later);
@@ -90,7 +91,7 @@ TEST(Options, NameTheSettingThatIsNoNumber)
         FAIL() << "an incomplete file was taken";
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.Number(), kErrTypeMismatch);
-        for (const QString& part : {QStringLiteral("MaxWriters"), QStringLiteral("[Display]"), home.Path(kName)})
+        for (const QString& part : {u"MaxWriters"_s, u"[Display]"_s, home.Path(kName)})
             EXPECT_TRUE(error.Description().contains(part)) << qPrintable(error.Description());
     }
 }

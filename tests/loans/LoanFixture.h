@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/AppState.h"
+#include "core/Literals.h"
 #include "loans/LoanContext.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
@@ -48,9 +49,9 @@ protected:
     FixedClock clock;
     LoanContext context{state, dialogs, clock};
 
-    const QString kAnn = QStringLiteral("10:1:Ann O'Neil:2024-01-02:-:-:with box");
-    const QString kBob = QStringLiteral("11:2:Bob:2023-05-01:2023-05-15:2023-05-09:-");
-    const QString kBefore = kAnn + QStringLiteral(" | ") + kBob + QStringLiteral(" ; 1=10");
+    const QString kAnn = u"10:1:Ann O'Neil:2024-01-02:-:-:with box"_s;
+    const QString kBob = u"11:2:Bob:2023-05-01:2023-05-15:2023-05-09:-"_s;
+    const QString kBefore = kAnn + u" | "_s + kBob + u" ; 1=10"_s;
 };
 
 } // namespace kelvado

@@ -1,5 +1,6 @@
 #include "LoanFixture.h"
 
+#include "core/Literals.h"
 #include "loans/forms/fLoan.h"
 #include "loans/forms/fLoanAdd.h"
 #include "ui/DatePicker.h"
@@ -17,13 +18,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
-
-std::unique_ptr<QCoreApplication> MakeTestApplication(int& argc, char** argv)
-{
-    auto application = std::make_unique<QApplication>(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
-    return application;
-}
 
 namespace kelvado {
 namespace {

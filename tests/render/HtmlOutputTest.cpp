@@ -1,5 +1,6 @@
 #include "render/HtmlOutput.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "support/TempCatalog.h"
 
@@ -34,15 +35,15 @@ protected:
     {
         QString page = QString::fromUtf8(text);
         Recordset film;
-        film.Open(QStringLiteral("SELECT * FROM Movie WHERE Movie_ID = 1"), connection);
-        FillFilmTokens(page, film, {QStringLiteral("Plain"), QStringLiteral("http://site"), exported});
-        return page.replace(m_home.path(), QStringLiteral("HOME")).toStdString();
+        film.Open(u"SELECT * FROM Movie WHERE Movie_ID = 1"_s, connection);
+        FillFilmTokens(page, film, {u"Plain"_s, u"http://site"_s, exported});
+        return page.replace(m_home.path(), u"HOME"_s).toStdString();
     }
 
     std::string Fill(void (*fill)(QString&, Connection&, const QString&), const char* text)
     {
         QString page = QString::fromUtf8(text);
-        fill(page, connection, QStringLiteral("1"));
+        fill(page, connection, u"1"_s);
         return page.toStdString();
     }
 
@@ -147,10 +148,10 @@ TEST_F(Tokens, RatingBars)
 
 TEST_F(Tokens, SkinPicturesAreFoundInAnySpelling)
 {
-    QDir(m_home.path()).mkpath(QStringLiteral("Skins/Plain/Ratings"));
-    QFile(m_home.filePath(QStringLiteral("Skins/Plain/Ratings/na.gif"))).open(QIODevice::WriteOnly);
+    QDir(m_home.path()).mkpath(u"Skins/Plain/Ratings"_s);
+    QFile(m_home.filePath(u"Skins/Plain/Ratings/na.gif"_s)).open(QIODevice::WriteOnly);
     EXPECT_EQ(Film("!!RATEDIMG!!"), "HOME/Skins/Plain/Ratings/na.gif");
-    EXPECT_EQ(PathForPage(QStringLiteral("C:\\100% #1\\a?&lt;.gif")), QStringLiteral("C:/100%25 %231/a%3F%26lt;.gif"));
+    EXPECT_EQ(PathForPage(u"C:\\100% #1\\a?&lt;.gif"_s), u"C:/100%25 %231/a%3F%26lt;.gif"_s);
 }
 
 TEST_F(Tokens, GenresKeepTheBlankInFront)
@@ -200,7 +201,7 @@ TEST_F(Tokens, FiftyBoundsOnlyTheFilling)
 TEST(PageTokens, NeighboursOfAPage)
 {
     const auto fill = [](qint64 page, qint64 pages) {
-        QString text = QStringLiteral("!!NAVPREV!! !!NAVNEXT!! !!CURRENTPAGE!!/!!TOTALPAGES!! !!PAGESIZE!! !!TOTALFILMS!!");
+        QString text = u"!!NAVPREV!! !!NAVNEXT!! !!CURRENTPAGE!!/!!TOTALPAGES!! !!PAGESIZE!! !!TOTALFILMS!!"_s;
         FillPageTokens(text, page, pages, 20, 55);
         return text.toStdString();
     };
@@ -211,12 +212,11 @@ TEST(PageTokens, NeighboursOfAPage)
 
 TEST_F(Tokens, BarPicturesAreExportedUnderTheirOwnNames)
 {
-    QDir(m_home.path()).mkpath(QStringLiteral("Skins/Plain/RatingBar"));
+    QDir(m_home.path()).mkpath(u"Skins/Plain/RatingBar"_s);
     for (const char* name : {"barna.gif", "barYes.gif"})
-        QFile(m_home.filePath(QStringLiteral("Skins/Plain/RatingBar/") + QLatin1StringView(name))).open(QIODevice::WriteOnly);
-    CopyRatingBarImages(QStringLiteral("Plain"));
-    EXPECT_EQ(QDir(m_home.filePath(QStringLiteral("Export/Web/Images"))).entryList(QDir::Files),
-              (QStringList{QStringLiteral("BarNA.Gif"), QStringLiteral("baryes.Gif")}));
+        QFile(m_home.filePath(u"Skins/Plain/RatingBar/"_s + QLatin1StringView(name))).open(QIODevice::WriteOnly);
+    CopyRatingBarImages(u"Plain"_s);
+    EXPECT_EQ(QDir(m_home.filePath(u"Export/Web/Images"_s)).entryList(QDir::Files), (QStringList{u"BarNA.Gif"_s, u"baryes.Gif"_s}));
 }
 
 } // namespace

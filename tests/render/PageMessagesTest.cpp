@@ -2,6 +2,7 @@
 
 #include "RecordingHost.h"
 #include "core/AppState.h"
+#include "core/Literals.h"
 #include "render/Pages.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
@@ -64,7 +65,7 @@ TEST_F(Messages, EachClickHasOneMeaning)
 
 TEST_F(Messages, BrokenMessagesRaise)
 {
-    host.missingKeys = QStringList{QStringLiteral("\"9\nDrama\"")};
+    host.missingKeys = QStringList{u"\"9\nDrama\""_s};
     const struct
     {
         const char* id;

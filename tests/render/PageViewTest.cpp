@@ -2,6 +2,7 @@
 
 #include "RecordingHost.h"
 #include "core/AppState.h"
+#include "core/Literals.h"
 #include "render/Pages.h"
 #include "render/forms/PageEngine.h"
 #include "support/RecordingShell.h"
@@ -43,8 +44,8 @@ class PageView : public ::testing::Test
 protected:
     PageView()
     {
-        QDir(m_folder.path()).mkpath(QStringLiteral("home/temp"));
-        qputenv("KELVADO_HOME", m_folder.filePath(QStringLiteral("home")).toUtf8());
+        QDir(m_folder.path()).mkpath(u"home/temp"_s);
+        qputenv("KELVADO_HOME", m_folder.filePath(u"home"_s).toUtf8());
         QImage picture(4, 4, QImage::Format_RGB32);
         picture.fill(Qt::red);
         picture.save(File("home/temp/inside.png"));
@@ -101,7 +102,7 @@ protected:
         return QTest::qWaitFor([&] { return host.calls.size() >= count; }, 10000);
     }
 
-    std::string Calls() const { return host.calls.join(QStringLiteral(" | ")).toStdString(); }
+    std::string Calls() const { return host.calls.join(u" | "_s).toStdString(); }
 
     QTemporaryDir m_folder;
     AppState state;
@@ -121,7 +122,7 @@ TEST_F(PageView, OpensTheLastPathThatItWasToldBeforeTheBrowserWasThere)
     EXPECT_EQ(view.WebBrowser1(), nullptr);
     view.CreateBrowser();
     ASSERT_TRUE(complete.wait(20000));
-    EXPECT_EQ(Ask("document.body.textContent").toString(), QStringLiteral("two"));
+    EXPECT_EQ(Ask("document.body.textContent").toString(), u"two"_s);
 }
 
 TEST_F(PageView, ClicksReachTheHostAndNeverTheBrowser)
@@ -144,7 +145,7 @@ TEST_F(PageView, ClicksReachTheHostAndNeverTheBrowser)
     Click("a[id*=Action]");
     ASSERT_TRUE(WaitForCalls(2));
     EXPECT_EQ(Calls(), "select \"12\nAction\" | show");
-    EXPECT_EQ(Ask("document.title").toString(), QStringLiteral("folded")); // the page's own script ran, the address did not
+    EXPECT_EQ(Ask("document.title").toString(), u"folded"_s); // the page's own script ran, the address did not
 
     host.calls.clear();
     Click(".web");
@@ -174,7 +175,7 @@ TEST_F(PageView, LoadsNothingFromOutsideTheProgramFolder)
                    "<img src=\"http://" + site + "/a.png\"><iframe src=\"file://" + File("outside.png").toUtf8() +
                    "\"></iframe><iframe src=\"http://" + site + "/\"></iframe><link rel=\"stylesheet\" href=\"http://" + site +
                    "/a.css\"><script src=\"http://" + site + "/a.js\"></script>"));
-    EXPECT_EQ(Ask("[...document.images].map(image => image.naturalWidth).join()").toString(), QStringLiteral("4,1,0,0,0"));
+    EXPECT_EQ(Ask("[...document.images].map(image => image.naturalWidth).join()").toString(), u"4,1,0,0,0"_s);
     const QByteArray attempts = "window.done = []; for (const attempt of [() => fetch('http://" + site +
                                 "/'), () => fetch('file:///etc/passwd'), " +
                                 "() => new Promise((good, bad) => { const socket = new WebSocket('ws://" + site +
@@ -182,9 +183,9 @@ TEST_F(PageView, LoadsNothingFromOutsideTheProgramFolder)
                                 "/', 'x') && Promise.reject()]) attempt().then(() => done.push('in'), () => done.push('out'));";
     Ask(attempts.constData());
     EXPECT_TRUE(QTest::qWaitFor([&] { return Ask("done.length").toInt() == 4; }, 10000));
-    EXPECT_EQ(Ask("done.join()").toString(), QStringLiteral("out,out,out,out"));
+    EXPECT_EQ(Ask("done.join()").toString(), u"out,out,out,out"_s);
     EXPECT_FALSE(server.hasPendingConnections());
-    EXPECT_EQ(Ask("typeof qt + typeof QWebChannel").toString(), QStringLiteral("undefinedundefined")); // nor does it reach the bridge
+    EXPECT_EQ(Ask("typeof qt + typeof QWebChannel").toString(), u"undefinedundefined"_s); // nor does it reach the bridge
 }
 
 TEST_F(PageView, GoesOnlyWhereTheProgramSendsIt)
@@ -209,8 +210,7 @@ TEST_F(PageView, TheEnvironmentIsTheUsersOnceTheEngineRuns)
     Show(Write("home/temp/one.html", "one"));
     const QProcessEnvironment now = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"QTWEBENGINE_CHROMIUM_FLAGS", "QT_QUICK_BACKEND", "QT_XCB_GL_INTEGRATION", "QTWEBENGINE_DISABLE_SANDBOX"})
-        EXPECT_EQ(now.value(QLatin1StringView(name), QStringLiteral("unset")),
-                  userEnvironment.value(QLatin1StringView(name), QStringLiteral("unset")));
+        EXPECT_EQ(now.value(QLatin1StringView(name), u"unset"_s), userEnvironment.value(QLatin1StringView(name), u"unset"_s));
     // An engine process that starts later works without it.
     QSignalSpy complete(&view, &frmPageView::DocumentComplete);
     const qint64 process = view.WebBrowser1()->page()->renderProcessPid();
@@ -218,7 +218,7 @@ TEST_F(PageView, TheEnvironmentIsTheUsersOnceTheEngineRuns)
     ASSERT_TRUE(complete.wait(20000));
     EXPECT_NE(view.WebBrowser1()->page()->renderProcessPid(), process);
     Show(Write("home/temp/two.html", "two"));
-    EXPECT_EQ(Ask("document.body.innerText").toString(), QStringLiteral("two"));
+    EXPECT_EQ(Ask("document.body.innerText").toString(), u"two"_s);
 }
 
 TEST_F(PageView, TemplatesHideAWholeTokenAndShowAValueThatLooksLikeOne)
@@ -227,10 +227,10 @@ TEST_F(PageView, TemplatesHideAWholeTokenAndShowAValueThatLooksLikeOne)
         {"default.html", "!!TITLE!!"}, {"default.html", "!!PLOT!!"}, {"default.html", "!!ACTOR7!!"},
         {"credits.html", "!!ACTOR!!"}, {"person.html", "!!BIO!!"},   {"nfo.html", "!!NFO!!"},
     };
-    const QString value = QStringLiteral("!!! (2004) !!");
+    const QString value = u"!!! (2004) !!"_s;
     view.CreateBrowser();
     for (const auto& [name, token] : cases) {
-        QFile file(QStringLiteral(KELVADO_SOURCE_DIR "/data/Skins/Default XP/Templates/") + QLatin1StringView(name));
+        QFile file(u"" KELVADO_SOURCE_DIR "/data/Skins/Default XP/Templates/"_s + QLatin1StringView(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name;
         QByteArray page = file.readAll();
         ASSERT_TRUE(page.contains(token)) << name;
@@ -238,7 +238,7 @@ TEST_F(PageView, TemplatesHideAWholeTokenAndShowAValueThatLooksLikeOne)
         Show(Write("home/temp/page.html", page));
         const QString shown = Ask("document.body.innerText").toString();
         EXPECT_TRUE(shown.contains(value)) << name << token;
-        EXPECT_FALSE(shown.contains(QRegularExpression(QStringLiteral("!![A-Z]+\\d*!!")))) << qPrintable(shown);
+        EXPECT_FALSE(shown.contains(QRegularExpression(u"!![A-Z]+\\d*!!"_s))) << qPrintable(shown);
     }
 }
 
@@ -248,11 +248,11 @@ TEST_F(PageView, AnEndlessScriptDoesNotHoldUpTheNextPage)
     view.CreateBrowser();
     Show(Write("home/temp/endless.html", "<script>setTimeout(() => { while (true); }, 1)</script>"));
     Show(Write("home/temp/two.html", "two"));
-    EXPECT_EQ(Ask("document.body.textContent").toString(), QStringLiteral("two"));
+    EXPECT_EQ(Ask("document.body.textContent").toString(), u"two"_s);
     Show(Write("home/temp/endless.html", "<script>while (true);</script>")); // blank in the end
-    EXPECT_EQ(Ask("location.href").toString(), QStringLiteral("about:blank"));
+    EXPECT_EQ(Ask("location.href").toString(), u"about:blank"_s);
     Show(File("home/temp/missing.html"));
-    EXPECT_EQ(Ask("location.href").toString(), QStringLiteral("about:blank"));
+    EXPECT_EQ(Ask("location.href").toString(), u"about:blank"_s);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "render/Pages.h"
 
 #include "RecordingHost.h"
+#include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
@@ -24,7 +25,7 @@ protected:
         Write("Skins/Plain/skin.ini", "[Template]\nType=Template\n");
         Write("Skins/Plain/No Image.jpg", "picture");
         catalog.Run("INSERT INTO Movie(Movie_ID, Title) VALUES (5, 'Cops & <Robbers>')");
-        state.skin = QStringLiteral("Plain");
+        state.skin = u"Plain"_s;
         state.CurrentSection = kMovieList;
         state.comDiagFile.fileName = catalog.Path();
         host.key = FilmKey(5, u"C");
@@ -42,13 +43,13 @@ protected:
     /// The text of the page that was opened last, with the program folder's path cut to "HOME" and without its line end.
     std::string Page() const
     {
-        QFile file(host.calls.isEmpty() ? QString() : host.calls.last().mid(QStringLiteral("navigate ").size()));
+        QFile file(host.calls.isEmpty() ? QString() : host.calls.last().mid(u"navigate "_s.size()));
         if (!file.open(QIODevice::ReadOnly))
             return "<no page>";
         QString text = QString::fromUtf8(file.readAll());
-        EXPECT_TRUE(text.endsWith(QStringLiteral("\r\n")));
+        EXPECT_TRUE(text.endsWith(u"\r\n"_s));
         text.chop(2);
-        return text.replace(m_home.path(), QStringLiteral("HOME")).toStdString();
+        return text.replace(m_home.path(), u"HOME"_s).toStdString();
     }
 
     std::string FilmPage()
@@ -81,7 +82,7 @@ TEST_F(FilmPages, AFilmBecomesAStepOfTheHistory)
     Write("Skins/Plain/templates/Default.HTML", "<h1>!!TITLE!!</h1>!!GENRE!!<a id=\"!!NAVCREDITS!!\">!!WRITER1!!");
     EXPECT_EQ(FilmPage(), "<h1>Cops & <Robbers></h1>N/A<a id=\"SendMessage:PAGE_CREDITS:5\">N/A");
     EXPECT_EQ(shell.calls.join(u'|').toStdString(), "PushHistory \"5\nC\" MovieList htmltemp0.html");
-    EXPECT_EQ(host.calls, QStringList{QStringLiteral("navigate ") + m_home.filePath(QStringLiteral("temp/htmltemp0.html"))});
+    EXPECT_EQ(host.calls, QStringList{u"navigate "_s + m_home.filePath(u"temp/htmltemp0.html"_s)});
 }
 
 TEST_F(FilmPages, PagesAndPicturesGoRound)
@@ -91,10 +92,10 @@ TEST_F(FilmPages, PagesAndPicturesGoRound)
     catalog.Run("INSERT INTO Images(Image_ID, Image, Extention) VALUES (1, x'FFD8FF', 'JPG'), (2, x'474946', 'GIF')");
     catalog.Run("UPDATE Movie SET Image_ID = 1, ImageBack_ID = 2");
     for (int i = 0; i < 12; ++i)
-        EXPECT_EQ(FilmPage(), QStringLiteral("HOME/temp/MImage%1.JPG HOME/temp/MImage%2.GIF").arg(2 * i + 1).arg(2 * i + 2).toStdString());
+        EXPECT_EQ(FilmPage(), u"HOME/temp/MImage%1.JPG HOME/temp/MImage%2.GIF"_s.arg(2 * i + 1).arg(2 * i + 2).toStdString());
     EXPECT_EQ(FilmPage(), "HOME/temp/MImage25.JPG HOME/temp/MImage1.GIF");
-    EXPECT_TRUE(host.calls[9].endsWith(QStringLiteral("/htmltemp9.html")));
-    EXPECT_TRUE(host.calls[10].endsWith(QStringLiteral("/htmltemp0.html")));
+    EXPECT_TRUE(host.calls[9].endsWith(u"/htmltemp9.html"_s));
+    EXPECT_TRUE(host.calls[10].endsWith(u"/htmltemp0.html"_s));
 
     catalog.Run("UPDATE Movie SET Image_ID = 99, ImageBack_ID = NULL"); // a picture that is lost, and none
     EXPECT_EQ(FilmPage(), "HOME/Skins/Plain/No Image.jpg HOME/Skins/Plain/No Image.jpg");
@@ -104,7 +105,7 @@ TEST_F(FilmPages, FailuresLeaveTheViewAndTheHistoryAlone)
 {
     pages.ShowFilmPage();
     ASSERT_EQ(dialogs.boxes.size(), 1);
-    EXPECT_TRUE(dialogs.boxes[0].text.contains(QStringLiteral("default.html")));
+    EXPECT_TRUE(dialogs.boxes[0].text.contains(u"default.html"_s));
     Write("Skins/Plain/Templates/default.html", "!!TITLE!!");
     host.key = FilmKey(6, u"C");
     EXPECT_EQ(FilmPageError(), kErrNoCurrentRecord);
@@ -130,8 +131,8 @@ TEST_F(FilmPages, CreditsKeepTheirOddTokensAndMarkers)
           "(<!--START_ACTOR_CREDIT-->[!!ACTOR!!,!!CHARACTER!!,!!ACTORNAV!!,!!ACTORIMDB!!]<!--END_ACTOR_CREDIT-->)"
           "(<!--START_WRITER_CREDIT-->[!!WRITER!!,!!EXTENDED!!,!!ACTORNAV!!]<!--START_ACTOR_CREDIT--><!--END_WRITER_CREDIT-->)"
           "(<!--START_DIRECTOR_CREDIT-->[!!DIRECTOR!!,!!EXTENDED!!,!!DIRECTORNAV!!,!!WRITERNAV!!]<!--END_DIRECTOR_CREDIT-->)");
-    const QString path = pages.ShowCreditsPage(QStringLiteral("5"));
-    EXPECT_EQ(host.calls, QStringList{QStringLiteral("navigate ") + path});
+    const QString path = pages.ShowCreditsPage(u"5"_s);
+    EXPECT_EQ(host.calls, QStringList{u"navigate "_s + path});
     EXPECT_EQ(Page(), "([Ann,Queen,SendMessage:ACTORID:1,http://site/name/1][Bo,,SendMessage:ACTORID:2,http://site])"
                       "(<!--START_WRITER_CREDIT-->[Wu,(novel),SendMessage:WRITERID:3]<!--END_WRITER_CREDIT-->)"
                       "(<!--START_DIRECTOR_CREDIT-->[Di,,SendMessage:WRITERID:4,!!WRITERNAV!!]<!--END_DIRECTOR_CREDIT-->)");
@@ -139,24 +140,23 @@ TEST_F(FilmPages, CreditsKeepTheirOddTokensAndMarkers)
     // A block with one marker only is left alone; a film without people leaves nothing of the block.
     catalog.Run("DELETE FROM ActorLink");
     Write("Skins/Plain/Templates/credits.html", "<!--START_ACTOR_CREDIT-->x<!--END_ACTOR_CREDIT-->!!WRITER!!<!--END_WRITER_CREDIT-->");
-    pages.ShowCreditsPage(QStringLiteral("5"));
+    pages.ShowCreditsPage(u"5"_s);
     EXPECT_EQ(Page(), "!!WRITER!!<!--END_WRITER_CREDIT-->");
 }
 
 TEST_F(FilmPages, CreditsWithoutATemplateAreToldOnce)
 {
-    const ScriptedDialogs::Box box{
-        QStringLiteral("The credits template file for skin Plain could not be located.  Please contact Kelvado support."), kBoxCritical,
-        QStringLiteral("Credits Page Error")};
-    EXPECT_EQ(pages.ShowCreditsPage(QStringLiteral("5")), QString());
+    const ScriptedDialogs::Box box{u"The credits template file for skin Plain could not be located.  Please contact Kelvado support."_s,
+                                   kBoxCritical, u"Credits Page Error"_s};
+    EXPECT_EQ(pages.ShowCreditsPage(u"5"_s), QString());
     EXPECT_EQ(dialogs.boxes, QList<ScriptedDialogs::Box>{box});
     Write("Skins/Plain/Templates/credits.html", "");
-    EXPECT_EQ(pages.ShowCreditsPage(QStringLiteral("5")), QString());
+    EXPECT_EQ(pages.ShowCreditsPage(u"5"_s), QString());
     EXPECT_EQ(dialogs.boxes, (QList<ScriptedDialogs::Box>{box, box}));
     EXPECT_TRUE(host.calls.isEmpty());
 
     Write("Skins/Plain/skin.ini", "[Template]\nType=XML\n");
-    EXPECT_TRUE(pages.ShowCreditsPage(QStringLiteral("5")).endsWith(QStringLiteral("/temp/htmltemp0.xml")));
+    EXPECT_TRUE(pages.ShowCreditsPage(u"5"_s).endsWith(u"/temp/htmltemp0.xml"_s));
     EXPECT_EQ(Page(), "");
 }
 
@@ -168,7 +168,7 @@ TEST_F(FilmPages, TheNfoPageIsNoStepOfTheHistory)
     catalog.Run("UPDATE Movie SET Nfo = 'a' || char(13, 10) || '!!TITLE!!'");
     pages.ShowNfoPage();
     EXPECT_EQ(Page(), "<pre>a\r\n!!TITLE!!</pre>");
-    EXPECT_EQ(host.calls.last(), QStringLiteral("navigate ") + m_home.filePath(QStringLiteral("htmltemp.html")));
+    EXPECT_EQ(host.calls.last(), u"navigate "_s + m_home.filePath(u"htmltemp.html"_s));
     EXPECT_TRUE(shell.calls.isEmpty());
 }
 

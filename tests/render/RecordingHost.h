@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "render/PageHost.h"
 
@@ -16,13 +17,13 @@ public:
     {
         if (missingKeys.contains(node))
             throw RuntimeError(kErrElementNotFound);
-        calls << QStringLiteral("select ") + node;
+        calls << u"select "_s + node;
     }
-    void ShowSelection() override { calls << QStringLiteral("show"); }
-    void Navigate(const QString& path) override { calls << QStringLiteral("navigate ") + path; }
-    void ShowFilmMenu() override { calls << QStringLiteral("film menu"); }
-    void PopupMenuAtCursor() override { calls << QStringLiteral("popup"); }
-    void OpenOutside(const QUrl& address) override { calls << QStringLiteral("outside ") + address.toString(QUrl::FullyEncoded); }
+    void ShowSelection() override { calls << u"show"_s; }
+    void Navigate(const QString& path) override { calls << u"navigate "_s + path; }
+    void ShowFilmMenu() override { calls << u"film menu"_s; }
+    void PopupMenuAtCursor() override { calls << u"popup"_s; }
+    void OpenOutside(const QUrl& address) override { calls << u"outside "_s + address.toString(QUrl::FullyEncoded); }
 
     QString key;
     QStringList missingKeys;

@@ -1,5 +1,6 @@
 #include "store/mStatusBar.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "support/TempCatalog.h"
 
@@ -22,13 +23,12 @@ TEST(StatusTexts, CountTheCatalogAndShowTheChosenCellsInTheirOrder)
                 "INSERT INTO Actor (Actor) VALUES ('x'), ('y'); INSERT INTO Director (Director) VALUES ('z')");
     texts.Recount(catalog.Path());
     EXPECT_EQ(texts.Shown(all).mid(0, 8),
-              (QStringList{QStringLiteral("Total Movies: 2"), QStringLiteral("Total Requests: 1"), QStringLiteral("Loaned Movies: 3"),
-                           QStringLiteral("Total Discs: 6"), QStringLiteral("Total Actors: 2"), QStringLiteral("Total Writers: 0"),
-                           QStringLiteral("Total Directors: 1"), QStringLiteral("Total Producers: 0")}));
+              (QStringList{u"Total Movies: 2"_s, u"Total Requests: 1"_s, u"Loaned Movies: 3"_s, u"Total Discs: 6"_s, u"Total Actors: 2"_s,
+                           u"Total Writers: 0"_s, u"Total Directors: 1"_s, u"Total Producers: 0"_s}));
     cOptStatus some;
     some.*StatusOption(11) = 1;
     some.*StatusOption(4) = 1;
-    EXPECT_EQ(texts.Shown(some), (QStringList{QStringLiteral("Total Discs: 6"), QStringLiteral("Total Directors: 1")}));
+    EXPECT_EQ(texts.Shown(some), (QStringList{u"Total Discs: 6"_s, u"Total Directors: 1"_s}));
     EXPECT_TRUE(texts.Shown({}).isEmpty());
     EXPECT_THROW(StatusOption(0), RuntimeError);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Literals.h"
+
 #include <QProcess>
 #include <QStringList>
 
@@ -16,12 +18,11 @@ public:
     explicit PageSource(const QString& folder, const QStringList& options = {})
     {
         m_program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_program.start(folder + QStringLiteral("/kelvado-pagesource"),
-                        QStringList{QStringLiteral("serve"), QStringLiteral("--port"), QStringLiteral("0")} + options);
+        m_program.start(folder + u"/kelvado-pagesource"_s, QStringList{u"serve"_s, u"--port"_s, u"0"_s} + options);
         if (!m_program.waitForReadyRead(kPatience))
             throw std::runtime_error("the page source does not start");
         const QString line = QString::fromUtf8(m_program.readLine()).trimmed(); // "Serving FILE on http://HOST:PORT/"
-        m_host = line.section(QStringLiteral("http://"), 1).chopped(1);
+        m_host = line.section(u"http://"_s, 1).chopped(1);
     }
     ~PageSource()
     {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Literals.h"
 #include "core/Shell.h"
 
 #include <QStringList>
@@ -10,19 +11,19 @@ namespace kelvado {
 class RecordingShell : public Shell
 {
 public:
-    void RefreshCatalogTree() override { calls << QStringLiteral("RefreshCatalogTree"); }
-    void ShowSelection() override { calls << QStringLiteral("ShowSelection"); }
-    void ApplyMenuRules() override { calls << QStringLiteral("ApplyMenuRules"); }
+    void RefreshCatalogTree() override { calls << u"RefreshCatalogTree"_s; }
+    void ShowSelection() override { calls << u"ShowSelection"_s; }
+    void ApplyMenuRules() override { calls << u"ApplyMenuRules"_s; }
     void PushHistory(const QString& key, const QString& section, const QString& page) override
     {
-        calls << QStringLiteral("PushHistory %1 %2 %3").arg(key, section, page);
+        calls << u"PushHistory %1 %2 %3"_s.arg(key, section, page);
     }
-    void UpdateStatus(bool recount) override { calls << QStringLiteral("UpdateStatus %1").arg(recount); }
-    void ShowWorking(bool busy) override { calls << QStringLiteral("ShowWorking %1").arg(busy); }
+    void UpdateStatus(bool recount) override { calls << u"UpdateStatus %1"_s.arg(recount); }
+    void ShowWorking(bool busy) override { calls << u"ShowWorking %1"_s.arg(busy); }
     void ShowProgress(int percent) override { lastProgress = percent; }
-    void EnableMainWindow(bool enabled) override { calls << QStringLiteral("EnableMainWindow %1").arg(enabled); }
-    void RetitleSelectedNode(const QString& title) override { calls << QStringLiteral("Retitle %1").arg(title); }
-    void RekeySelectedNode(qint64 movieId) override { calls << QStringLiteral("Rekey %1").arg(movieId); }
+    void EnableMainWindow(bool enabled) override { calls << u"EnableMainWindow %1"_s.arg(enabled); }
+    void RetitleSelectedNode(const QString& title) override { calls << u"Retitle %1"_s.arg(title); }
+    void RekeySelectedNode(qint64 movieId) override { calls << u"Rekey %1"_s.arg(movieId); }
 
     QStringList calls;
     int lastProgress = -1;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Literals.h"
 #include "core/Transport.h"
 
 #include <QHash>
@@ -16,20 +17,20 @@ public:
     QString Get_HTML(const QString& url) override
     {
         if (!url.isEmpty()) {
-            Note(QStringLiteral("Get_HTML "), url);
+            Note(u"Get_HTML "_s, url);
             htmlDoc = pages.value(url);
         }
         return htmlDoc;
     }
-    void Abort() override { Note(QStringLiteral("Abort"), {}); }
+    void Abort() override { Note(u"Abort"_s, {}); }
     QString GetUrl(const QString& url) override
     {
-        Note(QStringLiteral("GetUrl "), url);
+        Note(u"GetUrl "_s, url);
         return pages.value(url);
     }
     QByteArray OpenURL(const QString& url) override
     {
-        Note(QStringLiteral("OpenURL "), url);
+        Note(u"OpenURL "_s, url);
         return pictures.value(url);
     }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Literals.h"
 #include "core/Options.h"
 
 #include <QString>
@@ -12,7 +13,7 @@ class TempCatalog
 {
 public:
     TempCatalog();
-    QString Path() const { return m_folder.filePath(QStringLiteral("films.kvd")); }
+    QString Path() const { return m_folder.filePath(u"films.kvd"_s); }
     QString Folder() const { return m_folder.path(); }
     /// Runs statements of the engine's own grammar on the catalog; the test fails where they do.
     void Run(const char* sql) const;

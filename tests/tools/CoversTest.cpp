@@ -1,5 +1,7 @@
 #include "Covers.h"
 
+#include "core/Literals.h"
+
 #include <QGuiApplication>
 
 #include <gtest/gtest.h>
@@ -16,7 +18,7 @@ namespace {
 
 CoverText Film()
 {
-    return {QStringLiteral("The Valley"), 1987, {QStringLiteral("Drama")}, QStringLiteral("Ida Lindqvist")};
+    return {u"The Valley"_s, 1987, {u"Drama"_s}, u"Ida Lindqvist"_s};
 }
 
 TEST(Covers, OneSeedGivesOnePictureAndAnotherSeedAnother)
@@ -25,7 +27,7 @@ TEST(Covers, OneSeedGivesOnePictureAndAnotherSeedAnother)
     EXPECT_EQ(cover.size(), QSize(600, 900));
     EXPECT_EQ(cover, PaintCover(Film(), 1));
     EXPECT_NE(cover, PaintCover(Film(), 2));
-    EXPECT_NE(cover, PaintBackCover(Film(), QStringLiteral("A plot."), 1));
+    EXPECT_NE(cover, PaintBackCover(Film(), u"A plot."_s, 1));
 }
 
 TEST(Covers, TheTitleIsOnTheCoverInEveryEra)
@@ -35,7 +37,7 @@ TEST(Covers, TheTitleIsOnTheCoverInEveryEra)
             CoverText film = Film();
             film.year = year;
             CoverText other = film;
-            other.title = QStringLiteral("Nothing Alike");
+            other.title = u"Nothing Alike"_s;
             EXPECT_NE(PaintCover(film, seed), PaintCover(other, seed)) << "year " << year << ", seed " << seed;
         }
     }
@@ -46,7 +48,7 @@ TEST(Covers, TextsOfAnyLengthStayInsideTheirMargins)
     CoverText film = Film();
     film.title = QString(10000, u'W');
     film.director = film.title;
-    const QString plot = film.title + QStringLiteral(" word").repeated(5000);
+    const QString plot = film.title + u" word"_s.repeated(5000);
     for (quint32 seed = 0; seed < 12; ++seed) {
         PaintCover(film, seed);
         const QImage back = PaintBackCover(film, plot, seed);

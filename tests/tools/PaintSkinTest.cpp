@@ -1,3 +1,5 @@
+#include "core/Literals.h"
+
 // Runs the painter as the build does and looks at what it made.
 
 #include <QDir>
@@ -14,7 +16,7 @@
 namespace kelvado {
 namespace {
 
-const QString kPalette = QStringLiteral(KELVADO_SKIN_DIR "/palette.ini");
+const QString kPalette = u"" KELVADO_SKIN_DIR "/palette.ini"_s;
 
 struct Outcome
 {
@@ -25,7 +27,7 @@ struct Outcome
 Outcome RunPainter(const QStringList& arguments)
 {
     QProcess painter;
-    painter.start(QStringLiteral(PAINTSKIN), arguments);
+    painter.start(u"" PAINTSKIN ""_s, arguments);
     EXPECT_TRUE(painter.waitForFinished(60000));
     return {painter.exitCode(), QString::fromUtf8(painter.readAllStandardError())};
 }
@@ -36,15 +38,15 @@ protected:
     static void SetUpTestSuite()
     {
         s_folder = new QTemporaryDir;
-        ASSERT_EQ(RunPainter({kPalette, s_folder->filePath(QStringLiteral("skin"))}).code, 0);
-        ASSERT_EQ(RunPainter({QStringLiteral("--busy"), kPalette, s_folder->filePath(QStringLiteral("bin"))}).code, 0);
+        ASSERT_EQ(RunPainter({kPalette, s_folder->filePath(u"skin"_s)}).code, 0);
+        ASSERT_EQ(RunPainter({u"--busy"_s, kPalette, s_folder->filePath(u"bin"_s)}).code, 0);
     }
     static void TearDownTestSuite() { delete s_folder; }
 
     static QString Path(const QString& name) { return s_folder->filePath(name); }
     static QImage Skin(const QString& name)
     {
-        const QImage picture(Path(QStringLiteral("skin/") + name));
+        const QImage picture(Path(u"skin/"_s + name));
         EXPECT_FALSE(picture.isNull()) << name.toStdString();
         return picture;
     }
@@ -55,7 +57,7 @@ private:
 
 QString Double(QString name)
 {
-    return name.insert(name.lastIndexOf(u'.'), QStringLiteral("@2x"));
+    return name.insert(name.lastIndexOf(u'.'), u"@2x"_s);
 }
 
 QStringList Words(const char* words)
@@ -69,18 +71,18 @@ TEST_F(PaintedSkin, HasEveryPictureThatTheWindowNamesAndItsTwinInDoubleSize)
 {
     QStringList names;
     for (const QString& piece : kJoints)
-        names << piece + QStringLiteral(".BMP") << QStringLiteral("Searchbar/") + piece + QStringLiteral(".BMP");
-    names << QStringLiteral("ToolRight.BMP");
+        names << piece + u".BMP"_s << u"Searchbar/"_s + piece + u".BMP"_s;
+    names << u"ToolRight.BMP"_s;
     for (const QString& tab :
          Words("ToolMovieList ToolMovieGrab ToolMovieEdit ToolActorInfo Searchbar/ToolIMDB Searchbar/ToolDVDEmp Searchbar/ToolManual"))
-        names << tab + QStringLiteral(".BMP") << tab + QStringLiteral("Sel.BMP");
+        names << tab + u".BMP"_s << tab + u"Sel.BMP"_s;
     for (const QString& key :
          Words("Back Forward New Open Save Print Refresh AddFilter Delete AddIMDb AddDVDEmp AddManual CheckOut CheckIn Edit")) {
-        for (const QString& state : {QString(), QStringLiteral("-over"), QStringLiteral("-down"), QStringLiteral("-disabled")})
-            names << QStringLiteral("Toolbar/") + key + state + QStringLiteral(".png");
+        for (const QString& state : {QString(), u"-over"_s, u"-down"_s, u"-disabled"_s})
+            names << u"Toolbar/"_s + key + state + u".png"_s;
     }
     for (int number = 1; number <= 13; ++number)
-        names << QStringLiteral("Tree/%1.png").arg(number);
+        names << u"Tree/%1.png"_s.arg(number);
 
     for (const QString& name : names) {
         const QImage single = Skin(name);
@@ -88,10 +90,10 @@ TEST_F(PaintedSkin, HasEveryPictureThatTheWindowNamesAndItsTwinInDoubleSize)
         const int height = name.startsWith(u"Toolbar/") ? 24 : name.startsWith(u"Tree/") ? 16 : name.startsWith(u"Searchbar/") ? 36 : 40;
         EXPECT_EQ(single.height(), height) << name.toStdString();
         if (name.endsWith(u"Sel.BMP") && !kJoints.contains(name.section(u'/', -1).chopped(4))) {
-            EXPECT_EQ(single.width(), Skin(QString(name).remove(QStringLiteral("Sel"))).width()) << name.toStdString();
+            EXPECT_EQ(single.width(), Skin(QString(name).remove(u"Sel"_s)).width()) << name.toStdString();
         }
     }
-    EXPECT_GE(Skin(QStringLiteral("No Image.jpg")).height(), 600);
+    EXPECT_GE(Skin(u"No Image.jpg"_s).height(), 600);
 }
 
 TEST_F(PaintedSkin, TabsJoinWithoutASeamWhicheverIsSelected)
@@ -102,25 +104,23 @@ TEST_F(PaintedSkin, TabsJoinWithoutASeamWhicheverIsSelected)
         QStringList tabs;
     };
     const Row rows[] = {{QString(), Words("ToolMovieList ToolMovieGrab ToolMovieEdit ToolActorInfo")},
-                        {QStringLiteral("Searchbar/"), Words("ToolIMDB ToolDVDEmp ToolManual")}};
+                        {u"Searchbar/"_s, Words("ToolIMDB ToolDVDEmp ToolManual")}};
     for (const Row& row : rows) {
         for (int selected = 0; selected < row.tabs.size(); ++selected) {
-            const auto sel = [selected](int tab) { return tab == selected ? QStringLiteral("Sel") : QString(); };
-            QStringList pieces{QStringLiteral("ToolLeft") + sel(0)};
+            const auto sel = [selected](int tab) { return tab == selected ? u"Sel"_s : QString(); };
+            QStringList pieces{u"ToolLeft"_s + sel(0)};
             for (int tab = 0; tab < row.tabs.size(); ++tab) {
                 pieces << row.tabs[tab] + sel(tab);
                 if (tab + 1 == row.tabs.size())
-                    pieces << QStringLiteral("ToolEnd") + sel(tab);
+                    pieces << u"ToolEnd"_s + sel(tab);
                 else
-                    pieces << (tab == selected       ? QStringLiteral("ToolFrontYesNo")
-                               : tab + 1 == selected ? QStringLiteral("ToolFrontNoYes")
-                                                     : QStringLiteral("ToolFrontNoNo"));
+                    pieces << (tab == selected ? u"ToolFrontYesNo"_s : tab + 1 == selected ? u"ToolFrontNoYes"_s : u"ToolFrontNoNo"_s);
             }
-            pieces << QStringLiteral("ToolSpacer");
-            for (const QString& scale : {QString(), QStringLiteral("@2x")}) {
+            pieces << u"ToolSpacer"_s;
+            for (const QString& scale : {QString(), u"@2x"_s}) {
                 for (int i = 0; i + 1 < pieces.size(); ++i) {
-                    const QImage left = Skin(row.folder + pieces[i] + scale + QStringLiteral(".BMP"));
-                    const QImage right = Skin(row.folder + pieces[i + 1] + scale + QStringLiteral(".BMP"));
+                    const QImage left = Skin(row.folder + pieces[i] + scale + u".BMP"_s);
+                    const QImage right = Skin(row.folder + pieces[i + 1] + scale + u".BMP"_s);
                     for (int y = 0; y < left.height(); ++y)
                         ASSERT_EQ(left.pixel(left.width() - 1, y), right.pixel(0, y))
                             << pieces[i].toStdString() << " | " << pieces[i + 1].toStdString() << ", line " << y;
@@ -137,9 +137,9 @@ TEST_F(PaintedSkin, EveryGifReadsWholeWithTheReferenceReader)
               "RatingBar/barLeft.gif RatingBar/barYes.gif RatingBar/barHalf.gif RatingBar/barNo.gif RatingBar/barRight.gif");
     QStringList paths;
     for (const QString& name : pages)
-        paths << Path(QStringLiteral("skin/") + name);
+        paths << Path(u"skin/"_s + name);
     for (const QString& name : Words("working.gif working@2x.gif stop.gif stop@2x.gif"))
-        paths << Path(QStringLiteral("bin/") + name);
+        paths << Path(u"bin/"_s + name);
     for (const QString& path : paths) {
         int error = 0;
         GifFileType* file = DGifOpenFileName(QFile::encodeName(path).constData(), &error);
@@ -149,14 +149,14 @@ TEST_F(PaintedSkin, EveryGifReadsWholeWithTheReferenceReader)
         DGifCloseFile(file, &error);
     }
     for (const QString& segment : Words("barna barLeft barYes barHalf barNo barRight"))
-        EXPECT_EQ(Skin(QStringLiteral("RatingBar/%1.gif").arg(segment)).height(), 40);
-    EXPECT_EQ(Skin(QStringLiteral("RatingBar/barYes.gif")).size(), Skin(QStringLiteral("RatingBar/barNo.gif")).size());
+        EXPECT_EQ(Skin(u"RatingBar/%1.gif"_s.arg(segment)).height(), 40);
+    EXPECT_EQ(Skin(u"RatingBar/barYes.gif"_s).size(), Skin(u"RatingBar/barNo.gif"_s).size());
 }
 
 TEST_F(PaintedSkin, TheBusyPictureMovesForEverOnTheGroundOfTheIdleOne)
 {
-    const QImage idle(Path(QStringLiteral("bin/stop.gif")));
-    QImageReader reader(Path(QStringLiteral("bin/working.gif")));
+    const QImage idle(Path(u"bin/stop.gif"_s));
+    QImageReader reader(Path(u"bin/working.gif"_s));
     EXPECT_EQ(reader.loopCount(), -1);
     QImage before;
     for (int frame = 0; frame < 12; ++frame) {
@@ -172,17 +172,17 @@ TEST_F(PaintedSkin, TheBusyPictureMovesForEverOnTheGroundOfTheIdleOne)
 TEST(PaintSkin, APaletteThatIsNoneEndsWithAMessageThatNamesIt)
 {
     const QTemporaryDir folder;
-    QFile palette(folder.filePath(QStringLiteral("bad.ini")));
+    QFile palette(folder.filePath(u"bad.ini"_s));
     ASSERT_TRUE(palette.open(QIODevice::WriteOnly));
     palette.write("[Colours]\nWindow=lilac blue\n");
     palette.close();
-    for (const QString& path : {palette.fileName(), folder.filePath(QStringLiteral("missing.ini"))}) {
+    for (const QString& path : {palette.fileName(), folder.filePath(u"missing.ini"_s)}) {
         const Outcome outcome = RunPainter({path, folder.path()});
         EXPECT_EQ(outcome.code, 1);
         EXPECT_TRUE(outcome.message.contains(path)) << outcome.message.toStdString();
     }
     EXPECT_EQ(RunPainter({}).code, 2);
-    EXPECT_EQ(RunPainter({kPalette, QStringLiteral("/dev/null/skin")}).code, 1);
+    EXPECT_EQ(RunPainter({kPalette, u"/dev/null/skin"_s}).code, 1);
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+#include "core/Literals.h"
+
 // The hand-written files of the delivered skin: readable colours, and templates that name only what is filled in.
 
 #include <QColor>
@@ -15,7 +17,7 @@ namespace {
 
 QString Path(const char* name)
 {
-    return QStringLiteral(KELVADO_SKIN_DIR "/") + QString::fromLatin1(name);
+    return u"" KELVADO_SKIN_DIR "/"_s + QString::fromLatin1(name);
 }
 
 QString Text(const char* name)
@@ -96,9 +98,8 @@ TEST(SkinFiles, ThePagesUseThePalettesColours)
                                  {"muted", "InkMuted"},
                                  {"accent", "Accent"},
                                  {"soft", "AccentSoft"}}) {
-            const QString rule = QStringLiteral("--%1: #%2;")
-                                     .arg(QString::fromLatin1(name.page),
-                                          palette.value(QStringLiteral("Colours/") + QString::fromLatin1(name.role)).toString());
+            const QString rule = u"--%1: #%2;"_s.arg(QString::fromLatin1(name.page),
+                                                     palette.value(u"Colours/"_s + QString::fromLatin1(name.role)).toString());
             EXPECT_TRUE(text.contains(rule)) << page << " lacks " << rule.toStdString();
         }
     }
@@ -106,7 +107,7 @@ TEST(SkinFiles, ThePagesUseThePalettesColours)
 
 QSet<QString> TokensOf(const QString& text)
 {
-    static const QRegularExpression token(QStringLiteral("!!([A-Z0-9]+)!!"));
+    static const QRegularExpression token(u"!!([A-Z0-9]+)!!"_s);
     QSet<QString> tokens;
     for (const QRegularExpressionMatch& match : token.globalMatch(text))
         tokens.insert(match.captured(1));
@@ -136,9 +137,9 @@ TEST(SkinFiles, TemplatesNameExactlyTheValuesThatAreFilledIn)
 
     const QString credits = Text("Templates/credits.html");
     const auto block = [&credits](const char* kind) {
-        const QString start = QStringLiteral("<!--START_%1_CREDIT-->").arg(QString::fromLatin1(kind));
+        const QString start = u"<!--START_%1_CREDIT-->"_s.arg(QString::fromLatin1(kind));
         const qsizetype from = credits.indexOf(start);
-        const qsizetype to = credits.indexOf(QStringLiteral("<!--END_%1_CREDIT-->").arg(QString::fromLatin1(kind)));
+        const qsizetype to = credits.indexOf(u"<!--END_%1_CREDIT-->"_s.arg(QString::fromLatin1(kind)));
         EXPECT_TRUE(from >= 0 && to > from) << kind;
         return TokensOf(credits.mid(from, to - from));
     };

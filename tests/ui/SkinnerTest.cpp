@@ -1,5 +1,6 @@
 #include "ui/Skinner.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "support/TempHome.h"
 #include "ui/SkinPictures.h"
@@ -35,7 +36,7 @@ class Skins : public ::testing::Test
 protected:
     Skins()
     {
-        home.Write(QStringLiteral("Skins/Test/SKIN.INI"),
+        home.Write(u"Skins/Test/SKIN.INI"_s,
                    "[Skin]\nFontFile=0\nFont=DejaVu Serif\nLabelBackColor=010101\nLabelFontColor=020202\nTextFontColor=030303\n"
                    "TextBackColor=040404\nTextHasBorder=0\nGeneralBackColor=F5F5F5\n[Menu]\nMenuBlockColor=0A0A0A\nMenuBackColor=0B0B0B\n"
                    "MenuHighlightColor=0C0C0C\nMenuBarBackColor=0D0D0D\n");
@@ -55,7 +56,7 @@ TEST_F(Skins, AFormIsPaintedByKind)
     QWidget form;
     QGroupBox frame(&form);
     QLabel label(&form), link(&form);
-    link.setObjectName(QStringLiteral("lblIMDbURL"));
+    link.setObjectName(u"lblIMDbURL"_s);
     QPalette blue;
     blue.setColor(QPalette::WindowText, Qt::blue);
     link.setPalette(blue);
@@ -65,7 +66,7 @@ TEST_F(Skins, AFormIsPaintedByKind)
     const QColor buttonBack = button.palette().color(QPalette::Button);
     QListWidget list(&form);
     QComboBox combo(&form);
-    skinner.ApplySkin(QStringLiteral("Test"));
+    skinner.ApplySkin(u"Test"_s);
     skinner.SkinForm(form);
     const QColor labelBack(1, 1, 1), labelText(2, 2, 2), boxText(3, 3, 3), boxBack(4, 4, 4);
     EXPECT_EQ(Back(form), QColor(0xF5, 0xF5, 0xF5));
@@ -80,23 +81,23 @@ TEST_F(Skins, AFormIsPaintedByKind)
     }
     EXPECT_FALSE(line.hasFrame());
     EXPECT_EQ(memo.frameShape(), QFrame::NoFrame);
-    EXPECT_EQ(button.font().family(), QStringLiteral("DejaVu Serif"));
-    EXPECT_EQ(label.font().family(), QStringLiteral("DejaVu Serif"));
+    EXPECT_EQ(button.font().family(), u"DejaVu Serif"_s);
+    EXPECT_EQ(label.font().family(), u"DejaVu Serif"_s);
     EXPECT_NE(button.palette().color(QPalette::Button), boxBack);
     EXPECT_NE(buttonBack, boxBack);
 }
 
 TEST_F(Skins, ASkinWithoutSettingsIsBlack)
 {
-    skinner.ApplySkin(QStringLiteral("None"));
+    skinner.ApplySkin(u"None"_s);
     EXPECT_EQ(skinner.Values().windowBack, QColor(Qt::black));
     EXPECT_EQ(skinner.Values().treeItemText, QColor(Qt::black));
-    EXPECT_EQ(skinner.GetMenuColor(QStringLiteral("MENU_BACK")), QColor(Qt::black));
+    EXPECT_EQ(skinner.GetMenuColor(u"MENU_BACK"_s), QColor(Qt::black));
 }
 
 TEST_F(Skins, MenuColoursGoByNameAndFallBackOnTheSettings)
 {
-    home.Write(QStringLiteral("Settings.ini"), "[Settings]\nSkin=Test\n");
+    home.Write(u"Settings.ini"_s, "[Settings]\nSkin=Test\n");
     const std::pair<const char*, int> grays[] = {{"MENU_BLOCK", 10},   {"MENU_BACK", 11}, {"MENU_HIGHLIGHT", 12},
                                                  {"MENUBAR_BACK", 13}, {"menu_back", 0},  {"", 0}};
     for (const auto& [name, gray] : grays)
@@ -105,15 +106,15 @@ TEST_F(Skins, MenuColoursGoByNameAndFallBackOnTheSettings)
 
 TEST_F(Skins, TheMarkerIsMadeOnceForEachSkin)
 {
-    skinner.ApplySkin(QStringLiteral("Test"));
-    EXPECT_EQ(home.Read(QStringLiteral("Skins/Test/install.skn")), "");
-    home.Write(QStringLiteral("Skins/Test/install.skn"), "kept");
-    skinner.ApplySkin(QStringLiteral("Test"));
-    EXPECT_EQ(home.Read(QStringLiteral("Skins/Test/install.skn")), "kept");
-    home.Write(QStringLiteral("Skins/Broken/skin.ini"), "[Skin]\nFontFile=broken.ttf\n");
-    home.Write(QStringLiteral("Skins/Broken/broken.ttf"), "no font");
-    skinner.ApplySkin(QStringLiteral("Broken"));
-    EXPECT_EQ(home.Read(QStringLiteral("Skins/Broken/install.skn")), "");
+    skinner.ApplySkin(u"Test"_s);
+    EXPECT_EQ(home.Read(u"Skins/Test/install.skn"_s), "");
+    home.Write(u"Skins/Test/install.skn"_s, "kept");
+    skinner.ApplySkin(u"Test"_s);
+    EXPECT_EQ(home.Read(u"Skins/Test/install.skn"_s), "kept");
+    home.Write(u"Skins/Broken/skin.ini"_s, "[Skin]\nFontFile=broken.ttf\n");
+    home.Write(u"Skins/Broken/broken.ttf"_s, "no font");
+    skinner.ApplySkin(u"Broken"_s);
+    EXPECT_EQ(home.Read(u"Skins/Broken/install.skn"_s), "");
 }
 
 TEST_F(Skins, PicturesAreFoundCaseBlindAndInDoubleSize)
@@ -121,15 +122,13 @@ TEST_F(Skins, PicturesAreFoundCaseBlindAndInDoubleSize)
     const auto paint = [&](const char* name, int side) {
         QImage picture(side, side, QImage::Format_RGB32);
         picture.fill(Qt::red);
-        ASSERT_TRUE(picture.save(home.Path(QStringLiteral("Skins/Test/") + QString::fromLatin1(name)), "PNG"));
+        ASSERT_TRUE(picture.save(home.Path(u"Skins/Test/"_s + QString::fromLatin1(name)), "PNG"));
     };
     paint("ToolLeft.BMP", 10); // a picture of another format than its name says
     paint("ToolLeft@2x.BMP", 20);
     paint("ToolEnd.BMP", 10);
-    home.Write(QStringLiteral("Skins/Test/Broken.bmp"), "no picture");
-    const auto load = [](const char* name, qreal scale) {
-        return LoadSkinPicture(QStringLiteral("Test"), QString::fromLatin1(name), scale);
-    };
+    home.Write(u"Skins/Test/Broken.bmp"_s, "no picture");
+    const auto load = [](const char* name, qreal scale) { return LoadSkinPicture(u"Test"_s, QString::fromLatin1(name), scale); };
     EXPECT_EQ(load("toolleft.bmp", 1).width(), 10);
     const QPixmap sharp = load("toolleft.bmp", 2);
     EXPECT_EQ(sharp.width(), 20);

@@ -1,18 +1,12 @@
 #include "ui/ctxToolbar.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
-
-std::unique_ptr<QCoreApplication> MakeTestApplication(int& argc, char** argv)
-{
-    auto application = std::make_unique<QApplication>(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
-    return application;
-}
 
 namespace kelvado {
 namespace {
@@ -31,11 +25,10 @@ protected:
     Toolbar()
     {
         const ToolbarPictures pictures{Plain(Qt::red), {}, {}, {}};
-        bar.Add(pictures, ctxToolbar::Style::Button, QStringLiteral("Back"), QStringLiteral("Back"), QStringLiteral("Go back"));
+        bar.Add(pictures, ctxToolbar::Style::Button, u"Back"_s, u"Back"_s, u"Go back"_s);
         bar.Add({}, ctxToolbar::Style::Separator, {}, {}, {});
-        bar.Add(pictures, ctxToolbar::Style::Button, QStringLiteral("New"), {}, QStringLiteral("Create a file"));
-        bar.Add({Plain(Qt::red), {}, {}, Plain(Qt::blue)}, ctxToolbar::Style::Button, QStringLiteral("Delete"), {},
-                QStringLiteral("Delete"));
+        bar.Add(pictures, ctxToolbar::Style::Button, u"New"_s, {}, u"Create a file"_s);
+        bar.Add({Plain(Qt::red), {}, {}, Plain(Qt::blue)}, ctxToolbar::Style::Button, u"Delete"_s, {}, u"Delete"_s);
         bar.show();
         bar.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&bar));
@@ -80,7 +73,7 @@ TEST_F(Toolbar, EnabledButtonsFireByMouseAndKeysAndDisabledOnesDoNot)
         for (const Qt::Key press : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
             QTest::keyClick(&Button(key), press);
     }
-    const QString fourTimes = QStringLiteral("New New New New Back Back Back Back");
+    const QString fourTimes = u"New New New New Back Back Back Back"_s;
     EXPECT_EQ(Clicked().join(u' '), fourTimes);
     QTest::mousePress(&Button("New"), Qt::LeftButton);
     QTest::mouseRelease(&Button("New"), Qt::LeftButton, {}, QPoint(-50, 5)); // let go outside
@@ -93,7 +86,7 @@ TEST_F(Toolbar, TabPassesDisabledButtonsAndSeparators)
     Button("Back").setFocus();
     QTest::keyClick(&Button("Back"), Qt::Key_Tab);
     EXPECT_TRUE(Button("Delete").hasFocus());
-    EXPECT_EQ(Button("New").accessibleName(), QStringLiteral("Create a file"));
+    EXPECT_EQ(Button("New").accessibleName(), u"Create a file"_s);
 }
 
 TEST_F(Toolbar, PicturesFollowTheStateAndTheMaskIsTransparent)
@@ -104,7 +97,7 @@ TEST_F(Toolbar, PicturesFollowTheStateAndTheMaskIsTransparent)
     bar.SetButtonEnabled(3, false); // without a picture of its own it is dimmed
     EXPECT_NE(MiddleOf("New"), QColor(Qt::red));
     bar.SetButtonEnabled(3, true);
-    bar.SetPictures(QStringLiteral("New"), {Plain(bar.MaskColor()), {}, {}, {}});
+    bar.SetPictures(u"New"_s, {Plain(bar.MaskColor()), {}, {}, {}});
     EXPECT_EQ(MiddleOf("New"), bar.palette().color(QPalette::Window));
     EXPECT_TRUE(bar.MakeAdvBitmap({}).isNull());
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Literals.h"
+
 #include <QByteArrayList>
 #include <QHostAddress>
 #include <QTcpServer>
@@ -41,8 +43,8 @@ public:
     {
     }
 
-    QString Host() const { return QStringLiteral("127.0.0.1:%1").arg(m_server.serverPort()); }
-    QString Url(const QString& path) const { return QStringLiteral("http://") + Host() + path; }
+    QString Host() const { return u"127.0.0.1:%1"_s.arg(m_server.serverPort()); }
+    QString Url(const QString& path) const { return u"http://"_s + Host() + path; }
     quint16 Port() const { return m_server.serverPort(); }
 
     QByteArrayList requests;

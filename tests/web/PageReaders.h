@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Literals.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
 #include "web/IMDBSearch.h"
@@ -17,14 +18,14 @@ namespace kelvado {
 /// Hosts that can be told apart in a page.
 inline WebHosts TestHosts()
 {
-    return {.ImdbMainHost = QStringLiteral("main.test"),
-            .ImdbSearchHost = QStringLiteral("search.test"),
-            .ImdbPersonHost = QStringLiteral("people.test"),
-            .ImdbHeadsHost = QStringLiteral("heads.test"),
-            .ImdbPosterHost = QStringLiteral("posters.test"),
-            .ImdbOldPosterHost = QStringLiteral("oldposters.test"),
-            .AmazonMainHost = QStringLiteral("shop.test"),
-            .AmazonImageHost = QStringLiteral("pictures.test"),
+    return {.ImdbMainHost = u"main.test"_s,
+            .ImdbSearchHost = u"search.test"_s,
+            .ImdbPersonHost = u"people.test"_s,
+            .ImdbHeadsHost = u"heads.test"_s,
+            .ImdbPosterHost = u"posters.test"_s,
+            .ImdbOldPosterHost = u"oldposters.test"_s,
+            .AmazonMainHost = u"shop.test"_s,
+            .AmazonImageHost = u"pictures.test"_s,
             .DvdEmpireHost = {},
             .DvdEmpireImageHost = {},
             .UpdateHost = {}};
@@ -76,7 +77,7 @@ inline constexpr PageReader kPageReaders[] = {
      [](const QString& fetched) {
          QString page = FlattenPage(fetched);
          QList<SearchRow> rows;
-         QStringList akaTitles{QStringLiteral("blah")};
+         QStringList akaTitles{u"blah"_s};
          RecordingShell shell;
          ScriptedDialogs dialogs;
          ErrorOf([&] {
@@ -85,7 +86,7 @@ inline constexpr PageReader kPageReaders[] = {
          });
      }},
     {"shop-results",
-     [](const QString& fetched) { ErrorOf([&] { return ParseCandidates(FlattenPage(fetched), QStringLiteral("The Affair (1987)")); }); }},
+     [](const QString& fetched) { ErrorOf([&] { return ParseCandidates(FlattenPage(fetched), u"The Affair (1987)"_s); }); }},
     {"shop-product", [](const QString& fetched) { ErrorOf([&] { return ParseLargerPicture(FlattenPage(fetched)); }); }},
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <QFile>
@@ -13,7 +14,7 @@ namespace kelvado {
 /// A stored page as the transport hands it on. Raises 53 where there is none of that name.
 inline QString FetchedPage(std::string_view name)
 {
-    QFile file(QStringLiteral(KELVADO_SOURCE_DIR "/tests/data/web/%1.html").arg(QLatin1StringView(name)));
+    QFile file(u"" KELVADO_SOURCE_DIR "/tests/data/web/%1.html"_s.arg(QLatin1StringView(name)));
     if (!file.open(QIODevice::ReadOnly))
         throw RuntimeError::WithDetail(kErrFileNotFound, file.fileName());
     return FromWindows1252(file.readAll());
@@ -24,13 +25,11 @@ inline QString WithLargeCast(QString creditsPage, int count)
 {
     QString rows;
     for (int i = 0; i < count; ++i) {
-        rows.append(
-            QStringLiteral("<tr><td valign=\"top\"><a href=\"/name/nm%1/\">Extra Number %2</a></td><td valign=\"top\" nowrap=\"1\"> "
-                           ".... </td><td valign=\"top\">Townsman %2 (uncredited)</td></tr>")
-                .arg(i + 1, 7, 10, QLatin1Char('0'))
-                .arg(i + 1));
+        rows.append(u"<tr><td valign=\"top\"><a href=\"/name/nm%1/\">Extra Number %2</a></td><td valign=\"top\" nowrap=\"1\"> "
+                    ".... </td><td valign=\"top\">Townsman %2 (uncredited)</td></tr>"_s.arg(i + 1, 7, 10, QLatin1Char('0'))
+                        .arg(i + 1));
     }
-    const qsizetype cast = creditsPage.indexOf(QLatin1StringView("Cast</b></a></td></tr>"));
+    const qsizetype cast = creditsPage.indexOf("Cast</b></a></td></tr>"_L1);
     return creditsPage.insert(cast + 22, rows);
 }
 

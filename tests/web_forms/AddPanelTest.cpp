@@ -30,22 +30,22 @@ constexpr const char* kFound = "The L\u00F6wen Affair (1987/II) (TV)|0912345\n"
 
 TEST_F(AddPanel, FilmsAreSearchedQueuedNamedAndAdded)
 {
-    Set("DefaultValues", "PromptAKA", QStringLiteral("1"));
-    Set("DefaultValues", "Enable", QStringLiteral("1"));
-    Set("DefaultValues", "Format", QStringLiteral("Laserdisc"));
-    Set("DefaultValues", "Index", QStringLiteral("B-12"));
+    Set("DefaultValues", "PromptAKA", u"1"_s);
+    Set("DefaultValues", "Enable", u"1"_s);
+    Set("DefaultValues", "Format", u"Laserdisc"_s);
+    Set("DefaultValues", "Index", u"B-12"_s);
     StartAdding();
     EXPECT_TRUE(Get("lstSearch").isVisible());
     EXPECT_FALSE(Tree().isEnabled());
     Get<QLineEdit>("txtSearch").setFocus();
-    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("lion affair"));
+    QTest::keyClicks(QApplication::focusWidget(), u"lion affair"_s);
     Key(Qt::Key_Return);
     EXPECT_EQ(site.Paths().value(0), "/Tsearch?title=lion%20affair&type=substring&from_year=1890&to_year=2009&sort=smart&tv=off&x=20&y=9");
     EXPECT_EQ(Rows("lstSearch"), kFound);
 
     List("lstSearch").setFocus();
     Key(Qt::Key_Home);
-    EXPECT_EQ(Get<QLabel>("lblAka").text(), QStringLiteral("Die L\u00F6wen-Aff\u00E4re\nThe Lion Affair"));
+    EXPECT_EQ(Get<QLabel>("lblAka").text(), u"Die L\u00F6wen-Aff\u00E4re\nThe Lion Affair"_s);
     Key(Qt::Key_Down);
     EXPECT_FALSE(Get("lblAka").isVisible());
     Key(Qt::Key_Up);
@@ -65,37 +65,35 @@ TEST_F(AddPanel, FilmsAreSearchedQueuedNamedAndAdded)
     };
     QStringList offered;
     InWindow("frmAkaSet", [&](QWidget& modal) {
-        auto& list = *modal.findChild<QListWidget*>(QStringLiteral("lstAkaSel"));
+        auto& list = *modal.findChild<QListWidget*>(u"lstAkaSel"_s);
         for (int i = 0; i < list.count(); ++i)
             offered << list.item(i)->text();
-        QTest::mouseClick(modal.findChild<QWidget*>(QStringLiteral("cmdOkay")), Qt::LeftButton);
+        QTest::mouseClick(modal.findChild<QWidget*>(u"cmdOkay"_s), Qt::LeftButton);
         list.setCurrentRow(1);
         InWindow("frmAkaSet", [](QWidget& second) { // the third film's; it keeps its own title
-            second.findChild<QListWidget*>(QStringLiteral("lstAkaSel"))->setCurrentRow(0);
-            QTest::mouseClick(second.findChild<QWidget*>(QStringLiteral("cmdOkay")), Qt::LeftButton);
+            second.findChild<QListWidget*>(u"lstAkaSel"_s)->setCurrentRow(0);
+            QTest::mouseClick(second.findChild<QWidget*>(u"cmdOkay"_s), Qt::LeftButton);
         });
-        QTest::mouseClick(modal.findChild<QWidget*>(QStringLiteral("cmdOkay")), Qt::LeftButton);
+        QTest::mouseClick(modal.findChild<QWidget*>(u"cmdOkay"_s), Qt::LeftButton);
     });
     Press("Command2");
-    EXPECT_EQ(offered, QStringList({QStringLiteral("The L\u00F6wen Affair (1987/II) (TV)"), QStringLiteral("Die L\u00F6wen-Aff\u00E4re"),
-                                    QStringLiteral("The Lion Affair")}));
+    EXPECT_EQ(offered, QStringList({u"The L\u00F6wen Affair (1987/II) (TV)"_s, u"Die L\u00F6wen-Aff\u00E4re"_s, u"The Lion Affair"_s}));
     EXPECT_TRUE(disabled);
     EXPECT_TRUE(shown);
-    EXPECT_TRUE(stages.contains(QStringLiteral("2 / 3 62% /Companies?0912347"))) << qPrintable(stages.join(u'\n'));
+    EXPECT_TRUE(stages.contains(u"2 / 3 62% /Companies?0912347"_s)) << qPrintable(stages.join(u'\n'));
     EXPECT_EQ(TakeMessages(), "0 Error: AKA Selection: Please Select A Title First | 0 Movie Grab Complete: Successfully Added 3 Films");
     EXPECT_TRUE(window->isEnabled());
     EXPECT_EQ(Rows("lstSearch") + Rows("lstSelect"), "");
-    EXPECT_EQ(Get<QPlainTextEdit>("txtLog").toPlainText().trimmed(), QStringLiteral("Successfully Added 3 Films."));
+    EXPECT_EQ(Get<QPlainTextEdit>("txtLog").toPlainText().trimmed(), u"Successfully Added 3 Films."_s);
 
     EXPECT_EQ(NewTitles(), "Die L\u00F6wen-Aff\u00E4re) / A Very Long Affair (2001) / Another Affair (1990)");
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie WHERE Movie_ID > 3 AND Format = 'Laserdisc' AND Number = 1 AND \"Index\" = 'B-12'"),
-              QStringLiteral("3"));
-    EXPECT_EQ(catalog.Ask("SELECT Extention FROM Images WHERE Image_ID = (SELECT Image_ID FROM Movie WHERE Movie_ID = 4)"),
-              QStringLiteral("JPG"));
-    EXPECT_NE(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 6"), QStringLiteral("0"));
+              u"3"_s);
+    EXPECT_EQ(catalog.Ask("SELECT Extention FROM Images WHERE Image_ID = (SELECT Image_ID FROM Movie WHERE Movie_ID = 4)"), u"JPG"_s);
+    EXPECT_NE(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 6"), u"0"_s);
     Press("ImgTabMovieList");
-    ClickNode(QStringLiteral("Another Affair (1990)"));
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp0.html")).contains(u"Another Affair"));
+    ClickNode(u"Another Affair (1990)"_s);
+    EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Another Affair"));
 }
 
 TEST_F(AddPanel, ANumberIsLookedUp)
@@ -181,8 +179,8 @@ class Browser : public QObject
 {
     Q_OBJECT
 public:
-    Browser() { QDesktopServices::setUrlHandler(QStringLiteral("http"), this, "Open"); }
-    ~Browser() override { QDesktopServices::unsetUrlHandler(QStringLiteral("http")); }
+    Browser() { QDesktopServices::setUrlHandler(u"http"_s, this, "Open"); }
+    ~Browser() override { QDesktopServices::unsetUrlHandler(u"http"_s); }
     Q_SLOT void Open(const QUrl& address) { opened << address.toString(); }
     QStringList opened;
 };
@@ -193,11 +191,11 @@ TEST_F(AddPanel, RowsFilmsAndPeopleAreVisitedInTheBrowser)
     catalog.Run("UPDATE Movie SET iSONEWS = 'http://shop.test/item?1' WHERE Movie_ID = 1;"
                 "UPDATE Actor SET IMDB_LINK = 'nm0000244' WHERE Actor_ID = 11");
     Start();
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     Entry("mnuImdbVisit").trigger();
     Entry("mnuIsonewsVisitV").trigger();
-    Tree().expand(Node(QStringLiteral("Alien")));
-    ClickNode(QStringLiteral("Sigourney Weaver"));
+    Tree().expand(Node(u"Alien"_s));
+    ClickNode(u"Sigourney Weaver"_s);
     Entry("mnuImdbVisitV").trigger();
     Press("AddIMDb");
     Press("Image1");
@@ -214,8 +212,8 @@ TEST_F(AddPanel, RowsFilmsAndPeopleAreVisitedInTheBrowser)
                       List("lstSearch").visualItemRect(List("lstSearch").topLevelItem(1)).center());
     QMenu* popup = menu("lstSearch");
     QTest::mouseClick(popup, Qt::LeftButton, {}, popup->actionGeometry(&Entry("mnufrmSearchViewOnIMDB")).center());
-    EXPECT_EQ(browser.opened, QStringList({site.Url(QStringLiteral("/Title?0078748")), QStringLiteral("http://shop.test/item?1"),
-                                           site.Url(QStringLiteral("/name/nm0000244")), site.Url(QStringLiteral("/Title?0912346"))}));
+    EXPECT_EQ(browser.opened, QStringList({site.Url(u"/Title?0078748"_s), u"http://shop.test/item?1"_s, site.Url(u"/name/nm0000244"_s),
+                                           site.Url(u"/Title?0912346"_s)}));
 }
 
 TEST_F(AddPanel, TheSourcesTakeTurnsInTheHost)
@@ -244,13 +242,13 @@ TEST_F(AddPanel, EveryControlIsReachedByTabAndHasAName)
         QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
         EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty()) << qPrintable(passed.last());
         Key(Qt::Key_Tab);
-    } while (passed.last() != QStringLiteral("Command2") && passed.size() < 30);
-    EXPECT_EQ(passed.join(u' '),
-              QStringLiteral("txtSearch Image1 txtIMDBnum CmdByIMDBno lstSearch lstSelect ChkAKA ChkDefault cboFormat txtDiscs "
-                             "txtIndex txtLog Command2"));
+    } while (passed.last() != u"Command2"_s && passed.size() < 30);
+    EXPECT_EQ(passed.join(u' '), u"txtSearch Image1 txtIMDBnum CmdByIMDBno lstSearch lstSelect ChkAKA ChkDefault cboFormat txtDiscs "
+                                 "txtIndex txtLog Command2"_s);
 }
 
 } // namespace
 } // namespace kelvado
 
 #include "AddPanelTest.moc"
+#include "core/Literals.h"

@@ -1,4 +1,5 @@
 #include "web/FilmQueue.h"
+#include "core/Literals.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempHome.h"
@@ -22,8 +23,8 @@ TEST(FilmQueue, AChosenTitleEndsBehindItsYear)
 TEST(FilmQueue, TheUserChoosesAmongDecodedTitlesAndTheShortOneStays)
 {
     FilmRecord film;
-    film.Title = QStringLiteral("L&#246;we (1987) (TV)");
-    film.TitleNY = QStringLiteral("L&#246;we");
+    film.Title = u"L&#246;we (1987) (TV)"_s;
+    film.TitleNY = u"L&#246;we"_s;
     QStringList offered;
     const auto choose = [&](std::optional<qsizetype> place) {
         return [&offered, place](const QStringList& titles) {
@@ -31,22 +32,22 @@ TEST(FilmQueue, TheUserChoosesAmongDecodedTitlesAndTheShortOneStays)
             return place;
         };
     };
-    AskTitle(film, film.Title, QStringLiteral("Lion (USA)\nLeo"), choose(std::nullopt));
-    EXPECT_EQ(film.Title, QStringLiteral("L&#246;we (1987) (TV)")) << "closed without a choice";
-    EXPECT_EQ(offered, QStringList({QStringLiteral("L\u00F6we (1987) (TV)"), QStringLiteral("Lion (USA)"), QStringLiteral("Leo")}));
-    AskTitle(film, film.Title, QStringLiteral("Lion (USA)\nLeo"), choose(0));
-    EXPECT_EQ(film.Title, QStringLiteral("L&#246;we (1987)"));
-    AskTitle(film, film.Title, QStringLiteral("Lion (USA)\nLeo"), choose(1));
-    EXPECT_EQ(film.Title, QStringLiteral("Lion (USA)"));
-    EXPECT_EQ(film.TitleNY, QStringLiteral("L&#246;we"));
+    AskTitle(film, film.Title, u"Lion (USA)\nLeo"_s, choose(std::nullopt));
+    EXPECT_EQ(film.Title, u"L&#246;we (1987) (TV)"_s) << "closed without a choice";
+    EXPECT_EQ(offered, QStringList({u"L\u00F6we (1987) (TV)"_s, u"Lion (USA)"_s, u"Leo"_s}));
+    AskTitle(film, film.Title, u"Lion (USA)\nLeo"_s, choose(0));
+    EXPECT_EQ(film.Title, u"L&#246;we (1987)"_s);
+    AskTitle(film, film.Title, u"Lion (USA)\nLeo"_s, choose(1));
+    EXPECT_EQ(film.Title, u"Lion (USA)"_s);
+    EXPECT_EQ(film.TitleNY, u"L&#246;we"_s);
 }
 
 TEST(FilmQueue, OnlyDefaultsThatAreFilledCount)
 {
     FilmRecord film;
-    film.Number = QStringLiteral("3");
-    ApplyDefaults({QStringLiteral("DVD"), {}, QStringLiteral("A")}, film);
-    EXPECT_EQ(film.Format + film.Number + film.Index, QStringLiteral("DVD3A"));
+    film.Number = u"3"_s;
+    ApplyDefaults({u"DVD"_s, {}, u"A"_s}, film);
+    EXPECT_EQ(film.Format + film.Number + film.Index, u"DVD3A"_s);
 }
 
 TEST(FilmQueue, TellsTheFirstFailuresAndHowManyMore)
@@ -55,9 +56,9 @@ TEST(FilmQueue, TellsTheFirstFailuresAndHowManyMore)
     BatchResult result;
     result.Asked = 12;
     for (int i = 0; i < 12; ++i)
-        result.Failures.append({QStringLiteral("F%1").arg(i), QStringLiteral("why")});
+        result.Failures.append({u"F%1"_s.arg(i), u"why"_s});
     TellResult(result, dialogs);
-    EXPECT_TRUE(dialogs.boxes.takeFirst().text.endsWith(QStringLiteral("F9: why\nand 2 more")));
+    EXPECT_TRUE(dialogs.boxes.takeFirst().text.endsWith(u"F9: why\nand 2 more"_s));
     result.Failures.clear();
     result.Cancelled = true;
     TellResult(result, dialogs);
@@ -73,18 +74,18 @@ TEST(NumberImport, TakesEverySevenDigits)
         QByteArray text;
         QString numbers;
     } cases[] = {{"", QString()},
-                 {"123456 1234567", QStringLiteral("1234567")},
-                 {"12345678", QStringLiteral("1234567")},
-                 {"12345678901234", QStringLiteral("1234567 8901234")},
+                 {"123456 1234567", u"1234567"_s},
+                 {"12345678", u"1234567"_s},
+                 {"12345678901234", u"1234567 8901234"_s},
                  {"1234567\r\n\xE4"
                   "0000001\xC3\xA4 1234567",
-                  QStringLiteral("1234567 0000001 1234567")},
-                 {filler + "7654321x", QStringLiteral("7654321")}};
+                  u"1234567 0000001 1234567"_s},
+                 {filler + "7654321x", u"7654321"_s}};
     for (const auto& c : cases) {
-        home.Write(QStringLiteral("numbers"), c.text);
-        EXPECT_EQ(ReadNumbers(home.Path(QStringLiteral("numbers"))).join(u' '), c.numbers);
+        home.Write(u"numbers"_s, c.text);
+        EXPECT_EQ(ReadNumbers(home.Path(u"numbers"_s)).join(u' '), c.numbers);
     }
-    EXPECT_THROW(ReadNumbers(home.Path(QStringLiteral("none"))), RuntimeError);
+    EXPECT_THROW(ReadNumbers(home.Path(u"none"_s)), RuntimeError);
 }
 
 } // namespace

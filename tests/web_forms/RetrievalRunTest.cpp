@@ -1,5 +1,7 @@
 #include "WebPanels.h"
 
+#include "core/Literals.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
@@ -37,7 +39,7 @@ TEST_F(RetrievalWindow, ACancelAtAnyStageLeavesNoHalfFilmAndGivesTheWindowBack)
         EXPECT_EQ(TakeMessages(),
                   "4 : Are you sure you wish to cancel IMDb retrieval? | 4 : Are you sure you wish to cancel IMDb retrieval?");
         EXPECT_EQ(NewTitles(), "<null>");
-        EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Images"), QStringLiteral("0"));
+        EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Images"), u"0"_s);
         EXPECT_EQ(Rows("lstSelect"), queue);
         EXPECT_TRUE(window->isEnabled());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -81,7 +83,7 @@ TEST_F(RetrievalWindow, ATreeThatCannotBeFilledHidesNoResult)
     catalog.Run("INSERT INTO GenreLink (Movie_ID, Genre_ID) VALUES (1, 1), (1, 1)");
     StartAdding();
     QueueAll();
-    window->State().gOptions->View.PrimarySort = QStringLiteral("Genre.Genre");
+    window->State().gOptions->View.PrimarySort = u"Genre.Genre"_s;
     Press("Command2");
     const std::string told = TakeMessages();
     EXPECT_EQ(told.substr(0, 26), "16 : Run-time error '457':") << told;
@@ -95,7 +97,7 @@ TEST_F(RetrievalWindow, ADeadHostIsTold)
     StartAdding();
     QueueAll();
     for (const char* host : {"ImdbMainHost", "ImdbSearchHost"})
-        Set("Hosts", host, QStringLiteral("127.0.0.1:1"));
+        Set("Hosts", host, u"127.0.0.1:1"_s);
     Press("Command2");
     EXPECT_EQ(TakeMessages().find("48 Movie Grab Complete: 0 of 3 films were added."), 0U);
     EXPECT_TRUE(window->isEnabled());
@@ -104,28 +106,27 @@ TEST_F(RetrievalWindow, ADeadHostIsTold)
     EXPECT_EQ(TakeMessages().find("0 : Kelvado encontured the following error"), 0U);
     EXPECT_TRUE(Get("Image1").isEnabled());
     Press("ImgTabMovieList");
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     Entry("mnuUpdateMovieInfo").trigger();
     EXPECT_EQ(TakeMessages().find("16 : Run-time error '5'"), 0U);
     EXPECT_TRUE(window->isEnabled());
-    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 1"), QStringLiteral("2")) << "nothing is lost";
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 1"), u"2"_s) << "nothing is lost";
 }
 
 TEST_F(RetrievalWindow, AStoredFilmIsUpdated)
 {
     Start();
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     bool disabled = false;
     onRequest = [&](const QByteArray&) { disabled = !window->isEnabled() && Get("frmProgress").isVisible(); };
     Entry("mnuUpdateMovieInfo").trigger();
     EXPECT_TRUE(disabled);
     EXPECT_TRUE(window->isEnabled());
     EXPECT_EQ(window->focusWidget(), &Tree()) << "the keys go where they went before";
-    EXPECT_TRUE(Node(QStringLiteral("Alien Renewed (1979)")).isValid()) << Shown();
-    EXPECT_TRUE(Page(QStringLiteral("/temp/htmltemp1.html")).contains(u"Alien Renewed"));
-    EXPECT_EQ(catalog.Ask("SELECT Format || ' ' || Nfo || ' ' || IMDB FROM Movie WHERE Movie_ID = 1"),
-              QStringLiteral("DVD Seen in the dark. 0078748"));
-    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 1 AND Actor_ID IN (11, 12)"), QStringLiteral("0"));
+    EXPECT_TRUE(Node(u"Alien Renewed (1979)"_s).isValid()) << Shown();
+    EXPECT_TRUE(Page(u"/temp/htmltemp1.html"_s).contains(u"Alien Renewed"));
+    EXPECT_EQ(catalog.Ask("SELECT Format || ' ' || Nfo || ' ' || IMDB FROM Movie WHERE Movie_ID = 1"), u"DVD Seen in the dark. 0078748"_s);
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 1 AND Actor_ID IN (11, 12)"), u"0"_s);
 }
 
 TEST_F(RetrievalWindow, AFilmOfACatalogThatIsNoLongerOpenIsNotStoredOverAnotherOne)
@@ -133,53 +134,53 @@ TEST_F(RetrievalWindow, AFilmOfACatalogThatIsNoLongerOpenIsNotStoredOverAnotherO
     const TempCatalog other;
     other.Run("INSERT INTO Movie (Movie_ID, Title, IMDB) VALUES (1, 'Not Alien', '0912346')");
     Start();
-    ClickNode(QStringLiteral("Alien"));
+    ClickNode(u"Alien"_s);
     for (const char* entry : {"mnuUpdateMovieInfo", "mnuMovieRetrieve"}) {
         window->State().comDiagFile.fileName = other.Path(); // as a new file leaves it that is not written over this one
         Entry(entry).trigger();
         EXPECT_TRUE(site.requests.isEmpty()) << entry;
-        EXPECT_TRUE(Node(QStringLiteral("Not Alien")).isValid()) << "the tree shows what is open";
+        EXPECT_TRUE(Node(u"Not Alien"_s).isValid()) << "the tree shows what is open";
         window->State().comDiagFile.fileName = catalog.Path();
         window->RefreshCatalogTree();
-        ClickNode(QStringLiteral("Alien"));
+        ClickNode(u"Alien"_s);
     }
-    EXPECT_EQ(other.Ask("SELECT Title FROM Movie"), QStringLiteral("Not Alien"));
+    EXPECT_EQ(other.Ask("SELECT Title FROM Movie"), u"Not Alien"_s);
 }
 
 TEST_F(RetrievalWindow, AFilmWithoutANumberIsFoundAndUpdated)
 {
     catalog.Run("UPDATE Movie SET Format = 'VHS' WHERE Movie_ID = 2");
     Start();
-    ClickNode(QStringLiteral("Brazil"));
+    ClickNode(u"Brazil"_s);
     Entry("mnuMovieRetrieve").trigger();
     EXPECT_EQ(site.Paths().value(0).left(21), "/Tsearch?title=Brazil");
     EXPECT_FALSE(window->isEnabled());
     QWidget& panel = Get("frmAddSingleIMDb");
     EXPECT_TRUE(panel.isVisible());
-    auto& rows = *panel.findChild<QTreeWidget*>(QStringLiteral("lstSearch"));
+    auto& rows = *panel.findChild<QTreeWidget*>(u"lstSearch"_s);
     EXPECT_EQ(rows.topLevelItemCount(), 3);
 
     QTest::keyClick(&rows, Qt::Key_Escape);
     EXPECT_FALSE(panel.isVisible());
     EXPECT_TRUE(window->isEnabled());
     EXPECT_EQ(window->focusWidget(), &Tree());
-    EXPECT_EQ(catalog.Ask("SELECT Title FROM Movie WHERE Movie_ID = 2"), QStringLiteral("Brazil"));
+    EXPECT_EQ(catalog.Ask("SELECT Title FROM Movie WHERE Movie_ID = 2"), u"Brazil"_s);
 
     Entry("mnuMovieRetrieve").trigger();
-    panel.findChild<QCheckBox*>(QStringLiteral("ChkAKA"))->setChecked(false);
+    panel.findChild<QCheckBox*>(u"ChkAKA"_s)->setChecked(false);
     QTest::keyClick(&rows, Qt::Key_Down);
     onRequest = [&](const QByteArray&) { EXPECT_FALSE(panel.isVisible()); };
     QTest::keyClick(&rows, Qt::Key_Return);
     EXPECT_TRUE(window->isEnabled());
     EXPECT_EQ(catalog.Ask("SELECT Title || ' ' || IMDB || ' ' || Format FROM Movie WHERE Movie_ID = 2"),
-              QStringLiteral("Another Affair (1990) 0912346 VHS"));
-    EXPECT_TRUE(Node(QStringLiteral("Another Affair (1990)")).isValid());
+              u"Another Affair (1990) 0912346 VHS"_s);
+    EXPECT_TRUE(Node(u"Another Affair (1990)"_s).isValid());
 }
 
 TEST_F(RetrievalWindow, ThePanelThatIsClosedDuringItsSearchGivesTheWindowBackAtOnce)
 {
     Start();
-    ClickNode(QStringLiteral("Brazil"));
+    ClickNode(u"Brazil"_s);
     bool enabled = false;
     onRequest = [&](const QByteArray&) {
         Get<QWidget>("frmAddSingleIMDb").close();
@@ -199,21 +200,21 @@ TEST_F(RetrievalWindow, ThePanelThatIsClosedDuringItsSearchGivesTheWindowBackAtO
 
 TEST_F(RetrievalWindow, NumbersOfAFileAreImported)
 {
-    home.Write(QStringLiteral("list.txt"), "Films: tt0912346, 123456, \xE4, 1111111 and again 09123469");
+    home.Write(u"list.txt"_s, "Films: tt0912346, 123456, \xE4, 1111111 and again 09123469");
     Start();
     Entry("mnuImportIMDb").trigger();
     QWidget& panel = Get("frmImportIMDb");
-    auto& add = *panel.findChild<QWidget*>(QStringLiteral("Command2"));
-    const auto select = [&] { QTest::mouseClick(panel.findChild<QWidget*>(QStringLiteral("cmdSelFile")), Qt::LeftButton); };
+    auto& add = *panel.findChild<QWidget*>(u"Command2"_s);
+    const auto select = [&] { QTest::mouseClick(panel.findChild<QWidget*>(u"cmdSelFile"_s), Qt::LeftButton); };
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == window.get(); }));
     select(); // cancelled
     const auto isFront = [&] { return QApplication::activeWindow() == &panel; };
     EXPECT_TRUE(QTest::qWaitFor(isFront)) << "the keys belong to the panel";
     EXPECT_FALSE(add.isEnabled());
-    dialogs.files << home.Path(QStringLiteral("list.txt"));
+    dialogs.files << home.Path(u"list.txt"_s);
     select();
-    auto& list = *panel.findChild<QListView*>(QStringLiteral("List1"));
+    auto& list = *panel.findChild<QListView*>(u"List1"_s);
     EXPECT_EQ(list.model()->rowCount(), 3);
     list.setCurrentIndex(list.model()->index(1, 0));
     ASSERT_TRUE(QTest::qWaitFor(isFront));
@@ -232,12 +233,12 @@ TEST_F(RetrievalWindow, NumbersOfAFileAreImported)
     events.pauses = false;
     QTest::mouseClick(&add, Qt::LeftButton);
     EXPECT_EQ(events.paused, 6000);
-    EXPECT_EQ(film, QStringLiteral("Unknown - Ref #: 0912346"));
+    EXPECT_EQ(film, u"Unknown - Ref #: 0912346"_s);
     EXPECT_EQ(TakeMessages(), "0 Movie Grab Complete: Successfully Added 2 Films");
     EXPECT_EQ(NewTitles(), "Another Affair (1990) / Another Affair (1990)");
     EXPECT_FALSE(panel.isVisible());
     EXPECT_TRUE(window->isEnabled());
-    EXPECT_TRUE(Node(QStringLiteral("Another Affair (1990)")).isValid());
+    EXPECT_TRUE(Node(u"Another Affair (1990)"_s).isValid());
 }
 
 TEST_F(RetrievalWindow, ClosingTheProgramEndsTheWait)

@@ -1,5 +1,7 @@
 #include "WebPanels.h"
 
+#include "core/Literals.h"
+
 #include <QApplication>
 #include <QTimer>
 
@@ -9,7 +11,7 @@ namespace {
 
 QByteArray StoredPage(const char* name)
 {
-    QFile file(QStringLiteral(KELVADO_SOURCE_DIR "/tests/data/web/%1.html").arg(QLatin1StringView(name)));
+    QFile file(u"" KELVADO_SOURCE_DIR "/tests/data/web/%1.html"_s.arg(QLatin1StringView(name)));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
     return file.readAll();
 }
@@ -24,8 +26,8 @@ QByteArray Ok(const QByteArray& body, const char* type = "text/html; charset=iso
 WebPanels::WebPanels() : site([this](const QByteArray& path) { return Answer(path); })
 {
     SetHosts(site.Host());
-    Set("Options", "GetHighResImage", QStringLiteral("0"));
-    Set("DefaultValues", "PromptAKA", QStringLiteral("0"));
+    Set("Options", "GetHighResImage", u"0"_s);
+    Set("DefaultValues", "PromptAKA", u"0"_s);
 }
 
 LoopbackServer::Reply WebPanels::Answer(const QByteArray& path)

@@ -1,6 +1,7 @@
 #include "Covers.h"
 
 #include "Motifs.h"
+#include "core/Literals.h"
 
 #include <QFontDatabase>
 #include <QPainter>
@@ -137,7 +138,7 @@ QString FirstInstalled(std::initializer_list<QLatin1String> families)
         if (installed.contains(family))
             return family;
     }
-    return QStringLiteral("DejaVu Sans");
+    return u"DejaVu Sans"_s;
 }
 
 /// Old films are printed on warmer, paler paper.

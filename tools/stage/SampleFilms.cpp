@@ -1,5 +1,6 @@
 #include "SampleFilms.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <QDir>
@@ -40,9 +41,9 @@ QList<FilmPerson> People(const QJsonValue& list)
     QList<FilmPerson> people;
     for (const auto entry : list.toArray()) {
         FilmPerson person;
-        person.Name = entry.isString() ? entry.toString() : entry[QStringLiteral("name")].toString();
-        person.Extended = entry[QStringLiteral("note")].toString();
-        person.Character = entry[QStringLiteral("role")].toString();
+        person.Name = entry.isString() ? entry.toString() : entry[u"name"_s].toString();
+        person.Extended = entry[u"note"_s].toString();
+        person.Character = entry[u"role"_s].toString();
         people << person;
     }
     return people;
@@ -55,7 +56,7 @@ SampleFilm ReadFilm(const QJsonValue& json)
     const auto at = [&](const char* key) { return json[QLatin1StringView(key)]; };
     record.TitleNY = Text(at("title"));
     record.Year = Text(at("year"));
-    record.Title = record.TitleNY + QStringLiteral(" (") + record.Year + u')';
+    record.Title = record.TitleNY + u" ("_s + record.Year + u')';
     for (const TextKey& key : kTextKeys)
         record.*key.field = Text(at(key.key));
     record.Number = Text(at("discs"));
@@ -66,7 +67,7 @@ SampleFilm ReadFilm(const QJsonValue& json)
     for (const auto genre : at("genres").toArray())
         record.Genres << FilmGenre{genre.toString(), 0};
     for (const auto company : at("companies").toArray())
-        record.Companies << FilmCompany{company[QStringLiteral("name")].toString(), 0, company[QStringLiteral("type")].toString(), {}};
+        record.Companies << FilmCompany{company[u"name"_s].toString(), 0, company[u"type"_s].toString(), {}};
     record.Directors = People(at("directors"));
     record.Writers = People(at("writers"));
     record.Producers = People(at("producers"));
@@ -84,7 +85,7 @@ SampleFilm ReadFilm(const QJsonValue& json)
 
 std::vector<SampleFilm> ReadSampleFilms(const QString& folder)
 {
-    const QFileInfoList files = QDir(folder).entryInfoList({QStringLiteral("*.json")}, QDir::Files, QDir::Name);
+    const QFileInfoList files = QDir(folder).entryInfoList({u"*.json"_s}, QDir::Files, QDir::Name);
     if (files.isEmpty())
         throw RuntimeError::WithDetail(kErrFileNotFound, folder);
     std::vector<SampleFilm> films;
@@ -93,7 +94,7 @@ std::vector<SampleFilm> ReadSampleFilms(const QString& folder)
         QJsonParseError fault;
         const QJsonDocument list = file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll(), &fault) : QJsonDocument();
         if (!list.isArray())
-            throw RuntimeError::WithDetail(kErrTypeMismatch, entry.filePath() + QStringLiteral(": ") + fault.errorString());
+            throw RuntimeError::WithDetail(kErrTypeMismatch, entry.filePath() + u": "_s + fault.errorString());
         for (const auto film : list.array())
             films.push_back(ReadFilm(film));
     }

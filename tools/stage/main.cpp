@@ -6,6 +6,7 @@
 
 #include "Covers.h"
 #include "SampleFilms.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
@@ -39,7 +40,7 @@ public:
     QString BrowseForFolder(const QString&) override { return {}; }
     QString AskFieldEdit(const QString& value, qsizetype, const QString& column) override
     {
-        throw RuntimeError(kErrInvalidCall, column + QStringLiteral(" is too long: ") + value);
+        throw RuntimeError(kErrInvalidCall, column + u" is too long: "_s + value);
     }
 };
 
@@ -68,7 +69,7 @@ CoverText CoverTextOf(const FilmRecord& film)
     QStringList directors;
     for (const FilmPerson& director : film.Directors)
         directors << director.Name;
-    text.director = directors.join(QStringLiteral(", "));
+    text.director = directors.join(u", "_s);
     return text;
 }
 
@@ -78,19 +79,19 @@ void StoreRest(const SampleFilm& film, qint64 movieId, quint32 seed, const QStri
     Connection connection;
     connection.Open(ConnectionString(catalog));
     Recordset row;
-    row.Open(QStringLiteral("SELECT * FROM Movie WHERE Movie_ID = ") + QString::number(movieId), connection);
+    row.Open(u"SELECT * FROM Movie WHERE Movie_ID = "_s + QString::number(movieId), connection);
     if (film.movieNight)
         row[u"MovieNight"].Set(1);
     if (!film.nfo.isEmpty())
         row[u"Nfo"].Set(film.nfo);
     if (film.backCover) {
-        const QString path = folder + QStringLiteral("/back.JPG");
+        const QString path = folder + u"/back.JPG"_s;
         WriteFileWhole(path, Jpeg(PaintBackCover(CoverTextOf(film.record), film.record.Plot, seed)));
         row[u"ImageBack_ID"].Set(static_cast<std::int64_t>(StoreImageFile(path, connection)));
     }
     if (!film.loanedTo.isEmpty()) {
         Recordset loan;
-        loan.Open(QStringLiteral("SELECT * FROM Loans"), connection);
+        loan.Open(u"SELECT * FROM Loans"_s, connection);
         loan.AddNew();
         loan[u"Movie_ID"].Set(static_cast<std::int64_t>(movieId));
         loan[u"LoanedTo"].Set(film.loanedTo);
@@ -106,7 +107,7 @@ void StoreRest(const SampleFilm& film, qint64 movieId, quint32 seed, const QStri
 void MakeSample(const QString& filmsFolder, const QString& blank, const QString& target)
 {
     const QTemporaryDir folder;
-    const QString catalog = folder.filePath(QStringLiteral("sample.kvd"));
+    const QString catalog = folder.filePath(u"sample.kvd"_s);
     CopyFileWhole(blank, catalog);
     NoDialogs dialogs;
     const WriterContext context{catalog, QString(), dialogs};
@@ -115,7 +116,7 @@ void MakeSample(const QString& filmsFolder, const QString& blank, const QString&
         FilmRecord& record = film.record;
         ++count;
         record.ImageData = Jpeg(PaintCover(CoverTextOf(record), count));
-        record.ImageExtention = QStringLiteral("JPG");
+        record.ImageExtention = u"JPG"_s;
         const qint64 movieId = AddFilm(record, cOptIMDbFilm::Everything(), context);
         SaveFilmEdit(record, movieId, context);
         StoreRest(film, movieId, count, catalog, folder.path());
@@ -141,8 +142,8 @@ void CompleteSettings(const QString& delivered, const QString& target, const QSt
     }
     for (const QString& entry : extra) {
         const QString key = entry.section(u'=', 0, 0);
-        if (ReadProfileValue(QStringLiteral("Settings"), key, target).isEmpty())
-            changes.Set(QStringLiteral("Settings"), key, entry.section(u'=', 1));
+        if (ReadProfileValue(u"Settings"_s, key, target).isEmpty())
+            changes.Set(u"Settings"_s, key, entry.section(u'=', 1));
     }
     if (!changes.Write())
         throw RuntimeError::WithDetail(kErrFileAccess, target);
@@ -163,7 +164,7 @@ int main(int argc, char** argv)
         else if (job == u"settings" && arguments.size() >= 3)
             CompleteSettings(arguments[1], arguments[2], arguments.mid(3));
         else
-            throw RuntimeError(kErrInvalidCall, QStringLiteral("usage: stage blank|sample|settings …"));
+            throw RuntimeError(kErrInvalidCall, u"usage: stage blank|sample|settings …"_s);
         return 0;
     } catch (const RuntimeError& error) {
         std::fprintf(stderr, "stage: %s\n", error.what());

@@ -1,6 +1,7 @@
 #include "browse/forms/frmFilter.h"
 
 #include "browse/forms/MethodTree.h"
+#include "core/Literals.h"
 #include "ui_frmFilter.h"
 
 namespace kelvado {
@@ -21,7 +22,7 @@ frmFilter::~frmFilter() = default;
 FilterRecord frmFilter::ShowAndRead()
 {
     if (exec() != QDialog::Accepted)
-        return {QStringLiteral("0"), {}};
+        return {u"0"_s, {}};
     return MakeFilter(*Element(), m_ui->CboOperand->currentIndex(), m_ui->txtFilter->text());
 }
 

@@ -1,6 +1,7 @@
 #include "loans/forms/fLoan.h"
 
 #include "core/Guard.h"
+#include "core/Literals.h"
 #include "loans/LoanActions.h"
 #include "loans/forms/fLoanAdd.h"
 #include "ui/SkinPictures.h"
@@ -37,7 +38,7 @@ constexpr int kColumnChars[kLoanColumns] = {30, 16, 12, 12, 12, 20};
 ToolbarPictures PicturesOf(const QString& key, const Skinner& skinner, qreal scale)
 {
     const auto load = [&](const char* ending) {
-        return LoadSkinPicture(skinner.Skin(), QStringLiteral("Toolbar/") + key + QLatin1StringView(ending), scale);
+        return LoadSkinPicture(skinner.Skin(), u"Toolbar/"_s + key + QLatin1StringView(ending), scale);
     };
     try {
         return {load(".png"), load("-over.png"), load("-down.png"), load("-disabled.png")};
@@ -105,10 +106,8 @@ void fLoan::OnButton(const QString& key)
         QLatin1StringView key;
         void (fLoan::*routine)();
     };
-    static constexpr Action kActions[] = {{QLatin1StringView("CheckOut"), &fLoan::CheckOut},
-                                          {QLatin1StringView("CheckIn"), &fLoan::CheckIn},
-                                          {QLatin1StringView("Edit"), &fLoan::Edit},
-                                          {QLatin1StringView("delete"), &fLoan::Delete}};
+    static constexpr Action kActions[] = {
+        {"CheckOut"_L1, &fLoan::CheckOut}, {"CheckIn"_L1, &fLoan::CheckIn}, {"Edit"_L1, &fLoan::Edit}, {"delete"_L1, &fLoan::Delete}};
     for (const Action& action : kActions) {
         if (key == action.key)
             Run(action.routine);
@@ -187,7 +186,7 @@ void fLoan::Edit()
 void fLoan::Delete()
 {
     const qint64 loanId = SelectedLoan();
-    const QString question = QStringLiteral("Are you sure you with to permanetly remove this loan ?");
+    const QString question = u"Are you sure you with to permanetly remove this loan ?"_s;
     if (m_context.dialogs.MessageBox(question, kBoxYesNoExclamation) != kAnswerYes)
         return;
     Delete_Loan(loanId, m_context.state.CatalogPath());

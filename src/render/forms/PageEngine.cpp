@@ -1,5 +1,6 @@
 #include "render/forms/PageEngine.h"
 
+#include "core/Literals.h"
 #include "core/Paths.h"
 
 #include <QFile>
@@ -125,7 +126,7 @@ void PreparePageEngine()
         if (!qEnvironmentVariableIsSet(variable))
             ChangeVariable(variable, value);
     }
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false")); // it would report the missing driver at every start
+    QLoggingCategory::setFilterRules(u"qt.webenginecontext=false"_s); // it would report the missing driver at every start
     if (geteuid() == 0)
         ChangeVariable("QTWEBENGINE_DISABLE_SANDBOX", "1");
 }
@@ -144,9 +145,9 @@ void RestoreEnvironment()
 void PageRequests::interceptRequest(QWebEngineUrlRequestInfo& info)
 {
     const QUrl address = info.requestUrl();
-    const bool allowed = address.isLocalFile() ? address.host().isEmpty() && IsInside(AppPath(), address.toLocalFile())
-                                               : address.scheme() == QLatin1StringView("data") &&
-                                                     info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeImage;
+    const bool allowed = address.isLocalFile()
+                             ? address.host().isEmpty() && IsInside(AppPath(), address.toLocalFile())
+                             : address.scheme() == "data"_L1 && info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeImage;
     if (!allowed) {
         qCDebug(pageLog) << "refused" << address;
         info.block(true);
@@ -213,7 +214,7 @@ void PageDocument::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const
 
 QString PageScript()
 {
-    QFile channel(QStringLiteral(":/qtwebchannel/qwebchannel.js"));
+    QFile channel(u":/qtwebchannel/qwebchannel.js"_s);
     if (!channel.open(QIODevice::ReadOnly))
         qCWarning(pageLog, "the channel's script is missing; pages cannot speak to the program");
     return QString::fromUtf8(channel.readAll()) + QLatin1StringView(kScript);

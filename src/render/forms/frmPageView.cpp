@@ -1,5 +1,6 @@
 #include "render/forms/frmPageView.h"
 
+#include "core/Literals.h"
 #include "render/forms/PageEngine.h"
 
 #include <QFileInfo>
@@ -23,7 +24,7 @@ constexpr quint32 kScriptWorld = QWebEngineScript::ApplicationWorld;
 
 frmPageView::frmPageView(QWidget* parent) : QWidget(parent), m_path(kBlank)
 {
-    setObjectName(QStringLiteral("frmPageView"));
+    setObjectName(u"frmPageView"_s);
     setAccessibleName(tr("Page"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -50,11 +51,11 @@ void frmPageView::CreateBrowser()
     });
     connect(bridge, &PageBridge::ContextMenuAsked, this, &frmPageView::ContextMenu);
     auto* channel = new QWebChannel(m_document.get());
-    channel->registerObject(QStringLiteral("page"), bridge);
+    channel->registerObject(u"page"_s, bridge);
     m_document->setWebChannel(channel, kScriptWorld);
 
     QWebEngineScript script;
-    script.setName(QStringLiteral("page"));
+    script.setName(u"page"_s);
     script.setSourceCode(PageScript());
     script.setInjectionPoint(QWebEngineScript::DocumentCreation);
     script.setWorldId(kScriptWorld);
@@ -73,7 +74,7 @@ void frmPageView::CreateBrowser()
     connect(m_document.get(), &QWebEnginePage::renderProcessTerminated, this, &frmPageView::Recover, Qt::QueuedConnection);
 
     m_view = new QWebEngineView(this);
-    m_view->setObjectName(QStringLiteral("WebBrowser1"));
+    m_view->setObjectName(u"WebBrowser1"_s);
     m_view->setAccessibleName(tr("Page"));
     m_view->setPage(m_document.get());
     m_view->setAcceptDrops(false);

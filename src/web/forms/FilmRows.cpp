@@ -1,5 +1,6 @@
 #include "web/forms/FilmRows.h"
 
+#include "core/Literals.h"
 #include "ui/Skinner.h"
 #include "web/FilmQueue.h"
 
@@ -124,7 +125,7 @@ void FilmRows::ShowFocus(bool focused)
 void FilmRows::resizeEvent(QResizeEvent* event)
 {
     constexpr int kMargin = 24;
-    header()->resizeSection(1, fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + kMargin);
+    header()->resizeSection(1, fontMetrics().horizontalAdvance(u"0000000"_s) + kMargin);
     QTreeWidget::resizeEvent(event);
 }
 

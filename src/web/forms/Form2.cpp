@@ -1,6 +1,7 @@
 #include "web/forms/Form2.h"
 
 #include "core/Guard.h"
+#include "core/Literals.h"
 #include "ui_Form2.h"
 #include "web/forms/frmAkaSet.h"
 
@@ -85,7 +86,7 @@ void Form2::LookUp()
 void Form2::AddAll()
 {
     if (m_queue.isEmpty()) {
-        m_desk.dialogs.MessageBox(QStringLiteral("You have not selected any movies to be added."), kBoxPlain);
+        m_desk.dialogs.MessageBox(u"You have not selected any movies to be added."_s, kBoxPlain);
         return;
     }
     const FetchTurn turn(m_desk);
@@ -116,12 +117,12 @@ void Form2::AddAll()
 void Form2::WriteLog(const BatchResult& result)
 {
     for (const BatchResult::Failure& failure : result.Failures)
-        m_ui->txtLog->insertPlainText(QStringLiteral("\r\nNot added: %1: %2").arg(failure.Film, failure.Reason));
+        m_ui->txtLog->insertPlainText(u"\r\nNot added: %1: %2"_s.arg(failure.Film, failure.Reason));
     for (const BatchResult::Failure& film : result.Incomplete)
-        m_ui->txtLog->insertPlainText(QStringLiteral("\r\nNot complete: %1: %2").arg(film.Film, film.Reason));
+        m_ui->txtLog->insertPlainText(u"\r\nNot complete: %1: %2"_s.arg(film.Film, film.Reason));
     if (result.Cancelled)
-        m_ui->txtLog->insertPlainText(QStringLiteral("\r\nCancelled."));
-    m_ui->txtLog->insertPlainText(QStringLiteral("\r\nSuccessfully Added %1 Films.").arg(result.Added));
+        m_ui->txtLog->insertPlainText(u"\r\nCancelled."_s);
+    m_ui->txtLog->insertPlainText(u"\r\nSuccessfully Added %1 Films."_s.arg(result.Added));
 }
 
 void Form2::MoveToQueue(int row)

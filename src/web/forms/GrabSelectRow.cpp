@@ -1,5 +1,6 @@
 #include "web/forms/GrabSelectRow.h"
 
+#include "core/Literals.h"
 #include "ui/SkinPictures.h"
 
 namespace kelvado {
@@ -15,9 +16,9 @@ struct Slot
 
 // From left to right.
 constexpr Slot kSlotTable[] = {
-    {"ImgTaddLeft", {}, ""},    {"ImgTaddIMDB", QLatin1StringView("IMDB"), "IMDb"},
-    {"ImgTaddTabber1", {}, ""}, {"ImgTaddDVDEmp", QLatin1StringView("DVDEmp"), "DVD Empire"},
-    {"ImgTaddTabber2", {}, ""}, {"ImgTaddAdultEmp", QLatin1StringView("AdultEmp"), "Manual Entry"},
+    {"ImgTaddLeft", {}, ""},    {"ImgTaddIMDB", "IMDB"_L1, "IMDb"},
+    {"ImgTaddTabber1", {}, ""}, {"ImgTaddDVDEmp", "DVDEmp"_L1, "DVD Empire"},
+    {"ImgTaddTabber2", {}, ""}, {"ImgTaddAdultEmp", "AdultEmp"_L1, "Manual Entry"},
     {"ImgTaddRight", {}, ""},
 };
 
@@ -28,17 +29,17 @@ struct ModePictures
 };
 
 constexpr ModePictures kModes[] = {
-    {QLatin1StringView("IMDB"),
+    {"IMDB"_L1,
      {"ToolLeftSel.BMP", "ToolIMDBSel.BMP", "ToolFrontYesNo.BMP", "ToolDVDEmp.BMP", "ToolFrontNoNo.BMP", "ToolManual.BMP", "ToolEnd.BMP"}},
-    {QLatin1StringView("DVDEmp"),
+    {"DVDEmp"_L1,
      {"ToolLeft.BMP", "ToolIMDB.BMP", "ToolFrontNoYes.BMP", "ToolDVDEmpSel.BMP", "ToolFrontYesNo.BMP", "ToolManual.BMP", "ToolEnd.BMP"}},
-    {QLatin1StringView("AdultEmp"),
+    {"AdultEmp"_L1,
      {"ToolLeft.BMP", "ToolIMDB.BMP", "ToolFrontNoNo.BMP", "ToolDVDEmp.BMP", "ToolFrontNoYes.BMP", "ToolManualSel.BMP", "ToolEndSel.BMP"}},
 };
 
 } // namespace
 
-GrabSelectRow::GrabSelectRow(QWidget* parent) : QWidget(parent), m_spacer(new TabImage(QStringLiteral("ImgTaddSpacer"), this))
+GrabSelectRow::GrabSelectRow(QWidget* parent) : QWidget(parent), m_spacer(new TabImage(u"ImgTaddSpacer"_s, this))
 {
     for (std::size_t i = 0; i < kSlots; ++i) {
         const Slot& slot = kSlotTable[i];
@@ -59,7 +60,7 @@ void GrabSelectRow::LoadSearchBar(const QString& skin, const QString& mode)
     if (pictures == std::end(kModes))
         return;
     const auto load = [&](const char* file) {
-        return LoadSkinPicture(skin, QStringLiteral("Searchbar/") + QLatin1StringView(file), devicePixelRatioF());
+        return LoadSkinPicture(skin, u"Searchbar/"_s + QLatin1StringView(file), devicePixelRatioF());
     };
     for (std::size_t i = 0; i < kSlots; ++i)
         m_pieces[i]->SetPicture(load(pictures->files[i]));

@@ -1,6 +1,7 @@
 #include "web/forms/frmAkaSet.h"
 
 #include "core/Guard.h"
+#include "core/Literals.h"
 #include "ui_frmAkaSet.h"
 
 namespace kelvado {
@@ -26,7 +27,7 @@ std::optional<qsizetype> frmAkaSet::ShowAndRead()
 void frmAkaSet::OnOkay()
 {
     if (m_ui->lstAkaSel->selectedItems().isEmpty())
-        m_dialogs.MessageBox(QStringLiteral("Please Select A Title First"), kBoxPlain, QStringLiteral("Error: AKA Selection"));
+        m_dialogs.MessageBox(u"Please Select A Title First"_s, kBoxPlain, u"Error: AKA Selection"_s);
     else
         accept();
 }

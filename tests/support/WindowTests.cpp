@@ -1,0 +1,15 @@
+// Gives the tests of windows their application: linked into a test program, it takes the place of the plain one.
+
+#include "core/Literals.h"
+
+#include <QApplication>
+
+#include <memory>
+
+std::unique_ptr<QCoreApplication> MakeTestApplication(int& argc, char** argv)
+{
+    using namespace kelvado;
+    auto application = std::make_unique<QApplication>(argc, argv);
+    QApplication::setStyle(u"Fusion"_s);
+    return application;
+}
