@@ -12,8 +12,8 @@
 #include "support/PageSource.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
-#include "web/FilmQueue.h"
-#include "web/Hraw.h"
+#include "web/retrieval/FilmQueue.h"
+#include "web/transport/Hraw.h"
 
 #include <benchmark/benchmark.h>
 

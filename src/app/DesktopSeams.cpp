@@ -4,7 +4,7 @@
 #include "core/RuntimeError.h"
 #include "ui/fLengthEdit.h"
 #include "ui/frmAbout.h"
-#include "web/cWaitableTimer.h"
+#include "web/transport/cWaitableTimer.h"
 
 #include <QApplication>
 #include <QCoreApplication>

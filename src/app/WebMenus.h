@@ -5,10 +5,10 @@
 #include "ui/CatalogTreeView.h"
 #include "ui/ScrollingImage.h"
 #include "ui/Skinner.h"
-#include "web/FilmDesk.h"
-#include "web/Hraw.h"
 #include "web/forms/FilmProgress.h"
 #include "web/forms/GrabSelectRow.h"
+#include "web/retrieval/FilmDesk.h"
+#include "web/transport/Hraw.h"
 
 #include <QObject>
 #include <QPointer>

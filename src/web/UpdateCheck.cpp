@@ -4,7 +4,7 @@
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 #include "core/Version.h"
-#include "web/WebText.h"
+#include "web/readers/WebText.h"
 
 #include <QProcess>
 

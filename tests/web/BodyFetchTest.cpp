@@ -1,10 +1,10 @@
 #include "LoopbackServer.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempHome.h"
-#include "web/Hraw.h"
-#include "web/cHTTP.h"
-#include "web/cWaitableTimer.h"
 #include "web/mWeb.h"
+#include "web/transport/Hraw.h"
+#include "web/transport/cHTTP.h"
+#include "web/transport/cWaitableTimer.h"
 
 #include <QElapsedTimer>
 #include <QNetworkAccessManager>

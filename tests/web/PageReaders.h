@@ -3,13 +3,13 @@
 #include "core/Literals.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
-#include "web/IMDBSearch.h"
-#include "web/WebText.h"
-#include "web/mIMDBAmazon.h"
-#include "web/mIMDBCompaniesParse.h"
-#include "web/mIMDBCreditsParse.h"
-#include "web/mIMDBPlotParse.h"
-#include "web/mIMDBTitleParse.h"
+#include "web/readers/WebText.h"
+#include "web/readers/mIMDBAmazon.h"
+#include "web/readers/mIMDBCompaniesParse.h"
+#include "web/readers/mIMDBCreditsParse.h"
+#include "web/readers/mIMDBPlotParse.h"
+#include "web/readers/mIMDBTitleParse.h"
+#include "web/search/IMDBSearch.h"
 
 #include <string_view>
 

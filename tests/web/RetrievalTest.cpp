@@ -3,7 +3,7 @@
 #include "support/ScriptedTransport.h"
 #include "support/TempCatalog.h"
 #include "support/TempHome.h"
-#include "web/mIMDB.h"
+#include "web/retrieval/mIMDB.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "LoopbackServer.h"
 #include "PageReaders.h"
 #include "support/ScriptedDialogs.h"
-#include "web/Hraw.h"
-#include "web/ctxHTTP.h"
+#include "web/transport/Hraw.h"
+#include "web/transport/ctxHTTP.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -1,9 +1,9 @@
-#include "web/FilmQueue.h"
+#include "web/retrieval/FilmQueue.h"
 #include "core/Literals.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempHome.h"
-#include "web/NumberImport.h"
+#include "web/search/NumberImport.h"
 
 namespace kelvado {
 namespace {

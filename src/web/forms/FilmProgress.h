@@ -2,7 +2,7 @@
 
 #include "core/Dialogs.h"
 #include "web/forms/frmProgress.h"
-#include "web/mIMDB.h"
+#include "web/retrieval/mIMDB.h"
 
 #include <functional>
 #include <memory>

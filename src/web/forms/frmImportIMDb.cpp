@@ -2,7 +2,7 @@
 
 #include "core/Guard.h"
 #include "ui_frmImportIMDb.h"
-#include "web/NumberImport.h"
+#include "web/search/NumberImport.h"
 
 #include <QAction>
 #include <QScopeGuard>

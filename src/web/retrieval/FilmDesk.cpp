@@ -1,4 +1,4 @@
-#include "web/FilmDesk.h"
+#include "web/retrieval/FilmDesk.h"
 
 #include "core/Paths.h"
 

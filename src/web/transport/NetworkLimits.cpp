@@ -1,4 +1,4 @@
-#include "web/NetworkLimits.h"
+#include "web/transport/NetworkLimits.h"
 
 #include "core/Literals.h"
 #include "core/Profile.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Dialogs.h"
-#include "web/NetworkLimits.h"
+#include "web/transport/NetworkLimits.h"
 
 #include <QObject>
 #include <QString>

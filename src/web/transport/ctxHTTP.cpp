@@ -1,8 +1,8 @@
-#include "web/ctxHTTP.h"
+#include "web/transport/ctxHTTP.h"
 
 #include "core/Conversions.h"
 #include "core/RuntimeError.h"
-#include "web/WebText.h"
+#include "web/readers/WebText.h"
 
 #include <QDeadlineTimer>
 #include <QEventLoop>

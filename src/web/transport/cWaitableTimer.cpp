@@ -1,4 +1,4 @@
-#include "web/cWaitableTimer.h"
+#include "web/transport/cWaitableTimer.h"
 
 #include "core/RuntimeError.h"
 

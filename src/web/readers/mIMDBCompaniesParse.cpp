@@ -1,7 +1,7 @@
-#include "web/mIMDBCompaniesParse.h"
+#include "web/readers/mIMDBCompaniesParse.h"
 
 #include "core/RuntimeError.h"
-#include "web/WebText.h"
+#include "web/readers/WebText.h"
 
 namespace kelvado {
 

@@ -1,7 +1,7 @@
-#include "web/mIMDBCreditsParse.h"
+#include "web/readers/mIMDBCreditsParse.h"
 
 #include "core/RuntimeError.h"
-#include "web/WebText.h"
+#include "web/readers/WebText.h"
 
 namespace kelvado {
 

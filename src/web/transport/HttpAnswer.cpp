@@ -1,4 +1,4 @@
-#include "web/HttpAnswer.h"
+#include "web/transport/HttpAnswer.h"
 
 #include "core/Literals.h"
 #include "core/RuntimeError.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "web/FilmDesk.h"
-#include "web/IMDBSearch.h"
+#include "web/retrieval/FilmDesk.h"
+#include "web/search/IMDBSearch.h"
 
 #include <functional>
 

@@ -1,6 +1,6 @@
-#include "web/mIMDBPlotParse.h"
+#include "web/readers/mIMDBPlotParse.h"
 
-#include "web/WebText.h"
+#include "web/readers/WebText.h"
 
 namespace kelvado {
 

@@ -1,7 +1,7 @@
-#include "web/mIMDBAmazon.h"
+#include "web/readers/mIMDBAmazon.h"
 
 #include "core/RuntimeError.h"
-#include "web/WebText.h"
+#include "web/readers/WebText.h"
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include "web/PictureFetch.h"
+#include "web/retrieval/PictureFetch.h"
 
 #include "core/SafeFile.h"
 #include "store/mFileAccess.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "web/NetworkLimits.h"
+#include "web/transport/NetworkLimits.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,8 +1,8 @@
-#include "web/IMDBSearch.h"
+#include "web/search/IMDBSearch.h"
 
 #include "core/Conversions.h"
-#include "web/WebText.h"
-#include "web/mIMDBTitleParse.h"
+#include "web/readers/WebText.h"
+#include "web/readers/mIMDBTitleParse.h"
 
 #include <QScopeGuard>
 

@@ -1,9 +1,9 @@
-#include "web/cHTTP.h"
+#include "web/transport/cHTTP.h"
 
 #include "core/Conversions.h"
 #include "core/Literals.h"
 #include "core/Version.h"
-#include "web/HttpAnswer.h"
+#include "web/transport/HttpAnswer.h"
 
 namespace kelvado {
 

@@ -1,4 +1,4 @@
-#include "web/WebText.h"
+#include "web/readers/WebText.h"
 
 #include "core/RuntimeError.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/Transport.h"
-#include "web/NetworkLimits.h"
-#include "web/ctxHTTP.h"
+#include "web/transport/NetworkLimits.h"
+#include "web/transport/ctxHTTP.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/Options.h"
-#include "web/FilmDesk.h"
-#include "web/IMDBSearch.h"
+#include "web/retrieval/FilmDesk.h"
+#include "web/search/IMDBSearch.h"
 
 #include <functional>
 #include <optional>

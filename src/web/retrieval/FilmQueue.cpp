@@ -1,4 +1,4 @@
-#include "web/FilmQueue.h"
+#include "web/retrieval/FilmQueue.h"
 
 #include "core/Conversions.h"
 #include "core/RuntimeError.h"

@@ -5,7 +5,7 @@
 #include "core/Events.h"
 #include "core/Shell.h"
 #include "core/Transport.h"
-#include "web/mIMDB.h"
+#include "web/retrieval/mIMDB.h"
 
 #include <QtGlobal>
 

@@ -1,9 +1,9 @@
-#include "web/TitleSearch.h"
+#include "web/search/TitleSearch.h"
 
 #include "core/Conversions.h"
 #include "core/Paths.h"
-#include "web/WebText.h"
-#include "web/mIMDBTitleParse.h"
+#include "web/readers/WebText.h"
+#include "web/readers/mIMDBTitleParse.h"
 
 namespace kelvado {
 

@@ -1,15 +1,15 @@
-#include "web/mIMDB.h"
+#include "web/retrieval/mIMDB.h"
 
 #include "core/Conversions.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
-#include "web/PictureFetch.h"
-#include "web/WebText.h"
-#include "web/mIMDBAmazon.h"
-#include "web/mIMDBCompaniesParse.h"
-#include "web/mIMDBCreditsParse.h"
-#include "web/mIMDBPlotParse.h"
-#include "web/mIMDBTitleParse.h"
+#include "web/readers/WebText.h"
+#include "web/readers/mIMDBAmazon.h"
+#include "web/readers/mIMDBCompaniesParse.h"
+#include "web/readers/mIMDBCreditsParse.h"
+#include "web/readers/mIMDBPlotParse.h"
+#include "web/readers/mIMDBTitleParse.h"
+#include "web/retrieval/PictureFetch.h"
 
 namespace kelvado {
 

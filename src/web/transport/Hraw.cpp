@@ -1,8 +1,8 @@
-#include "web/Hraw.h"
+#include "web/transport/Hraw.h"
 
 #include "core/Literals.h"
-#include "web/HttpAnswer.h"
-#include "web/cHTTP.h"
+#include "web/transport/HttpAnswer.h"
+#include "web/transport/cHTTP.h"
 
 #include <QNetworkAccessManager>
 

@@ -1,8 +1,8 @@
-#include "web/mIMDBTitleParse.h"
+#include "web/readers/mIMDBTitleParse.h"
 
 #include "core/Conversions.h"
 #include "core/RuntimeError.h"
-#include "web/WebText.h"
+#include "web/readers/WebText.h"
 
 namespace kelvado {
 

@@ -1,7 +1,7 @@
-#include "web/NumberImport.h"
+#include "web/search/NumberImport.h"
 
 #include "core/RuntimeError.h"
-#include "web/mIMDBTitleParse.h"
+#include "web/readers/mIMDBTitleParse.h"
 
 #include <QFile>
 
