@@ -1,6 +1,6 @@
 #pragma once
 
-#include "web/WebHosts.h"
+#include "core/WebHosts.h"
 
 #include <QString>
 #include <QStringView>

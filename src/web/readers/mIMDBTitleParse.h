@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/WebHosts.h"
 #include "store/FilmRecord.h"
-#include "web/WebHosts.h"
 
 #include <QList>
 #include <QString>

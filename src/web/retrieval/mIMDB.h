@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/Transport.h"
+#include "core/WebHosts.h"
 #include "store/mDBConnection.h"
-#include "web/WebHosts.h"
 
 #include <QString>
 

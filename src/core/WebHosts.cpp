@@ -1,12 +1,11 @@
-#include "web/WebHosts.h"
+#include "core/WebHosts.h"
 
+#include "core/Literals.h"
 #include "core/Profile.h"
 
 #include <utility>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
