@@ -74,6 +74,11 @@ QString PageText::Cut(Place from, Place to) const
     return Take(from, to - from);
 }
 
+QString PageText::CutShort(Place from, Place to, qsizetype most) const
+{
+    return Cut(from, std::min(to, from + most));
+}
+
 QString PageText::Take(Place from, qsizetype length) const
 {
     if (from < 1)

@@ -16,7 +16,7 @@ constexpr Place Behind(Place place, qsizetype length)
 }
 
 /// A page that is read by markers, places and lengths. It looks at the text that it was made of, which must outlive it.
-/// Searching or cutting from nowhere raises 5, so that a marker that was not found ends the reading at the next step that needs it.
+/// Searching or cutting from nowhere raises `kErrInvalidCall`, so that a marker that was not found ends the reading at the next step that needs it.
 class PageText
 {
 public:
@@ -30,8 +30,10 @@ public:
     Place FindBack(QStringView marker, Place before, Qt::CaseSensitivity letters = Qt::CaseSensitive) const;
     bool Holds(QStringView marker) const { return m_text.contains(marker); }
 
-    /// The text from `from` up to `to`, without the character there. Raises 5 where `to` lies in front of `from`.
+    /// The text from `from` up to `to`, without the character there. Raises `kErrInvalidCall` where `to` lies in front of `from`.
     QString Cut(Place from, Place to) const;
+    /// As `Cut`, but no more than the first `most` characters, however far away `to` is.
+    QString CutShort(Place from, Place to, qsizetype most) const;
     /// The text from `from` on, at most `length` characters.
     QString Take(Place from, qsizetype length) const;
 
@@ -69,8 +71,8 @@ private:
 QString FlattenPage(const QString& text);
 
 /// The text without tags, and without "&nbsp;" and "&amp;"; these two leave no character behind. Outer blanks stay.
-/// The first "<" and the first ">" of the text make the tag, and every occurrence of it goes at once. Raises 5 where that ">" is missing
-/// or stands in front of the "<", and for a text with hundreds of different tags that are not well formed.
+/// The first "<" and the first ">" of the text make the tag, and every occurrence of it goes at once. Raises `kErrInvalidCall` where that
+/// ">" is missing or stands in front of the "<", and for a text with hundreds of different tags that are not well formed.
 QString StripTags(QString text);
 
 } // namespace kelvado

@@ -26,6 +26,9 @@ std::optional<QList<FilmPerson>> ParseSection(QStringView text, const CreditSect
     constexpr QStringView kLinkClose = u"</a>";
     // The cell of the third field is searched for from so far behind the name.
     constexpr qsizetype kCellLead = 13;
+    // No link of a person is longer. Where the end of a link is missing, that of another row ends it, perhaps at the other end of the
+    // page: every row would then hold a copy of nearly all of it.
+    constexpr qsizetype kLongestLink = 1000;
     const PageText page(text);
     Place cursor = page.FindBehind(section.marker);
     if (cursor == kNowhere)
@@ -63,7 +66,7 @@ std::optional<QList<FilmPerson>> ParseSection(QStringView text, const CreditSect
         Place cellEnd = kNowhere;
         const Place link = personLink.FindBehind(cursor);
         attempt([&] { linkEnd = linkText.Find(link); });
-        attempt([&] { person.IMDB_Link = page.Cut(link, linkEnd); });
+        attempt([&] { person.IMDB_Link = page.CutShort(link, linkEnd, kLongestLink); });
         attempt([&] { person.Name = page.Cut(Behind(linkEnd, section.linkEnd.size()), nameEnd); });
         attempt([&] { cell = cellStart.FindBehind(Behind(nameEnd, kCellLead)); });
         attempt([&] { cellEnd = cellStop.Find(cell); });

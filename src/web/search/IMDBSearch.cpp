@@ -90,7 +90,7 @@ void ParseSearchPage(QString& page, QList<SearchRow>& lstSearch, QStringList& ls
         if (link == kNowhere)
             return;
         const Place number = text.FindBehind(u"<a href=\"/title/tt", link);
-        const QString digits = text.Cut(number, text.Find(u"</a><", link)).left(kNumberDigits);
+        const QString digits = text.CutShort(number, text.Find(u"</a><", link), kNumberDigits);
         const Place start = text.FindBehind(u"\">", link);
         cursor = text.Find(u"</li>", start);
         const QString hit = text.Cut(start, cursor);
