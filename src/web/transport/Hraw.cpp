@@ -1,16 +1,17 @@
 #include "web/transport/Hraw.h"
 
 #include "core/Literals.h"
-#include "web/transport/HttpAnswer.h"
 #include "web/transport/cHTTP.h"
-
-#include <QNetworkAccessManager>
 
 namespace kelvado {
 
-Hraw::Hraw(const NetworkLimits& limits, Dialogs& dialogs) : m_limits(limits), m_http(limits, dialogs) {}
+Hraw::Hraw(const NetworkLimits& limits, Dialogs& dialogs) : m_http(limits, dialogs), m_bodies(limits) {}
 
-Hraw::~Hraw() = default;
+void Hraw::Abort()
+{
+    m_http.Abort();
+    m_bodies.Abort();
+}
 
 QString Hraw::Get_HTML(const QString& url)
 {
@@ -24,21 +25,14 @@ QString Hraw::Get_HTML(const QString& url)
 
 QString Hraw::GetUrl(const QString& url)
 {
-    return cHTTP(Network(), m_limits).GetUrl(url);
+    return cHTTP(m_bodies).GetUrl(url);
 }
 
 QByteArray Hraw::OpenURL(const QString& url)
 {
     constexpr int kFirstErrorStatus = 400;
-    const HttpAnswer answer = FetchAnswer(Network(), url, {}, m_limits);
+    const BodyFetch::Answer answer = m_bodies.Fetch(url, {});
     return answer.status < kFirstErrorStatus ? answer.body : QByteArray();
-}
-
-QNetworkAccessManager& Hraw::Network()
-{
-    if (!m_network)
-        m_network = std::make_unique<QNetworkAccessManager>();
-    return *m_network;
 }
 
 } // namespace kelvado

@@ -3,14 +3,11 @@
 #include "core/Conversions.h"
 #include "core/Literals.h"
 #include "core/Version.h"
-#include "web/transport/HttpAnswer.h"
+#include "web/transport/BodyFetch.h"
 
 namespace kelvado {
 
-cHTTP::cHTTP(QNetworkAccessManager& network, const NetworkLimits& limits, const QString& url)
-    : m_network(network), m_limits(limits), m_url(url)
-{
-}
+cHTTP::cHTTP(BodyFetch& bodies, const QString& url) : m_bodies(bodies), m_url(url) {}
 
 QString cHTTP::UserAgent() const
 {
@@ -24,7 +21,7 @@ void cHTTP::SetUrl(const QString& /*url*/) {}
 QString cHTTP::GetUrl(const QString& url)
 {
     const QString& address = url.isEmpty() ? m_url : url;
-    return address.isEmpty() ? QString() : FromWindows1252(FetchAnswer(m_network, address, UserAgent(), m_limits).body);
+    return address.isEmpty() ? QString() : FromWindows1252(m_bodies.Fetch(address, UserAgent()).body);
 }
 
 } // namespace kelvado

@@ -1,19 +1,17 @@
 #pragma once
 
-#include "web/transport/NetworkLimits.h"
-
 #include <QString>
 
-class QNetworkAccessManager;
-
 namespace kelvado {
+
+class BodyFetch;
 
 /// Fetches the bodies of pages.
 class cHTTP
 {
 public:
-    /// `network` must outlive this object.
-    cHTTP(QNetworkAccessManager& network, const NetworkLimits& limits, const QString& url = {});
+    /// `bodies` must outlive this object.
+    explicit cHTTP(BodyFetch& bodies, const QString& url = {});
 
     /// What was set, else the program's own name.
     QString UserAgent() const;
@@ -27,8 +25,7 @@ public:
     QString GetUrl(const QString& url);
 
 private:
-    QNetworkAccessManager& m_network;
-    NetworkLimits m_limits;
+    BodyFetch& m_bodies;
     QString m_url, m_userAgent;
 };
 

@@ -3,24 +3,11 @@
 #include "core/Conversions.h"
 #include "core/RuntimeError.h"
 #include "web/readers/WebText.h"
+#include "web/transport/Exchange.h"
 
-#include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QNetworkProxy>
-#include <QScopeGuard>
 #include <QScopedValueRollback>
-#include <QTcpSocket>
-#include <QTimer>
-
-#include <fcntl.h>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <functional>
-#include <utility>
 
 namespace kelvado {
 
@@ -39,66 +26,7 @@ constexpr QLatin1StringView kRequestTemplate =
     "Proxy-Connection: Keep-Alive\r\n"
     "\r\n"_L1;
 
-// The numbers by which users know socket errors.
-constexpr int kNetworkUnreachable = 10051;
-constexpr int kConnectionReset = 10054;
-constexpr int kMessageTooBig = 10040;
-constexpr int kTimedOut = 10060;
-constexpr int kOtherFailure = 40006;
-
-constexpr std::pair<QAbstractSocket::SocketError, int> kErrorNumbers[] = {
-    {QAbstractSocket::ConnectionRefusedError, 10061},
-    {QAbstractSocket::HostNotFoundError, 11001},
-    {QAbstractSocket::NetworkError, kNetworkUnreachable},
-    {QAbstractSocket::SocketTimeoutError, kTimedOut},
-};
-
-int ErrorNumber(QAbstractSocket::SocketError error)
-{
-    for (const auto& [known, number] : kErrorNumbers) {
-        if (known == error)
-            return number;
-    }
-    return kOtherFailure;
-}
-
-// Qt tells a connection that was reset as one that was closed. The system's own state of the connection parts the two, as long as a
-// descriptor of it is open.
-class ConnectionState
-{
-public:
-    ConnectionState() = default;
-    ~ConnectionState()
-    {
-        if (m_descriptor >= 0)
-            ::close(m_descriptor);
-    }
-    Q_DISABLE_COPY_MOVE(ConnectionState)
-
-    void Watch(qintptr descriptor) { m_descriptor = ::fcntl(static_cast<int>(descriptor), F_DUPFD_CLOEXEC, 0); }
-
-    bool WasReset() const
-    {
-        tcp_info info{};
-        socklen_t size = sizeof info;
-        return m_descriptor >= 0 && ::getsockopt(m_descriptor, IPPROTO_TCP, TCP_INFO, &info, &size) == 0 && info.tcpi_state == TCP_CLOSE;
-    }
-
-private:
-    int m_descriptor = -1;
-};
-
-struct Answer
-{
-    enum class End { Open, Closed, Failed, OverLimit };
-
-    QByteArray bytes;
-    End end = End::Open;
-    int errorNumber = 0;
-    QString errorText;
-};
-
-std::pair<QString, quint16> HostAndPort(const QString& hostAddress, quint16 port)
+Peer PeerAt(const QString& hostAddress, quint16 port)
 {
     const qsizetype colon = hostAddress.lastIndexOf(u':');
     bool ok = false;
@@ -106,69 +34,7 @@ std::pair<QString, quint16> HostAndPort(const QString& hostAddress, quint16 port
     QString host = colon >= 0 && ok ? hostAddress.first(colon) : hostAddress;
     if (host.startsWith(u'[') && host.endsWith(u']')) // an address of IPv6
         host = host.sliced(1, host.size() - 2);
-    return {host, colon >= 0 && ok ? ownPort : port};
-}
-
-// Serves events until `loop` is left or the time is up; false for the latter.
-// Raises 32755 where the program ends: its end leaves the loop without any of its own reasons.
-bool ServeUntil(QEventLoop& loop, const QDeadlineTimer& deadline, const std::function<bool()>& ended)
-{
-    QTimer timer;
-    timer.setSingleShot(true);
-    timer.setTimerType(Qt::PreciseTimer);
-    bool timeIsUp = false;
-    QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
-        timeIsUp = true;
-        loop.quit();
-    });
-    if (!deadline.isForever())
-        timer.start(static_cast<int>(deadline.remainingTime()));
-    loop.exec();
-    if (!timeIsUp && !ended())
-        throw RuntimeError(kErrCancelled);
-    return !timeIsUp;
-}
-
-Answer Exchange(QEventLoop& loop, const QString& hostAddress, quint16 defaultPort, const QByteArray& request,
-                const QDeadlineTimer& deadline, qint64 largestAnswer)
-{
-    Answer answer;
-    ConnectionState connection;
-    QTcpSocket socket;
-    socket.setProxy(QNetworkProxy::NoProxy);
-
-    const auto end = [&](Answer::End how, int number, const QString& text) {
-        if (answer.end != Answer::End::Open)
-            return;
-        answer.end = how;
-        answer.errorNumber = number;
-        answer.errorText = text;
-        loop.quit();
-    };
-    QObject::connect(&socket, &QTcpSocket::connected, &loop, [&] {
-        connection.Watch(socket.socketDescriptor());
-        socket.write(request);
-    });
-    QObject::connect(&socket, &QTcpSocket::readyRead, &loop, [&] {
-        answer.bytes.append(socket.readAll());
-        if (answer.bytes.size() > largestAnswer)
-            end(Answer::End::OverLimit, kMessageTooBig, u"The answer is too large"_s);
-    });
-    QObject::connect(&socket, &QTcpSocket::errorOccurred, &loop, [&](QAbstractSocket::SocketError error) {
-        answer.bytes.append(socket.readAll());
-        if (error != QAbstractSocket::RemoteHostClosedError)
-            end(Answer::End::Failed, ErrorNumber(error), socket.errorString());
-        else if (connection.WasReset())
-            end(Answer::End::Failed, kConnectionReset, u"Connection reset by peer"_s);
-        else
-            end(Answer::End::Closed, 0, {});
-    });
-
-    const auto [host, port] = HostAndPort(hostAddress, defaultPort);
-    socket.connectToHost(host, port);
-    if (answer.end == Answer::End::Open && !ServeUntil(loop, deadline, [&] { return answer.end != Answer::End::Open; }))
-        end(Answer::End::OverLimit, kTimedOut, u"The time for an answer is up"_s);
-    return answer;
+    return {host, colon >= 0 && ok ? ownPort : port, false};
 }
 
 } // namespace
@@ -206,12 +72,9 @@ void ctxHTTP::SetUrl(const QString& url)
 
 QString ctxHTTP::GetData()
 {
-    const QDeadlineTimer deadline =
-        m_limits.TimeoutMilliseconds > 0 ? QDeadlineTimer(m_limits.TimeoutMilliseconds) : QDeadlineTimer(QDeadlineTimer::Forever);
-    m_busy = true;
-    const auto idle = qScopeGuard([this] { m_busy = false; });
-    QEventLoop loop;
-    const QScopedValueRollback waiting(m_loop, &loop);
+    FetchWait wait(m_limits);
+    const QScopedValueRollback waiting(m_wait, &wait);
+    const QScopedValueRollback busy(m_busy, true);
 
     for (int answers = 1;; ++answers) {
         QString request(kRequestTemplate);
@@ -219,14 +82,13 @@ QString ctxHTTP::GetData()
         request.replace("HOSTLOCATION"_L1, m_address.HostLocation);
         request.replace("USERAGENT"_L1, m_userAgent);
         const SplitAddress address = m_address;
-        const Answer answer = Exchange(loop, address.HostAddress, m_port, ToWindows1252(request), deadline, m_limits.LargestAnswer);
+        const Exchanged answer = Exchange(PeerAt(address.HostAddress, m_port), ToWindows1252(request), m_limits.LargestAnswer, wait);
         QString text = FromWindows1252(answer.bytes);
 
-        if (answer.end != Answer::End::Closed) {
+        if (answer.end != Exchanged::End::Closed) {
             TellFailure(answer.errorNumber, answer.errorText);
-            if (answer.end == Answer::End::Failed && !m_limits.ErrorEndsWait) {
-                ServeUntil(loop, deadline, [] { return false; });
-            }
+            if (answer.end == Exchanged::End::Failed && !m_limits.ErrorEndsWait)
+                wait.ServeUntil([] { return false; });
             return text;
         }
 
@@ -237,7 +99,7 @@ QString ctxHTTP::GetData()
             continue;
         }
         if (!target.isEmpty())
-            TellFailure(kOtherFailure, u"Too many redirects"_s);
+            TellFailure(kSocketOtherFailure, u"Too many redirects"_s);
         m_busy = false;
         for (int i = 0; i < answers; ++i)
             Q_EMIT Completed(text);
@@ -247,8 +109,8 @@ QString ctxHTTP::GetData()
 
 void ctxHTTP::Abort()
 {
-    if (m_loop)
-        m_loop->quit();
+    if (m_wait)
+        m_wait->Abort();
 }
 
 void ctxHTTP::TellFailure(int number, const QString& description) const

@@ -7,9 +7,9 @@
 #include <QString>
 #include <QStringView>
 
-class QEventLoop;
-
 namespace kelvado {
+
+class FetchWait;
 
 /// An address as the request needs it.
 struct SplitAddress
@@ -24,7 +24,7 @@ struct SplitAddress
 SplitAddress SplitUrl(const QString& url);
 
 /// The target of the redirect that an answer asks for; "" without one. Its status is not looked at: a "Location: " that begins among the
-/// first 1199 characters decides, in the body too. Raises 5 where no end of line follows.
+/// first 1199 characters decides, in the body too. Raises `kErrInvalidCall` where no end of line follows.
 QString RedirectTarget(QStringView answer);
 
 /// Fetches pages over a socket, in HTTP/1.0, where the end of the connection is the end of the answer.
@@ -49,9 +49,9 @@ public:
     /// Fetches `Url`, follows redirects and returns the last answer whole. Events are served meanwhile.
     /// A failed connection is told in a message. The wait then ends with what has arrived, or, as the limits say, goes on until the time
     /// is up. What goes beyond a limit is told and ends in the same way.
-    /// Raises 5 for a redirect without an end of line, 32755 where the program ends meanwhile.
+    /// Raises `kErrInvalidCall` for a redirect without an end of line, `kErrCancelled` where the program ends meanwhile.
     QString GetData();
-    /// Ends the `GetData` that waits: it raises 32755.
+    /// Ends the `GetData` that waits: it raises `kErrCancelled`.
     void Abort();
 
 Q_SIGNALS:
@@ -67,7 +67,7 @@ private:
     SplitAddress m_address;
     quint16 m_port = 80;
     bool m_busy = false;
-    QEventLoop* m_loop = nullptr; ///< of the `GetData` that waits
+    FetchWait* m_wait = nullptr; ///< of the `GetData` that waits
 };
 
 } // namespace kelvado
