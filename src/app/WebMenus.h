@@ -17,8 +17,6 @@
 #include <memory>
 #include <optional>
 
-class QLabel;
-
 namespace kelvado {
 
 class Form2;
@@ -40,7 +38,6 @@ public:
         Menus& menus;
         Shell& shell;
         CatalogTreeView& tree;
-        const QLabel& idLabel;
         const Skinner& skinner;
         GrabSelectRow& sources;
         ScrollingImage& host;
@@ -58,6 +55,8 @@ public:
 private:
     void Connect(const char* entry, std::function<void()> handler);
     void ShowSource(const QString& mode);
+    /// The number of the selected film; "" where the selected node is none.
+    QString SelectedFilm() const;
     void OnUpdateMovieInfo();
     void OnMovieRetrieve();
     void OnImport();

@@ -17,6 +17,8 @@ public:
     /// the result is then what has arrived. For the empty address nothing happens, and the answer before it is returned again.
     /// Raises `kErrInvalidCall` for a redirect that has no end of line.
     virtual QString Get_HTML(const QString& url) = 0;
+    /// Whether a message told of the last `Get_HTML` that it failed.
+    virtual bool FailureTold() const = 0;
 
     /// The body of a page, whatever its status says; "" where the page could not be fetched to its end, which is the only sign of it.
     virtual QString GetUrl(const QString& url) = 0;

@@ -1,21 +1,44 @@
 #include "web/retrieval/FilmDesk.h"
 
+#include "core/Afterwards.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 
 namespace kelvado {
 
-using namespace Qt::StringLiterals;
-
-bool TakeTurn(const FetchTurn& turn, Dialogs& dialogs)
+std::optional<FetchTurn> TakeTurn(FilmDesk& desk)
 {
-    if (!turn)
-        dialogs.MessageBox(u"Another search or retrieval is still under way."_s, kBoxInformation);
-    return static_cast<bool>(turn);
+    if (!desk.fetching)
+        return std::optional<FetchTurn>(std::in_place, desk.fetching, true);
+    desk.dialogs.MessageBox(u"Another search or retrieval is still under way."_s, kBoxInformation);
+    return std::nullopt;
 }
 
-Retrieval MakeRetrieval(FilmDesk& desk)
+void RunJob(FilmDesk& desk, const std::function<void()>& work)
 {
-    return {desk.transport, ReadWebHosts(SettingsFile()), SettingsFile(), TempFolder(), desk.batch, desk.progress};
+    desk.shell.EnableMainWindow(false);
+    Afterwards(
+        [&] {
+            desk.progress.Open();
+            work();
+        },
+        [&] {
+            desk.progress.Close();
+            desk.shell.EnableMainWindow(true);
+        });
+}
+
+void CancelJob(FilmDesk& desk)
+{
+    desk.job.RetrievalCancelled = true;
+    desk.transport.Abort();
+}
+
+void EndJob(FilmDesk& desk)
+{
+    desk.job.ProgramEnds = true;
+    desk.progress.Close();
+    CancelJob(desk);
 }
 
 WriterContext MakeWriter(FilmDesk& desk)

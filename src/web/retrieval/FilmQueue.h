@@ -39,8 +39,8 @@ void ApplyDefaults(const FilmDefaults& defaults, FilmRecord& film);
 /// The formats that films of the catalog have, in order of the alphabet.
 QStringList FormatsInUse(const QString& catalogPath);
 
-/// How a run of films went.
-struct BatchResult
+/// How a job of films went.
+struct JobResult
 {
     struct Failure
     {
@@ -53,38 +53,31 @@ struct BatchResult
     QList<Failure> Incomplete; ///< films that are, without some of their lists
     bool Cancelled = false;
 };
+/// Tells how many films were added and which were not. Nothing where a cancel came before the first one.
+void TellResult(const JobResult& result, Dialogs& dialogs);
 
-/// How the films of a queue are added.
-struct QueueRun
+/// What is done with each film of a queue before it is stored.
+struct QueueChoices
 {
     const QStringList& otherTitles; ///< by the rows' `AkaRow`
     ChooseTitle chooseTitle;        ///< empty: films keep the title of their page
     std::optional<FilmDefaults> defaults;
 };
 
-/// For its lifetime films are being added: the main window is disabled, progress and busy picture are shown.
-class FilmRun
-{
-public:
-    explicit FilmRun(FilmDesk& desk);
-    ~FilmRun();
-    Q_DISABLE_COPY_MOVE(FilmRun)
-
-private:
-    Shell& m_shell;
-    RetrievalRun m_shown;
-};
-
-/// Retrieves and adds the films of `queue` in order, within a `FilmRun`. A film that fails is noted and the next one is tried; a cancel
-/// ends the run. Only rows whose film is in the catalog then leave the queue.
-/// Raises 32755 where the program ends meanwhile.
-BatchResult AddQueue(QList<SearchRow>& queue, const QueueRun& run, FilmDesk& desk);
+/// Retrieves and adds the films of `queue` in order, within a `RunJob`, shows them in the tree and tells how it went. First it asks once
+/// about those whose number the catalog has already; what is then left out, and what is stored, leaves the queue. A film that fails is
+/// noted and the next one is tried; a cancel ends the job.
+/// Returns nothing where no film was tried. `log` is called with the result before it is told.
+/// Raises `kErrCancelled` where the program ends meanwhile.
+std::optional<JobResult> AddQueue(QList<SearchRow>& queue, const QueueChoices& choices, FilmDesk& desk,
+                                  const std::function<void(const JobResult&)>& log = {});
 
 /// The same for bare numbers, with a pause of three seconds behind every film, the last one too. A cancel ends the pause.
-BatchResult AddNumbers(QStringList& numbers, FilmDesk& desk);
+std::optional<JobResult> AddNumbers(QStringList& numbers, FilmDesk& desk);
 
-/// Tells how many films were added and which were not. Nothing where a cancel came before the first one.
-void TellResult(const BatchResult& result, Dialogs& dialogs);
+/// Asks whether the film of `row` is to be stored over the film `movieId` although the catalog has it as another one; true where it has
+/// not.
+bool MayStoreOver(const SearchRow& row, const QString& movieId, FilmDesk& desk);
 
 /// Retrieves the film of `row` and stores it over the film `movieId`, with the title that the user chooses where `choose` is set; as
 /// `RetrieveOver`.

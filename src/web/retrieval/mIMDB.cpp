@@ -1,8 +1,11 @@
 #include "web/retrieval/mIMDB.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
+#include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
+#include "core/WebHosts.h"
 #include "web/readers/WebText.h"
 #include "web/readers/mIMDBAmazon.h"
 #include "web/readers/mIMDBCompaniesParse.h"
@@ -13,21 +16,9 @@
 
 namespace kelvado {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int kStageCount = 7;
-
-QString FetchPage(QLatin1StringView page, const QString& number, const Retrieval& retrieval)
-{
-    return retrieval.transport.GetUrl("http://"_L1 + retrieval.hosts.ImdbMainHost + page + number);
-}
-
-void ShowStage(int step, const QString& text, const Retrieval& retrieval)
-{
-    ShowRetrievalStage(text, step, kStageCount, retrieval);
-}
 
 void ReadTitlePage(const QString& page, const TitleInfo& title, const WebHosts& hosts, FilmRecord& film)
 {
@@ -53,128 +44,142 @@ QString StoredNumber(const QString& movieId, const QString& catalogPath)
     return FieldString(u"IMDB"_s, film);
 }
 
-} // namespace
-
-RetrievalRun::RetrievalRun(Shell& shell, RetrievalProgress& progress) : m_shell(shell), m_progress(progress)
+// One film on its way through its pages.
+class Retrieval
 {
-    m_shell.EnableMainWindow(false);
-    try {
-        m_progress.Open();
-    } catch (...) {
-        m_shell.EnableMainWindow(true);
-        throw;
-    }
-}
+public:
+    Retrieval(const QString& number, FilmDesk& desk) : m_number(number), m_desk(desk), m_hosts(ReadWebHosts(SettingsFile())) {}
 
-RetrievalRun::~RetrievalRun()
+    std::optional<FilmRecord> Run();
+
+private:
+    // A cancel during a fetch ends it; one behind it is seen here.
+    bool IsCancelled() const { return m_desk.job.RetrievalCancelled; }
+    QString Page(QLatin1StringView page) const { return m_desk.transport.GetUrl("http://"_L1 + m_hosts.ImdbMainHost + page + m_number); }
+    void ShowStage(int step, const QString& text) const { ShowRetrievalStage(text, step, kStageCount, m_desk); }
+
+    QString m_number;
+    FilmDesk& m_desk;
+    WebHosts m_hosts;
+};
+
+std::optional<FilmRecord> Retrieval::Run()
 {
-    m_progress.Close();
-    m_shell.EnableMainWindow(true);
-}
-
-std::optional<FilmRecord> RetrieveFilm(const QString& number, const Retrieval& retrieval)
-{
-    const bool& cancelled = retrieval.batch.RetrievalCancelled;
-    retrieval.batch.RetrievalCancelled = false;
-
-    const QString titlePage = FlattenPage(FetchPage("/Title?"_L1, number, retrieval));
-    if (cancelled)
+    const QString titlePage = FlattenPage(Page("/Title?"_L1));
+    if (IsCancelled())
         return std::nullopt;
     const TitleInfo title = ParseTitleBlock(titlePage);
-    retrieval.progress.ShowFilm(DecodeEntities(title.RawTitle));
+    m_desk.progress.ShowFilm(DecodeEntities(title.RawTitle));
 
-    ShowStage(1, u"Retrieving IMDb Title Page"_s, retrieval);
+    ShowStage(1, u"Retrieving IMDb Title Page"_s);
     FilmRecord film;
     film.Plot = ParsePlotOutline(titlePage);
 
-    ShowStage(2, u"Parsing IMDb Title Page"_s, retrieval);
-    if (cancelled)
-        return std::nullopt;
-    ReadTitlePage(titlePage, title, retrieval.hosts, film);
+    ShowStage(2, u"Parsing IMDb Title Page"_s);
+    ReadTitlePage(titlePage, title, m_hosts, film);
 
-    ShowStage(3, u"Locating High Resolution Imagery"_s, retrieval);
-    if (ReadProfileValue(u"Options"_s, u"GetHighResImage"_s, retrieval.settingsFile) != "0"_L1) {
+    ShowStage(3, u"Locating High Resolution Imagery"_s);
+    if (ReadProfileValue(u"Options"_s, u"GetHighResImage"_s, SettingsFile()) != "0"_L1)
         film.HiResImageURL =
-            GetHiResImage(film.Title, titlePage, retrieval.hosts, [&](const QString& url) { return retrieval.transport.Get_HTML(url); });
-    }
-    if (cancelled)
+            GetHiResImage(film.Title, titlePage, m_hosts, [&](const QString& url) { return m_desk.transport.Get_HTML(url); });
+    if (IsCancelled())
         return std::nullopt;
 
     const QString picture = film.HiResImageURL.isEmpty() ? film.ImageURL : film.HiResImageURL;
     if (!picture.isEmpty()) {
-        ShowStage(4, u"Downloading Image"_s, retrieval);
-        const FetchedPicture fetched = FetchPicture(picture, retrieval.tempFolder + "/tmp.img"_L1, retrieval.transport);
+        ShowStage(4, u"Downloading Image"_s);
+        const FetchedPicture fetched = FetchPicture(picture, TempFolder() + "/tmp.img"_L1, m_desk.transport);
         film.ImageData = fetched.data;
         film.ImageExtention = fetched.kind;
     }
+    if (IsCancelled())
+        return std::nullopt;
 
-    ShowStage(5, u"Retrieving IMDb Plot Page"_s, retrieval);
-    const QString plot = ParsePlotPage(FetchPage("/Plot?"_L1, number, retrieval));
+    ShowStage(5, u"Retrieving IMDb Plot Page"_s);
+    const QString plot = ParsePlotPage(Page("/Plot?"_L1));
     if (plot.size() > film.Plot.size())
         film.Plot = plot;
-    if (cancelled)
+    if (IsCancelled())
         return std::nullopt;
 
-    ShowStage(6, u"Retrieving IMDb Companies Page"_s, retrieval);
-    film.Companies = ParseCompanies(FlattenPage(FetchPage("/Companies?"_L1, number, retrieval)));
-    if (cancelled)
+    ShowStage(6, u"Retrieving IMDb Companies Page"_s);
+    film.Companies = ParseCompanies(FlattenPage(Page("/Companies?"_L1)));
+    if (IsCancelled())
         return std::nullopt;
 
-    ShowStage(7, u"Retrieving IMDb Credits Page"_s, retrieval);
-    const QString credits = FlattenPage(FetchPage("/Credits?"_L1, number, retrieval));
+    ShowStage(7, u"Retrieving IMDb Credits Page"_s);
+    const QString credits = FlattenPage(Page("/Credits?"_L1));
     film.Actors = ParseActors(credits).value_or(QList<FilmPerson>());
     film.Directors = ParseDirectors(credits).value_or(QList<FilmPerson>());
     film.Producers = ParseProducers(credits).value_or(QList<FilmPerson>());
     film.Writers = ParseWriters(credits).value_or(QList<FilmPerson>());
-    if (cancelled)
+    if (IsCancelled())
         return std::nullopt;
     return film;
 }
 
-void ShowRetrievalStage(const QString& text, int step, int stepCount, const Retrieval& retrieval)
+} // namespace
+
+std::optional<FilmRecord> RetrieveFilm(const QString& number, FilmDesk& desk)
 {
-    const RetrievalBatch& batch = retrieval.batch;
-    if (batch.FilmCount == 0 || stepCount == 0)
-        throw RuntimeError(kErrDivisionByZero);
-    const double share = 1.0 / batch.FilmCount;
-    const double percent = 100 * ((static_cast<double>(step) / stepCount) * share + share * (batch.CurrentFilm - 1));
-    retrieval.progress.ShowStage(u"%1 / %2"_s.arg(batch.CurrentFilm).arg(batch.FilmCount), text, static_cast<int>(RoundHalfEven(percent)));
+    desk.job.RetrievalCancelled = false;
+    try {
+        return Retrieval(number, desk).Run();
+    } catch (const RuntimeError& error) {
+        // A fetch that was cancelled raises as one does that the end of the program has left.
+        const bool byUser = error.Number() == kErrCancelled && desk.job.RetrievalCancelled && !desk.job.ProgramEnds;
+        if (!byUser)
+            throw;
+        return std::nullopt;
+    }
 }
 
-bool AskCancelRetrieval(RetrievalBatch& batch, Dialogs& dialogs)
+void ShowRetrievalStage(const QString& text, int step, int stepCount, FilmDesk& desk)
 {
-    if (dialogs.MessageBox(u"Are you sure you wish to cancel IMDb retrieval?"_s, kBoxYesNo) != kAnswerYes)
+    const FilmJob& job = desk.job;
+    if (job.FilmCount == 0 || stepCount == 0)
+        throw RuntimeError(kErrDivisionByZero);
+    const double share = 1.0 / job.FilmCount;
+    const double percent = 100 * ((static_cast<double>(step) / stepCount) * share + share * (job.CurrentFilm - 1));
+    desk.progress.ShowStage(u"%1 / %2"_s.arg(job.CurrentFilm).arg(job.FilmCount), text, static_cast<int>(RoundHalfEven(percent)));
+}
+
+bool AskCancelRetrieval(FilmDesk& desk)
+{
+    if (desk.dialogs.MessageBox(u"Are you sure you wish to cancel IMDb retrieval?"_s, kBoxYesNo) != kAnswerYes)
         return false;
-    batch.RetrievalCancelled = true;
+    CancelJob(desk);
     return true;
 }
 
 bool RetrieveOver(const std::function<QString()>& numberOf, const QString& movieId, const std::function<void(FilmRecord&)>& prepare,
-                  const Retrieval& retrieval, const cOptIMDbFilm& options, const WriterContext& writer, Shell& shell)
+                  FilmDesk& desk)
 {
+    bool stored = false;
     try {
-        retrieval.batch.CurrentFilm = 1;
-        retrieval.batch.FilmCount = 1;
-        const RetrievalRun run(shell, retrieval.progress);
-        std::optional<FilmRecord> film = RetrieveFilm(numberOf(), retrieval);
-        if (!film)
-            return false;
-        if (prepare)
-            prepare(*film);
-        UpdateFilm(*film, movieId, options, writer, shell);
+        desk.job.CurrentFilm = 1;
+        desk.job.FilmCount = 1;
+        RunJob(desk, [&] {
+            std::optional<FilmRecord> film = RetrieveFilm(numberOf(), desk);
+            if (!film)
+                return;
+            if (prepare)
+                prepare(*film);
+            UpdateFilm(*film, movieId, desk.state.gOptions->IMDbFilmUpdate, MakeWriter(desk), desk.shell);
+            stored = true;
+        });
     } catch (const IncompleteFilm&) {
-        shell.ShowSelection();
+        desk.shell.ShowSelection();
         throw;
     }
-    shell.ShowSelection();
-    return true;
+    if (stored)
+        desk.shell.ShowSelection();
+    return stored;
 }
 
-void UpdateMovieInfo(const QString& movieId, const Retrieval& retrieval, const cOptIMDbFilm& options, const WriterContext& writer,
-                     Shell& shell)
+void UpdateMovieInfo(const QString& movieId, FilmDesk& desk)
 {
-    const auto storedNumber = [&] { return StoredNumber(movieId, writer.catalogPath); };
-    RetrieveOver(storedNumber, movieId, {}, retrieval, options, writer, shell);
+    RetrieveOver([&] { return StoredNumber(movieId, desk.state.CatalogPath()); }, movieId, {}, desk);
 }
 
 } // namespace kelvado

@@ -1,14 +1,12 @@
 #include "web/search/IMDBSearch.h"
 
+#include "core/Afterwards.h"
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "web/readers/WebText.h"
 #include "web/readers/mIMDBTitleParse.h"
 
-#include <QScopeGuard>
-
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,6 +25,40 @@ void AddTitlePage(const PageText& page, QStringView text, QList<SearchRow>& lstS
 {
     const QString title = page.Cut(page.FindBehind(u"<title>"), page.Find(u"</title>"));
     lstSearch.append({.Text = RowText(title, ParseTitleNumber(text))});
+}
+
+void ReadSearchPage(QString& page, QList<SearchRow>& lstSearch, QStringList& lstAka, Dialogs& dialogs)
+{
+    if (HasNoMatches(page)) {
+        dialogs.MessageBox(u"Sorry There Were No Matches Found"_s, kBoxPlain);
+        return;
+    }
+    const PageText text(page);
+    if (IsTitlePage(page)) {
+        AddTitlePage(text, page, lstSearch);
+        return;
+    }
+
+    Place cursor = 1;
+    for (int row = 0; row < kMostRows; ++row) {
+        const Place link = text.Find(u"<a href=\"/title/tt", cursor);
+        if (link == kNowhere)
+            return;
+        const Place number = text.FindBehind(u"<a href=\"/title/tt", link);
+        const QString digits = text.CutShort(number, text.Find(u"</a><", link), kNumberDigits);
+        const Place start = text.FindBehind(u"\">", link);
+        cursor = text.Find(u"</li>", start);
+        const QString hit = text.Cut(start, cursor);
+        const QString akaTitles = hit.contains(kAka) ? CollectAkaTitles(hit, 0) : QString();
+
+        QString title = hit.left(hit.indexOf("<br>"_L1));
+        lstSearch.append({.Text = RowText(title.remove("</a>"_L1), digits)});
+        if (!akaTitles.isEmpty()) {
+            lstSearch.last().AkaRow = lstAka.size();
+            lstAka.append(akaTitles);
+        }
+    }
+    page.clear();
 }
 
 } // namespace
@@ -73,37 +105,7 @@ QString CollectAkaTitles(QStringView text, qsizetype start)
 void ParseSearchPage(QString& page, QList<SearchRow>& lstSearch, QStringList& lstAka, Shell& shell, Dialogs& dialogs)
 {
     shell.ShowWorking(true);
-    const auto idle = qScopeGuard([&shell] { shell.ShowWorking(false); });
-    if (HasNoMatches(page)) {
-        dialogs.MessageBox(u"Sorry There Were No Matches Found"_s, kBoxPlain);
-        return;
-    }
-    const PageText text(page);
-    if (IsTitlePage(page)) {
-        AddTitlePage(text, page, lstSearch);
-        return;
-    }
-
-    Place cursor = 1;
-    for (int row = 0; row < kMostRows; ++row) {
-        const Place link = text.Find(u"<a href=\"/title/tt", cursor);
-        if (link == kNowhere)
-            return;
-        const Place number = text.FindBehind(u"<a href=\"/title/tt", link);
-        const QString digits = text.CutShort(number, text.Find(u"</a><", link), kNumberDigits);
-        const Place start = text.FindBehind(u"\">", link);
-        cursor = text.Find(u"</li>", start);
-        const QString hit = text.Cut(start, cursor);
-        const QString akaTitles = hit.contains(kAka) ? CollectAkaTitles(hit, 0) : QString();
-
-        QString title = hit.left(hit.indexOf("<br>"_L1));
-        lstSearch.append({.Text = RowText(title.remove("</a>"_L1), digits)});
-        if (!akaTitles.isEmpty()) {
-            lstSearch.last().AkaRow = lstAka.size();
-            lstAka.append(akaTitles);
-        }
-    }
-    page.clear();
+    Afterwards([&] { ReadSearchPage(page, lstSearch, lstAka, dialogs); }, [&] { shell.ShowWorking(false); });
 }
 
 } // namespace kelvado

@@ -15,11 +15,13 @@ public:
     TitleSearch(FilmDesk& desk, std::function<void()> onChange);
 
     /// Replaces the rows by what the site finds for `title`. Does nothing while a search runs.
-    /// A page that is not built as expected raises 5; the rows before the fault stay.
+    /// A page that is not built as expected raises `kErrInvalidCall`; the rows before the fault stay.
     void Search(const QString& title);
     /// Replaces the rows by the one film of this number. Says so where `number` is not seven digits, and where the site has no such film.
     /// A page without any title locks the search, until `Unlock` or the next look-up.
     void LookUp(const QString& number);
+    /// Ends a search that waits for its page; it raises `kErrCancelled` and finds nothing.
+    void Stop();
 
     /// True while a search waits for its page, and where one was locked.
     bool SearchRunning() const { return m_running; }
@@ -36,8 +38,10 @@ public:
     const QStringList& OtherTitles() const { return m_otherTitles; }
 
 private:
-    class Running;
+    /// Runs a search, where it is this panel's turn; `work` returns false where it locks.
+    void Run(const std::function<bool()>& work);
     QString Fetch(const QString& url);
+    bool FindNumber(const QString& number);
 
     FilmDesk& m_desk;
     std::function<void()> m_onChange;

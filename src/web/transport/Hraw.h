@@ -16,6 +16,7 @@ public:
     Hraw(const NetworkLimits& limits, Dialogs& dialogs);
 
     QString Get_HTML(const QString& url) override;
+    bool FailureTold() const override { return m_http.FailureTold(); }
     QString GetUrl(const QString& url) override;
     QByteArray OpenURL(const QString& url) override;
     void Abort() override;

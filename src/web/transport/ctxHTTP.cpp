@@ -72,6 +72,7 @@ void ctxHTTP::SetUrl(const QString& url)
 
 QString ctxHTTP::GetData()
 {
+    m_failureTold = false;
     FetchWait wait(m_limits);
     const QScopedValueRollback waiting(m_wait, &wait);
     const QScopedValueRollback busy(m_busy, true);
@@ -113,13 +114,14 @@ void ctxHTTP::Abort()
         m_wait->Abort();
 }
 
-void ctxHTTP::TellFailure(int number, const QString& description) const
+void ctxHTTP::TellFailure(int number, const QString& description)
 {
     constexpr quint32 kCodeOfControls = 0x800A0000;
     const auto code = static_cast<qint32>(kCodeOfControls | static_cast<quint32>(number));
     const QString text = "Kelvado encontured the following error while attempting \r\nto reach: "_L1 + m_url + "ErrNumber: "_L1 +
                          QString::number(number) + "\r\nDescription "_L1 + description + "\r\nScode : "_L1 + QString::number(code) +
                          "\r\nSource : WS_HTTP"_L1;
+    m_failureTold = true;
     m_dialogs.MessageBox(text, kBoxPlain);
 }
 

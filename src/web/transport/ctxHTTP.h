@@ -45,6 +45,8 @@ public:
     const QString& Url() const { return m_url; }
     void SetUrl(const QString& url);
     bool Busy() const { return m_busy; }
+    /// Whether a message told of the last fetch that it failed.
+    bool FailureTold() const { return m_failureTold; }
 
     /// Fetches `Url`, follows redirects and returns the last answer whole. Events are served meanwhile.
     /// A failed connection is told in a message. The wait then ends with what has arrived, or, as the limits say, goes on until the time
@@ -59,7 +61,7 @@ Q_SIGNALS:
     void Completed(const QString& answer);
 
 private:
-    void TellFailure(int number, const QString& description) const;
+    void TellFailure(int number, const QString& description);
 
     NetworkLimits m_limits;
     Dialogs& m_dialogs;
@@ -67,6 +69,7 @@ private:
     SplitAddress m_address;
     quint16 m_port = 80;
     bool m_busy = false;
+    bool m_failureTold = false;
     FetchWait* m_wait = nullptr; ///< of the `GetData` that waits
 };
 
