@@ -12,7 +12,7 @@ frmAkaSet::frmAkaSet(const QStringList& titles, Dialogs& dialogs, QWidget* paren
     m_ui->setupUi(this);
     m_ui->lstAkaSel->addItems(titles);
     // With the focus, a list marks its first row, which then looks selected and is not.
-    m_ui->lstAkaSel->setCurrentItem(nullptr);
+    m_ui->lstAkaSel->setCurrentIndex({});
     connect(m_ui->lstAkaSel, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
     connect(m_ui->cmdOkay, &QPushButton::clicked, this, [this] { Guarded(m_dialogs, [this] { OnOkay(); }); });
 }

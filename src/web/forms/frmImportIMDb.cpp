@@ -88,6 +88,7 @@ void frmImportIMDb::AddAll()
 void frmImportIMDb::ShowNumbers(const QStringList& numbers)
 {
     m_numbers.setStringList(numbers);
+    m_ui->List1->setCurrentIndex({}); // else the focus marks the first row, which looks selected and is not
     m_ui->Command2->setEnabled(!numbers.isEmpty());
     m_ui->lblCount->setText(numbers.isEmpty() ? QString() : numbers.size() == 1 ? tr("1 film") : tr("%1 films").arg(numbers.size()));
 }
