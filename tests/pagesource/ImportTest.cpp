@@ -124,8 +124,8 @@ TEST_F(Import, LeavesTheOldDataWhereItCannotEnd)
         const char* message;
     };
     const Case cases[] = {
-        {whole.substr(0, whole.size() / 2), "title.akas.tsv.gz"}, // cut
-        {whole.substr(0, whole.size() - 4), "is cut"},            // its last bytes are missing
+        {whole.substr(0, whole.size() / 2), "title.akas.tsv.gz"},       // cut
+        {whole.substr(0, whole.size() - 4), "is cut behind line 5000"}, // its last bytes are missing
         {damaged, "title.akas.tsv.gz"},
         {"", "is empty"},
         {"titleId\tordering\ttitle\n", "has no column \"region\""},
@@ -141,6 +141,21 @@ TEST_F(Import, LeavesTheOldDataWhereItCannotEnd)
         EXPECT_EQ(ReadBytes(target), before);
         EXPECT_FALSE(std::filesystem::exists(target + ".partial"));
     }
+}
+
+TEST_F(Import, LeavesTheFileOfAnotherOneToTheSameTargetAlone)
+{
+    folder.Write("title.basics.tsv", kTitles);
+    folder.Write("data.db.partial", "what an import that was killed has left");
+    {
+        FilmWriter other(target);
+        EXPECT_THROW(Run(), Failure);
+        other.AddFilm(FullFilm(77, "Other", 1990));
+        other.Finish([](const char*) {});
+    }
+    EXPECT_TRUE(FilmStore(target).FindFilm(77));
+    EXPECT_EQ(Run().films, 3);
+    EXPECT_FALSE(FilmStore(target).FindFilm(77));
 }
 
 TEST_F(Import, NeedsTheTitles)

@@ -5,6 +5,7 @@
 
 #include <arpa/inet.h>
 #include <chrono>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -106,13 +107,15 @@ TEST_F(Serving, TakesAllBehindTheFirstMarkForTheQuery)
 TEST_F(Serving, ClosesAtOnceWhateverIsAsked)
 {
     std::vector<int> idle;
-    for (int i = 0; i < 12; ++i)
+    for (int i = 0; i < 40; ++i) // more than there are threads
         idle.push_back(Connect(port));
     const std::pair<std::string, const char*> requests[] = {
         {"GET /Title?0017136 HTTP/1.1\r\nHost: x\r\nConnection: keep-alive\r\n\r\n", "HTTP/1.1 200 "},
         {"GET /Title?1 HTTP/1.0\r\nConnection: Keep-Alive\r\n\r\n", "HTTP/1.1 404 "},
         {"GET /a?b HTTP/9.9\r\n\r\n", "HTTP/1.1 400 "},
         {"nonsense\r\n\r\n", "HTTP/1.1 400 "},
+        {"GET /images/goldstar.gif HTTP/1.1\r\nHost: x\r\nRange: bytes=0-2\r\n\r\n", "HTTP/1.1 206 "},
+        {"GET /images/goldstar.gif HTTP/1.1\r\nHost: x\r\nRange: bytes=999999-\r\n\r\n", "HTTP/1.1 416 "},
         {"GET /?" + std::string(9000, '?') + " HTTP/1.0\r\n\r\n", "HTTP/1.1 414 "},
     };
     for (const auto& [request, answer] : requests) {
@@ -134,6 +137,11 @@ TEST(Server, StoppedBeforeItRunsDoesNotRun)
     server.Stop();
     server.Run(site);
     server.Stop();
+}
+
+TEST(Program, AnswersTheCallForHelp)
+{
+    EXPECT_EQ(std::system((std::string(PAGESOURCE_FOLDER) + "/kelvado-pagesource serve --help > /dev/null").c_str()), 0);
 }
 
 // The program itself: serves the delivered data on a free port, names it, and ends at a signal.
