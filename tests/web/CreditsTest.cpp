@@ -6,8 +6,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 // "Name|link|third field" of each person; "none" for no list at all.
 QStringList Lines(const std::optional<QList<FilmPerson>>& people, QString FilmPerson::*third = &FilmPerson::Extended)
 {

@@ -6,8 +6,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 QString Product(const QString& link, const QString& title)
 {
     return "<td width=100% valign=top><b><a href="_L1 + link + u'>' + title + "<font>"_L1;

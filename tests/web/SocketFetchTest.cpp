@@ -10,7 +10,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
 using Then = LoopbackServer::Then;
 
 constexpr NetworkLimits kShort{.ErrorEndsWait = true, .TimeoutMilliseconds = 20'000, .MaxRedirects = 3};

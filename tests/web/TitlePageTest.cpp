@@ -8,8 +8,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 QString TitlePage()
 {
     return FlattenPage(FetchedPage("title"));
