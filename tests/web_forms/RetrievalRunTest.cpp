@@ -169,21 +169,24 @@ TEST_F(RetrievalWindow, AFilmWithoutANumberIsFoundAndUpdated)
     EXPECT_EQ(site.Paths().value(0).left(21), "/Tsearch?title=Brazil");
     EXPECT_FALSE(window->isEnabled());
     QWidget& panel = Get("frmAddSingleIMDb");
-    EXPECT_TRUE(panel.isVisible());
     auto& rows = *panel.findChild<QTreeWidget*>(u"lstSearch"_s);
     EXPECT_EQ(rows.topLevelItemCount(), 3);
-
     QTest::keyClick(&rows, Qt::Key_Escape);
     EXPECT_FALSE(panel.isVisible());
     EXPECT_TRUE(window->isEnabled());
     EXPECT_EQ(window->focusWidget(), &Tree());
-    EXPECT_EQ(catalog.Ask("SELECT Title FROM Movie WHERE Movie_ID = 2"), u"Brazil"_s);
 
+    catalog.Run("UPDATE Movie SET IMDB = '0912346' WHERE Movie_ID = 3");
     Entry("mnuMovieRetrieve").trigger();
     panel.findChild<QCheckBox*>(u"ChkAKA"_s)->setChecked(false);
     QTest::keyClick(&rows, Qt::Key_Down);
-    onRequest = [&](const QByteArray&) { EXPECT_FALSE(panel.isVisible()); };
     QTest::keyClick(&rows, Qt::Key_Return);
+    EXPECT_TRUE(panel.isVisible()) << "the film is in the catalog as another one, and No was answered";
+    EXPECT_EQ(TakeMessages().find("52 : The catalog has this film already:"), 0U);
+    onRequest = [&](const QByteArray&) { EXPECT_FALSE(panel.isVisible()); };
+    dialogs.answers << kAnswerYes;
+    QTest::keyClick(&rows, Qt::Key_Return);
+    TakeMessages();
     EXPECT_TRUE(window->isEnabled());
     EXPECT_EQ(catalog.Ask("SELECT Title || ' ' || IMDB || ' ' || Format FROM Movie WHERE Movie_ID = 2"),
               u"Another Affair (1990) 0912346 VHS"_s);
