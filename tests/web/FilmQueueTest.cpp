@@ -137,6 +137,21 @@ TEST_F(AddingFilms, AFilmThatFailsIsNamedAndTheOthersAreAdded)
     EXPECT_FALSE(desk.fetching);
 }
 
+TEST_F(AddingFilms, ATreeThatCannotBeFilledHidesNoResult)
+{
+    struct : RecordingShell
+    {
+        void RefreshCatalogTree() override { throw RuntimeError(kErrDatabase, u"no tree"_s); }
+    } failing;
+    FilmDesk other{state, failing, dialogs, events, transport, progress, {}, false};
+    QStringList numbers{u"0000001"_s};
+    EXPECT_EQ(AddNumbers(numbers, other)->Added, 1);
+    ASSERT_EQ(dialogs.boxes.size(), 2);
+    EXPECT_TRUE(dialogs.boxes[0].text.endsWith(u"no tree"_s));
+    EXPECT_EQ(dialogs.boxes[1].text, u"Successfully Added 1 Films"_s);
+    EXPECT_EQ(failing.calls.constLast(), u"EnableMainWindow 1"_s);
+}
+
 TEST_F(AddingFilms, ACancelTellsHowManyCameBefore)
 {
     const auto cancelAt = [&](const QString& number) {
