@@ -13,6 +13,8 @@ inline constexpr int kBoxYesNoCritical = 20;
 inline constexpr int kBoxExclamation = 48;
 inline constexpr int kBoxYesNoExclamation = 52;
 inline constexpr int kBoxInformation = 64;
+/// Added to a box with Yes and No: No is the button that Enter presses.
+inline constexpr int kBoxDefaultNo = 256;
 
 inline constexpr int kAnswerOk = 1;
 inline constexpr int kAnswerCancel = 2;
