@@ -338,11 +338,6 @@ private:
 
 Tree::Tree(const Context& context) : m_context(context) {}
 
-void Tree::Connect(Connection& connection) const
-{
-    connection.Open(ConnectionString(m_context.state.CatalogPath()));
-}
-
 bool Tree::GroupsExpanded() const
 {
     return m_context.marks.IsChecked(u"mnuSortPrimExpanded"_s, -1);
@@ -352,8 +347,7 @@ void Tree::FillTree()
 {
     QString duplicate;
     {
-        Connection connection;
-        Connect(connection);
+        Connection connection = Connect();
         Filling filling(*this);
         m_context.state.treeCatalog = m_context.state.CatalogPath();
         filling.ReadGroups(connection);
@@ -432,8 +426,7 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
               id;
     }
 
-    Connection connection;
-    Connect(connection);
+    Connection connection = Connect();
     Recordset actors;
     actors.Open(sql, connection);
     m_context.events.ServeWithoutInput();
@@ -469,8 +462,7 @@ QStringList Tree::FilmNodeKeys(const QString& filmId) const
                                             "GenreLink.Genre_ID = Genre.Genre_ID WHERE Movie.Movie_ID = "_s +
                                             filmId
                                       : columns + u"Movie WHERE Movie_ID = "_s + filmId;
-    Connection connection;
-    Connect(connection);
+    Connection connection = Connect();
     Recordset film;
     film.Open(sql, connection);
     QStringList keys;

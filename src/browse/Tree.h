@@ -58,7 +58,7 @@ private:
     class Filling;
     std::vector<TreeActor> ReadCast(const QModelIndex& node);
     const cOptView& View() const { return m_context.state.gOptions->View; }
-    void Connect(Connection& connection) const;
+    Connection Connect() const { return OpenCatalog(m_context.state.CatalogPath()); }
 
     Context m_context;
     bool m_expanding = false;

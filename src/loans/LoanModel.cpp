@@ -43,8 +43,7 @@ struct LoanList
 
 LoanList ReadLoans(const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset loans;
     loans.Open(kLoansOfFilms, connection);
     const int idColumn = loans.ColumnIndex(u"Loan_ID");

@@ -24,10 +24,6 @@ constexpr int kBusyMilliseconds = 5000;
 // More texts than this are those of a long walk with a query for each row, and keeping them helps nobody.
 constexpr std::size_t kKeptStatements = 64;
 
-const QString kProvider = u"Provider=Microsoft.Jet.OLEDB.4.0;"_s;
-const QString kDataSource = u"Data Source="_s;
-const QString kSecurity = u";Persist Security Info=False"_s;
-
 // The columns that hold numbers in the form of a text, and those that may: they compare as numbers in every catalog, also in one
 // whose tables were made by hand.
 const QSet<QString>& NumberColumns()
@@ -36,26 +32,7 @@ const QSet<QString>& NumberColumns()
     return columns;
 }
 
-QString PathOfConnectionString(const QString& text)
-{
-    const qsizetype start = text.indexOf(kDataSource, 0, Qt::CaseInsensitive);
-    if (start < 0)
-        return {};
-    QString path = text.mid(start + kDataSource.size());
-    const qsizetype end = path.lastIndexOf(kSecurity, -1, Qt::CaseInsensitive);
-    if (end >= 0)
-        path.truncate(end);
-    if (path.endsWith(u';') && !QFile::exists(path))
-        path.chop(1);
-    return path;
-}
-
 } // namespace
-
-QString ConnectionString(const QString& path)
-{
-    return kProvider + kDataSource + path + kSecurity;
-}
 
 ConnectionImpl::ConnectionImpl(const QString& path) : m_path(path)
 {
@@ -323,10 +300,11 @@ void Connection::CloseQuietly() noexcept
     }
 }
 
-void Connection::Open(const QString& connectionString)
+Connection OpenCatalog(const QString& path)
 {
-    Close();
-    m_impl = std::make_shared<ConnectionImpl>(PathOfConnectionString(connectionString));
+    Connection connection;
+    connection.m_impl = std::make_shared<ConnectionImpl>(path);
+    return connection;
 }
 
 bool Connection::IsOpen() const

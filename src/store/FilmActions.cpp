@@ -17,8 +17,7 @@ void DeleteRows(Connection& connection, const QString& sql)
 
 void SetColumn(const QString& sql, QStringView column, const Value& value, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset film;
     film.Open(sql, connection);
     if (film.Eof())
@@ -33,8 +32,7 @@ void SetColumn(const QString& sql, QStringView column, const Value& value, const
 
 void DeleteFilm(const QString& movieId, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     DeleteRows(connection, u"SELECT * FROM GenreLink WHERE Movie_ID  = "_s + movieId);
     DeleteRows(connection, u"SELECT * FROM ActorLink WHERE Movie_ID = "_s + movieId);
     DeleteRows(connection, u"SELECT * FROM DirectorLink WHERE Movie_ID = "_s + movieId);
@@ -70,8 +68,7 @@ void AddToMovieNight(const QString& movieId, const QString& catalogPath)
 
 void ClearMovieNight(const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset films;
     for (films.Open(u"SELECT * FROM Movie WHERE MovieNight = 1"_s, connection); !films.Eof(); films.MoveNext()) {
         films[u"MovieNight"].Set(0);

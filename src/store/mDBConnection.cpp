@@ -83,8 +83,7 @@ std::optional<IncompleteFilm> StoreLinksAndClose(const FilmRecord& film, const V
 
 qint64 AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const WriterContext& context)
 {
-    Connection connection;
-    connection.Open(ConnectionString(context.catalogPath));
+    Connection connection = OpenCatalog(context.catalogPath);
     Recordset movie;
     movie.Open(u"SELECT * FROM Movie"_s, connection);
     movie.AddNew();
@@ -103,8 +102,7 @@ qint64 AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const Writer
 
 void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFilm& options, const WriterContext& context, Shell& shell)
 {
-    Connection connection;
-    connection.Open(ConnectionString(context.catalogPath));
+    Connection connection = OpenCatalog(context.catalogPath);
     Recordset movie;
     movie.Open(kFilmById + movieId, connection);
     movie[u"Title"].Set(film.Title);
@@ -124,8 +122,7 @@ void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFi
 
 void SaveFilmEdit(const FilmRecord& film, qint64 movieId, const WriterContext& context)
 {
-    Connection connection;
-    connection.Open(ConnectionString(context.catalogPath));
+    Connection connection = OpenCatalog(context.catalogPath);
     Recordset movie;
     movie.Open(kFilmById + QString::number(movieId), connection);
     if (movie.Eof())
@@ -139,8 +136,7 @@ void SaveFilmEdit(const FilmRecord& film, qint64 movieId, const WriterContext& c
 
 FilmRecord ReadFilm(qint64 movieId, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset movie;
     movie.Open(kFilmById + QString::number(movieId), connection);
     if (movie.Eof())

@@ -149,8 +149,7 @@ void ApplyDefaults(const FilmDefaults& defaults, FilmRecord& film)
 
 QStringList FormatsInUse(const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset formats;
     formats.Open(u"SELECT DISTINCT Format FROM Movie WHERE Format <> '' ORDER BY Format"_s, connection);
     QStringList texts;

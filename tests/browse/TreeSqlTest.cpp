@@ -44,8 +44,7 @@ class TreeSqlTest : public TreeFixture
 protected:
     qint64 Rows(const QString& sql) const
     {
-        Connection connection;
-        connection.Open(ConnectionString(catalog.Path()));
+        Connection connection = OpenCatalog(catalog.Path());
         Recordset rows;
         rows.Open(sql, connection);
         return rows.RecordCount();

@@ -30,7 +30,7 @@ protected:
     RecordsetTest()
     {
         catalog.Run("INSERT INTO Writer (Writer, IMDB_LINK) VALUES ('a', 'x'), ('b', NULL), ('c', 'z'), ('d', 'z')");
-        connection.Open(ConnectionString(catalog.Path()));
+        connection = OpenCatalog(catalog.Path());
     }
 
     TempCatalog catalog;
@@ -150,7 +150,7 @@ TEST_F(RecordsetTest, KeysAreGivenAtOnceAndNeverComeBack)
     connection.Execute(u"DELETE * FROM Writer"_s);
     connection.Close();
 
-    connection.Open(ConnectionString(catalog.Path()));
+    connection = OpenCatalog(catalog.Path());
     rows.Open(u"SELECT * FROM Writer"_s, connection);
     rows.AddNew();
     EXPECT_EQ(rows[u"Writer_ID"].Get(), Value(8));
@@ -160,12 +160,12 @@ TEST_F(RecordsetTest, KeysAreGivenAtOnceAndNeverComeBack)
     EXPECT_EQ(rows[u"Loan_ID"].Get(), Value(1));
     rows.Close();
     connection.Close();
-    connection.Open(ConnectionString(catalog.Path()));
+    connection = OpenCatalog(catalog.Path());
     rows.Open(u"SELECT * FROM Loans"_s, connection);
     rows.AddNew();
     EXPECT_EQ(rows[u"Loan_ID"].Get(), Value(2));
     connection.Close(); // under the new row
-    connection.Open(ConnectionString(catalog.Path()));
+    connection = OpenCatalog(catalog.Path());
     rows.Open(u"SELECT * FROM Loans"_s, connection);
     rows.AddNew();
     EXPECT_EQ(rows[u"Loan_ID"].Get(), Value(3));
@@ -181,7 +181,7 @@ TEST_F(RecordsetTest, ALostUpdateIsReportedAndChangesNothing)
         const int number = ErrorOf([&] { rows.Update(); });
         rows.Close();
         connection.Close();
-        connection.Open(ConnectionString(catalog.Path()));
+        connection = OpenCatalog(catalog.Path());
         return number;
     };
     EXPECT_EQ(change("UPDATE Writer SET Writer = 'b', IMDB_LINK = NULL WHERE Writer_ID = 2"), 0); // written, but not changed
