@@ -1,4 +1,4 @@
-#include "core/CatalogFile.h"
+#include "store/CatalogFile.h"
 
 #include "core/Literals.h"
 #include "core/Paths.h"
