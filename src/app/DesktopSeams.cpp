@@ -78,6 +78,8 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
         return kAnswerOk;
     }
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    if ((type & kBoxDefaultNo) != 0)
+        box.setDefaultButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes ? kAnswerYes : kAnswerNo;
 }
 

@@ -4,9 +4,9 @@
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
-#include "core/SafeFile.h"
+#include "store/CatalogCopy.h"
 
-#include <QFile>
+#include <QDir>
 #include <QFileInfo>
 
 namespace kelvado {
@@ -16,43 +16,53 @@ namespace {
 const QString kFilter = u"Kelvado Catolog (*.kvd)| *.kvd"_s;
 const QString kGoOn = u"File already exists, are you sure you wish to continue?"_s;
 
-// A copy that fails ends its routine without a message; the target is then as it was.
-bool CopyQuietly(const QString& source, const QString& target)
+// A name that no file has, beside `neighbour`: "films copy.kvd", "films copy 2.kvd".
+QString FreshName(const QString& neighbour, const QString& name)
 {
-    try {
-        CopyFileWhole(source, target);
-        // What a crash may have left of the file that stood there must not be played back into the new one.
-        QFile::remove(target + u"-journal"_s);
-        return true;
-    } catch (const RuntimeError&) {
-        return false;
-    }
+    const QString folder = neighbour.isEmpty() ? QDir::homePath() : QFileInfo(neighbour).absolutePath();
+    QString path;
+    for (int number = 1; path.isEmpty() || QFileInfo::exists(path); ++number)
+        path = folder + u'/' + name + (number == 1 ? QString() : u" %1"_s.arg(number)) + u".kvd"_s;
+    return path;
 }
 
 } // namespace
 
 CatalogFile::CatalogFile(AppState& state, Dialogs& dialogs, Shell& shell) : m_state(state), m_dialogs(dialogs), m_shell(shell) {}
 
-bool CatalogFile::ChooseFile(void (Dialogs::*show)(FileDialog&))
+bool CatalogFile::ChooseFile(void (Dialogs::*show)(FileDialog&), const QString& proposal)
 {
-    m_state.comDiagFile.filter = kFilter;
+    FileDialog dialog{proposal, kFilter};
     try {
-        (m_dialogs.*show)(m_state.comDiagFile);
-        return true;
+        (m_dialogs.*show)(dialog);
     } catch (const RuntimeError&) {
         return false;
+    }
+    m_state.comDiagFile = dialog;
+    return true;
+}
+
+// The chosen path is the open catalog's from then on, whatever the answer.
+bool CatalogFile::MayReplace(const QString& title)
+{
+    return !QFileInfo::exists(m_state.CatalogPath()) || m_dialogs.ConfirmLoss(kGoOn, kBoxYesNoCritical, title);
+}
+
+void CatalogFile::CopyToChosen(const QString& source)
+{
+    try {
+        CopyCatalog(source, m_state.CatalogPath());
+    } catch (const RuntimeError&) {
+        m_state.comDiagFile.fileName = m_state.treeCatalog;
+        throw;
     }
 }
 
 void CatalogFile::New()
 {
-    if (!ChooseFile(&Dialogs::ShowSave))
+    if (!ChooseFile(&Dialogs::ShowSave, FreshName(m_state.CatalogPath(), u"New Catalog"_s)) || !MayReplace(u"New File Confirmation"_s))
         return;
-    const QString target = m_state.CatalogPath();
-    if (QFileInfo::exists(target) && m_dialogs.MessageBox(kGoOn, kBoxYesNoCritical, u"New File Confirmation"_s) != kAnswerYes)
-        return;
-    if (!CopyQuietly(FindFileCaseBlind(AppPath(), u"keldb.dat"_s), target))
-        return;
+    CopyToChosen(FindFileCaseBlind(AppPath(), u"keldb.dat"_s));
     m_state.CatalogOpen = true;
     m_shell.ApplyMenuRules();
     m_shell.RefreshCatalogTree();
@@ -60,7 +70,7 @@ void CatalogFile::New()
 
 void CatalogFile::Open()
 {
-    if (!ChooseFile(&Dialogs::ShowOpen))
+    if (!ChooseFile(&Dialogs::ShowOpen, m_state.CatalogPath()))
         return;
     // The tree comes first: a file that is no catalog fails there, and is then not counted as open.
     m_shell.RefreshCatalogTree();
@@ -76,13 +86,11 @@ void CatalogFile::SaveAs()
                              u"Kelvado Save As Error"_s);
         return;
     }
-    if (!ChooseFile(&Dialogs::ShowSave))
+    const QString proposal = FreshName(source, QFileInfo(source).completeBaseName() + u" copy"_s);
+    if (!ChooseFile(&Dialogs::ShowSave, proposal) || !MayReplace(u"Kelvado Save As Confirmation"_s))
         return;
-    const QString target = m_state.CatalogPath();
-    if (QFileInfo::exists(target) && m_dialogs.MessageBox(kGoOn, kBoxYesNoCritical, u"Kelvado Save As Confirmation"_s) != kAnswerYes)
-        return;
-    if (CopyQuietly(source, target))
-        m_shell.RefreshCatalogTree();
+    CopyToChosen(source);
+    m_shell.RefreshCatalogTree();
 }
 
 void CatalogFile::SetDefault()

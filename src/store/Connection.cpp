@@ -20,7 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kBusyMilliseconds = 5000;
 // More texts than this are those of a long walk with a query for each row, and keeping them helps nobody.
 constexpr std::size_t kKeptStatements = 64;
 
@@ -34,12 +33,12 @@ const QSet<QString>& NumberColumns()
 
 } // namespace
 
-ConnectionImpl::ConnectionImpl(const QString& path) : m_path(path)
+ConnectionImpl::ConnectionImpl(const QString& path) : m_path(path), m_wait(path)
 {
     // The engine takes an empty name, and some that begin with a colon, for a data base that is no file.
     const QByteArray name = (path.startsWith(u'/') ? path : QDir::currentPath() + u'/' + path).toUtf8();
     const int opened = sqlite3_open_v2(name.constData(), &m_database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    const bool ready = opened == SQLITE_OK && sqlite3_busy_timeout(m_database, kBusyMilliseconds) == SQLITE_OK &&
+    const bool ready = opened == SQLITE_OK && m_wait.Install(m_database) == SQLITE_OK &&
                        sqlite3_db_config(m_database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr) == SQLITE_OK &&
                        // A catalog can come from anybody: nothing that stands in its schema is run with the program's functions.
                        sqlite3_db_config(m_database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr) == SQLITE_OK &&
@@ -78,6 +77,7 @@ void ConnectionImpl::Close()
     m_statements.clear();
     sqlite3_close_v2(m_database);
     m_database = nullptr;
+    m_wait.Finish();
     if (failure)
         std::rethrow_exception(failure);
 }

@@ -2,6 +2,7 @@
 
 #include "store/ColumnType.h"
 #include "store/JetSql.h"
+#include "store/LockWait.h"
 #include "store/Statement.h"
 
 #include <QList>
@@ -91,6 +92,7 @@ private:
 
     QString m_path;
     sqlite3* m_database = nullptr;
+    LockWait m_wait;
     bool m_writing = false;
     std::vector<ConnectionClient*> m_clients;
     std::unordered_map<QString, std::unique_ptr<Query>> m_queries;

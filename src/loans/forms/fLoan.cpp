@@ -187,7 +187,7 @@ void fLoan::Delete()
 {
     const qint64 loanId = SelectedLoan();
     const QString question = u"Are you sure you with to permanetly remove this loan ?"_s;
-    if (m_context.dialogs.MessageBox(question, kBoxYesNoExclamation) != kAnswerYes)
+    if (!m_context.dialogs.ConfirmLoss(question, kBoxYesNoExclamation, {}))
         return;
     Delete_Loan(loanId, m_context.state.CatalogPath());
     Loans_Refresh();
