@@ -1,5 +1,6 @@
 #include "browse/Tree.h"
 
+#include "core/Finally.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
@@ -161,16 +162,11 @@ QString BuildLevelSql(const QString& primary, int level, const cOptView& view, c
     return WithLinkedGenres(sql, p == kByGenre);
 }
 
-/// One build of the tree: reads both levels into a content of its own and hands it to the model, also where it was cut short.
+/// One build of the tree: reads both levels into a content of its own.
 class Tree::Filling
 {
 public:
     explicit Filling(Tree& tree) : m_tree(tree), m_primary(tree.View().PrimarySort) {}
-    ~Filling()
-    {
-        m_tree.m_context.model.SetContent(std::move(m_content));
-        m_tree.m_context.shell.ShowProgress(0);
-    }
     Filling(const Filling&) = delete;
     Filling& operator=(const Filling&) = delete;
 
@@ -219,6 +215,9 @@ public:
         if (m_primary == kByGenre)
             DropSecondLinks();
     }
+
+    /// What was read, also where that was cut short.
+    TreeContent TakeContent() { return std::move(m_content); }
 
 private:
     bool Pump(int& records, int every)
@@ -305,7 +304,7 @@ private:
     // A film that stands twice under one group keeps its first node.
     void DropSecondLinks()
     {
-        std::vector<std::pair<qint64, int>> places; // film id and place in the list
+        std::vector<std::pair<FilmId, int>> places; // film id and place in the list
         std::vector<bool> isSecond(m_content.films.size());
         bool any = false;
         for (const TreeGroup& group : m_content.groups) {
@@ -358,14 +357,19 @@ bool Tree::GroupsExpanded() const
 
 void Tree::FillTree()
 {
-    {
-        Connection connection = Connect();
-        Filling filling(*this);
-        m_context.state.treeCatalog = m_context.state.CatalogPath();
-        filling.ReadGroups(connection);
-        filling.ReadFilms(connection);
-        connection.Close();
-    }
+    Connection connection = Connect();
+    Filling filling(*this);
+    m_context.state.treeCatalog = m_context.state.CatalogPath();
+    Finally(
+        [&] {
+            filling.ReadGroups(connection);
+            filling.ReadFilms(connection);
+            connection.Close();
+        },
+        [&] {
+            m_context.model.SetContent(filling.TakeContent());
+            m_context.shell.ShowProgress(0);
+        });
     m_context.shell.UpdateStatus(true);
 }
 
@@ -373,17 +377,16 @@ void Tree::ExpandFilmNode(const QModelIndex& node)
 {
     if (m_context.model.Tag(node) != kTagFilm)
         return;
-    const struct Running
-    {
-        Tree& tree;
-        explicit Running(Tree& t) : tree(t) { tree.m_expanding = true; }
-        ~Running()
-        {
-            tree.m_expanding = false;
-            tree.m_context.shell.ShowProgress(0);
-        }
-    } running(*this);
+    m_expanding = true;
+    Finally([&] { FillCast(node); },
+            [&] {
+                m_expanding = false;
+                m_context.shell.ShowProgress(0);
+            });
+}
 
+void Tree::FillCast(const QModelIndex& node)
+{
     const QPersistentModelIndex film = node;
     m_context.model.SetCast(film, {});
     std::vector<TreeActor> cast = ReadCast(film);
@@ -398,7 +401,7 @@ void Tree::ExpandFilmNode(const QModelIndex& node)
     m_context.model.SetCast(film, cast);
     const bool underLoans = View().PrimarySort == kByLocation && m_context.model.Key(film.parent()) == GroupKey(kOnLoan);
     if (underLoans && anyCast)
-        throw RuntimeError::WithDetail(kErrElementNotFound, FilmKey(KeyPart(m_context.model.Key(film), 0).toLongLong(), kOnLoan));
+        throw RuntimeError::WithDetail(kErrElementNotFound, FilmKey(FilmOfKey(m_context.model.Key(film)), kOnLoan));
 }
 
 std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
@@ -456,7 +459,7 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
     return cast;
 }
 
-QStringList Tree::FilmNodeKeys(const QString& filmId) const
+QStringList Tree::FilmNodeKeys(FilmId movieId) const
 {
     const QString& p = View().PrimarySort;
     const QString columns = u"SELECT "_s + p + u" , Movie.Format, Movie.Loan_ID, Movie.Movie_ID FROM "_s;
@@ -464,8 +467,8 @@ QStringList Tree::FilmNodeKeys(const QString& filmId) const
     const QString sql = p == kByGenre ? columns +
                                             u"(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
                                             "GenreLink.Genre_ID = Genre.Genre_ID WHERE Movie.Movie_ID = "_s +
-                                            filmId
-                                      : columns + u"Movie WHERE Movie_ID = "_s + filmId;
+                                            QString::number(movieId)
+                                      : columns + u"Movie WHERE Movie_ID = "_s + QString::number(movieId);
     Connection connection = Connect();
     Recordset film;
     film.Open(sql, connection);
