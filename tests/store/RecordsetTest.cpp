@@ -1,5 +1,5 @@
 #include "store/Recordset.h"
-#include "core/RuntimeError.h"
+#include "support/ErrorOf.h"
 #include "support/TempCatalog.h"
 
 #include <QElapsedTimer>
@@ -11,18 +11,6 @@ namespace kelvado {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-// The number of the run-time error that `action` raises, 0 for none.
-template<typename Action>
-int ErrorOf(Action action)
-{
-    try {
-        action();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-}
 
 class RecordsetTest : public ::testing::Test
 {
@@ -55,7 +43,13 @@ TEST_F(RecordsetTest, WalksAndCounts)
     EXPECT_EQ(ErrorOf([&] { rows.Text(1); }), kErrNoCurrentRecord);
     rows.MoveFirst();
     EXPECT_EQ(rows.Text(1), u"d"_s);
-    EXPECT_EQ(ErrorOf([&] { (void)rows[u"Title"]; }), kErrItemNotFound);
+    try {
+        (void)rows.ColumnIndex(u"Title");
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), kErrItemNotFound);
+        EXPECT_TRUE(error.Description().endsWith(u": Title")) << qPrintable(error.Description());
+    }
     EXPECT_EQ(ErrorOf([&] { (void)rows[3]; }), kErrItemNotFound);
     rows.Close();
     EXPECT_EQ(ErrorOf([&] { (void)rows.Eof(); }), kErrObjectNotSet);
