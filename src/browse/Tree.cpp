@@ -101,12 +101,16 @@ QString WithLinkedGenres(const QString& sql, bool hasGenres)
     }
     if (hasGenres && conditions.size() < 2)
         return sql;
-    QString linked = sql;
-    for (auto part = conditions.crbegin(); part != conditions.crend(); ++part)
-        linked.replace(part->capturedStart(), part->capturedLength(),
-                       u"Movie.Movie_ID IN (SELECT GenreLink.Movie_ID FROM GenreLink INNER JOIN Genre ON GenreLink.Genre_ID = "
-                       "Genre.Genre_ID WHERE Genre.Genre ="_s +
-                           part->captured(1) + u')');
+    QString linked;
+    qsizetype done = 0;
+    for (const QRegularExpressionMatch& part : conditions) {
+        linked += QStringView(sql).sliced(done, part.capturedStart() - done);
+        linked += u"Movie.Movie_ID IN (SELECT GenreLink.Movie_ID FROM GenreLink INNER JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID "
+                  "WHERE Genre.Genre ="_s +
+                  part.captured(1) + u')';
+        done = part.capturedEnd();
+    }
+    linked += QStringView(sql).sliced(done);
     return linked;
 }
 
