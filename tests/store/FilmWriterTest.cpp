@@ -288,6 +288,8 @@ TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
     catalog.Run("CREATE TRIGGER u BEFORE INSERT ON Movie BEGIN SELECT raise(ABORT, 'x'); END");
     film.Resolution.clear();
     EXPECT_THROW(AddFilm(film, all, context), RuntimeError);
+    catalog.Run("CREATE TRIGGER v BEFORE UPDATE ON Movie BEGIN SELECT raise(ABORT, 'x'); END");
+    EXPECT_THROW(UpdateFilm(film, 1, all, context, shell), RuntimeError);
     EXPECT_EQ(catalog.Ask("SELECT (SELECT count(*) FROM Movie) || (SELECT count(*) FROM Images)"), u"12"_s);
 }
 
