@@ -78,29 +78,29 @@ void WebMenus::EndRun()
     EndJob(m_desk);
 }
 
-QString WebMenus::SelectedFilm() const
+std::optional<FilmId> WebMenus::SelectedFilm() const
 {
     const std::optional<NodeRef> node = m_context.selectedNode();
-    return node && node->tag == kTagFilm ? KeyPart(node->key, 0) : QString();
+    return node && node->tag == kTagFilm ? std::optional(FilmOfKey(node->key)) : std::nullopt;
 }
 
 void WebMenus::OnUpdateMovieInfo()
 {
     if (!TreeIsCurrent(m_context.state, m_context.shell))
         return;
-    const QString film = SelectedFilm();
-    if (film.isEmpty())
+    const std::optional<FilmId> film = SelectedFilm();
+    if (!film)
         return;
     if (const std::optional<FetchTurn> turn = TakeTurn(m_desk))
-        UpdateMovieInfo(film, m_desk);
+        UpdateMovieInfo(*film, m_desk);
 }
 
 void WebMenus::OnMovieRetrieve()
 {
     if (!TreeIsCurrent(m_context.state, m_context.shell))
         return;
-    const QString film = SelectedFilm();
-    if (film.isEmpty() || !TakeTurn(m_desk))
+    const std::optional<FilmId> film = SelectedFilm();
+    if (!film || !TakeTurn(m_desk))
         return;
     if (!m_retrieveWindow) {
         m_retrieveWindow = new frmAddSingleIMDb(m_desk, m_context.skinner, &m_context.window);
@@ -108,7 +108,7 @@ void WebMenus::OnMovieRetrieve()
             Guarded(m_context.dialogs, [&] { ShowRowMenu("mnufrmAddSingle", "mnuViewOnIMDb", place, number); });
         });
     }
-    m_retrieveWindow->Open(m_context.tree.Selected().data().toString(), film);
+    m_retrieveWindow->Open(m_context.tree.Selected().data().toString(), *film);
 }
 
 void WebMenus::OnImport()

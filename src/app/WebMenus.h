@@ -55,8 +55,8 @@ public:
 private:
     void Connect(const char* entry, std::function<void()> handler);
     void ShowSource(const QString& mode);
-    /// The number of the selected film; "" where the selected node is none.
-    QString SelectedFilm() const;
+    /// The number of the selected film; nothing where the selected node is none.
+    std::optional<FilmId> SelectedFilm() const;
     void OnUpdateMovieInfo();
     void OnMovieRetrieve();
     void OnImport();

@@ -101,8 +101,8 @@ QModelIndex CatalogModel::Find(const QString& key) const
                 m_filmsById.insert(m_content.films[i].id, static_cast<int>(i));
         }
     }
-    const QString second = key.section(u'\n', 1).chopped(1);
-    const QList<int> films = m_filmsById.values(KeyPart(key, 0).toLongLong());
+    const QString second = ValueOfKey(key);
+    const QList<int> films = m_filmsById.values(FilmOfKey(key));
     for (const int film : films) {
         if (SameValue(m_content.films[static_cast<std::size_t>(film)].value, second))
             return IndexOfFilm(film);
@@ -189,6 +189,11 @@ QModelIndex CatalogModel::NodeAt(int place) const
         rest -= cast;
     }
     return {};
+}
+
+bool CatalogModel::IsWaiting(const QModelIndex& film) const
+{
+    return film.isValid() && KindOf(film) == Kind::Film && !m_casts.contains(NumberOf(film));
 }
 
 QModelIndex CatalogModel::Make(int row, Kind kind, int number) const
@@ -281,7 +286,7 @@ QString CatalogModel::KeyOf(const QModelIndex& index) const
         return {};
     case Kind::Actor: {
         const TreeActor& actor = m_casts.constFind(NumberOf(index))->at(static_cast<std::size_t>(index.row()));
-        const qint64 film = m_content.films[number].id;
+        const FilmId film = m_content.films[number].id;
         return actor.genre.isNull() ? FilmKey(film, QString::number(actor.id)) : ActorKeyInGenre(film, actor.id, actor.genre);
     }
     }

@@ -1,11 +1,13 @@
 #include "browse/Tree.h"
 
+#include "core/Finally.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -40,7 +42,7 @@ constexpr FormatPicture kFormatPictures[] = {
 };
 
 // The columns of the films' query, in their order.
-enum FilmColumn { kPrimaryColumn, kSecondaryColumn, kIdColumn, kTitleColumn, kFormatColumn, kLoanColumn };
+enum LevelColumn { kPrimaryColumn, kSecondaryColumn, kIdColumn, kTitleColumn, kFormatColumn, kLoanColumn };
 
 // The group of a title: the code of its first letter, 10 for a digit, 1 for anything else and for no title.
 int TitleGroup(const QString& title)
@@ -86,9 +88,30 @@ QString FilmValue(const QString& primary, const QString& value, const QString& f
     return value;
 }
 
-RuntimeError DuplicateKey(const QString& what)
+// Where the films' query lacks the genres, a condition on them means the films that are linked to such a genre. So do several conditions
+// where it has them, as each row has one genre.
+QString WithLinkedGenres(const QString& sql, bool hasGenres)
 {
-    return RuntimeError::WithDetail(kErrDuplicateKey, what);
+    // Texts in quotes are passed over.
+    static const QRegularExpression parts(uR"re(Genre\.Genre =("(?:[^"]|"")*")|"(?:[^"]|"")*")re"_s);
+    QList<QRegularExpressionMatch> conditions;
+    for (const QRegularExpressionMatch& part : parts.globalMatch(sql)) {
+        if (part.hasCaptured(1))
+            conditions << part;
+    }
+    if (hasGenres && conditions.size() < 2)
+        return sql;
+    QString linked;
+    qsizetype done = 0;
+    for (const QRegularExpressionMatch& part : conditions) {
+        linked += QStringView(sql).sliced(done, part.capturedStart() - done);
+        linked += u"Movie.Movie_ID IN (SELECT GenreLink.Movie_ID FROM GenreLink INNER JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID "
+                  "WHERE Genre.Genre ="_s +
+                  part.captured(1) + u')';
+        done = part.capturedEnd();
+    }
+    linked += QStringView(sql).sliced(done);
+    return linked;
 }
 
 } // namespace
@@ -135,24 +158,19 @@ QString BuildLevelSql(const QString& primary, int level, const cOptView& view, c
     else if (view.ViewMode == u"Loans")
         condition = u"Loan_ID <> 0"_s;
     else
-        return sql;
+        return WithLinkedGenres(sql, p == kByGenre);
     if (sql.contains(u"WHERE"))
         sql.replace(u"WHERE"_s, u"WHERE "_s + condition + u" AND"_s);
     else
         sql.replace(u"ORDER"_s, u"WHERE "_s + condition + u" ORDER"_s);
-    return sql;
+    return WithLinkedGenres(sql, p == kByGenre);
 }
 
-/// One build of the tree: reads both levels into a content of its own and hands it to the model, also where it was cut short.
+/// One build of the tree: reads both levels into a content of its own.
 class Tree::Filling
 {
 public:
     explicit Filling(Tree& tree) : m_tree(tree), m_primary(tree.View().PrimarySort) {}
-    ~Filling()
-    {
-        m_tree.m_context.model.SetContent(std::move(m_content));
-        m_tree.m_context.shell.ShowProgress(0);
-    }
     Filling(const Filling&) = delete;
     Filling& operator=(const Filling&) = delete;
 
@@ -202,8 +220,8 @@ public:
             DropSecondLinks();
     }
 
-    /// The first film that stood twice under one group; empty where there was none.
-    const QString& Duplicate() const { return m_duplicate; }
+    /// What was read, also where that was cut short.
+    TreeContent TakeContent() { return std::move(m_content); }
 
 private:
     bool Pump(int& records, int every)
@@ -229,7 +247,7 @@ private:
         film.title = films.Text(kTitleColumn);
         TakeFormat(films);
         film.image = m_lastImage;
-        const int group = PlaceOf(film, films);
+        const int group = HomeOf(film, films);
         film.title = Shown(film.title);
         m_content.AddFilm(std::move(film), group);
     }
@@ -248,16 +266,16 @@ private:
     }
 
     /// Gives the film the second part of its key, and returns its group.
-    int PlaceOf(TreeFilm& film, const Recordset& films)
+    int HomeOf(TreeFilm& film, const Recordset& films)
     {
         if (m_primary == kByTitle) {
-            Place& place = m_titlePlaces[static_cast<std::size_t>(TitleGroup(film.title))];
-            if (place.group < 0) {
-                place.value = QString::number(TitleGroup(film.title));
-                place.group = GroupOf(TitleGroupText(TitleGroup(film.title)));
+            Home& home = m_titleHomes[static_cast<std::size_t>(TitleGroup(film.title))];
+            if (home.group < 0) {
+                home.value = QString::number(TitleGroup(film.title));
+                home.group = GroupOf(TitleGroupText(TitleGroup(film.title)));
             }
-            film.value = place.value;
-            return place.group;
+            film.value = home.value;
+            return home.group;
         }
         if (m_primary == kByLocation) {
             film.value = FilmValue(m_primary, {}, QString::fromUtf8(m_lastFormat));
@@ -290,9 +308,9 @@ private:
     // A film that stands twice under one group keeps its first node.
     void DropSecondLinks()
     {
-        std::vector<std::pair<qint64, int>> places; // film id and place in the list
+        std::vector<std::pair<FilmId, int>> places; // film id and place in the list
         std::vector<bool> isSecond(m_content.films.size());
-        int first = -1;
+        bool any = false;
         for (const TreeGroup& group : m_content.groups) {
             places.clear();
             for (const int film : group.films)
@@ -302,12 +320,11 @@ private:
                 if (places[i].first != places[i - 1].first)
                     continue;
                 isSecond[static_cast<std::size_t>(places[i].second)] = true;
-                first = first < 0 ? places[i].second : std::min(first, places[i].second);
+                any = true;
             }
         }
-        if (first < 0)
+        if (!any)
             return;
-        m_duplicate = FilmKey(m_content.films[static_cast<std::size_t>(first)].id, m_content.films[static_cast<std::size_t>(first)].value);
         TreeContent kept;
         for (const TreeGroup& group : m_content.groups)
             kept.AddGroup(group.value, group.text, group.image);
@@ -318,7 +335,7 @@ private:
         m_content = std::move(kept);
     }
 
-    struct Place
+    struct Home
     {
         QString value; ///< the second part of the keys of its films
         int group = -1;
@@ -328,20 +345,14 @@ private:
     QString m_primary;
     TreeContent m_content;
     QHash<QString, int> m_groups;
-    QHash<QByteArray, Place> m_knownValues; ///< by a value as films carry it
-    std::array<Place, u'Z' + 1> m_titlePlaces;
+    QHash<QByteArray, Home> m_knownValues; ///< by a value as films carry it
+    std::array<Home, u'Z' + 1> m_titleHomes;
     qint64 m_expectedFilms = 0; ///< what the groups count together, filters aside
     QByteArray m_lastFormat;
     int m_lastImage = 0;
-    QString m_duplicate;
 };
 
 Tree::Tree(const Context& context) : m_context(context) {}
-
-void Tree::Connect(Connection& connection) const
-{
-    connection.Open(ConnectionString(m_context.state.CatalogPath()));
-}
 
 bool Tree::GroupsExpanded() const
 {
@@ -350,59 +361,51 @@ bool Tree::GroupsExpanded() const
 
 void Tree::FillTree()
 {
-    QString duplicate;
-    {
-        Connection connection;
-        Connect(connection);
-        Filling filling(*this);
-        m_context.state.treeCatalog = m_context.state.CatalogPath();
-        filling.ReadGroups(connection);
-        filling.ReadFilms(connection);
-        duplicate = filling.Duplicate();
-        connection.Close();
-    }
+    Connection connection = Connect();
+    Filling filling(*this);
+    m_context.state.treeCatalog = m_context.state.CatalogPath();
+    Finally(
+        [&] {
+            filling.ReadGroups(connection);
+            filling.ReadFilms(connection);
+            connection.Close();
+        },
+        [&] {
+            m_context.model.SetContent(filling.TakeContent());
+            m_context.shell.ShowProgress(0);
+        });
     m_context.shell.UpdateStatus(true);
-    if (!duplicate.isEmpty())
-        throw DuplicateKey(duplicate);
 }
 
 void Tree::ExpandFilmNode(const QModelIndex& node)
 {
     if (m_context.model.Tag(node) != kTagFilm)
         return;
-    const struct Running
-    {
-        Tree& tree;
-        explicit Running(Tree& t) : tree(t) { tree.m_expanding = true; }
-        ~Running()
-        {
-            tree.m_expanding = false;
-            tree.m_context.shell.ShowProgress(0);
-        }
-    } running(*this);
+    m_expanding = true;
+    Finally([&] { FillCast(node); },
+            [&] {
+                m_expanding = false;
+                m_context.shell.ShowProgress(0);
+            });
+}
 
+void Tree::FillCast(const QModelIndex& node)
+{
     const QPersistentModelIndex film = node;
     m_context.model.SetCast(film, {});
     std::vector<TreeActor> cast = ReadCast(film);
-    // An actor with two roles has one node; the second one's key is refused when the cast stands.
+    // An actor with two roles has one node.
     QSet<qint64> seen;
-    QString duplicate;
     std::erase_if(cast, [&](const TreeActor& actor) {
-        if (!seen.contains(actor.id)) {
-            seen.insert(actor.id);
-            return false;
-        }
-        if (duplicate.isEmpty())
-            duplicate = actor.name;
-        return true;
+        const qsizetype before = seen.size();
+        seen.insert(actor.id);
+        return seen.size() == before;
     });
     const bool anyCast = !cast.empty();
     m_context.model.SetCast(film, cast);
-    if (!duplicate.isEmpty())
-        throw DuplicateKey(duplicate);
     const bool underLoans = View().PrimarySort == kByLocation && m_context.model.Key(film.parent()) == GroupKey(kOnLoan);
     if (underLoans && anyCast)
-        throw RuntimeError::WithDetail(kErrElementNotFound, FilmKey(KeyPart(m_context.model.Key(film), 0).toLongLong(), kOnLoan));
+        throw RuntimeError::WithDetail(kErrElementNotFound, FilmKey(FilmOfKey(m_context.model.Key(film)), kOnLoan));
 }
 
 std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
@@ -413,8 +416,9 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
     const QString id = KeyPart(key, 0);
     QString genre;
     QString sql;
+    QList<Value> values;
     if (p == kByGenre) {
-        genre = KeyPart(key, 1);
+        genre = ValueOfKey(key);
         sql = u"SELECT "_s + p + u", "_s + s +
               u", Movie.Movie_ID, Genre.Genre, Actor.*, Movie.Loan_ID, Movie.Format"
               " FROM ((Movie INNER JOIN GenreLink ON Movie.Movie_ID = "
@@ -422,7 +426,8 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
               "Genre.Genre_ID) INNER JOIN (Actor INNER JOIN ActorLink ON "
               "Actor.Actor_ID = ActorLink.Actor_ID) ON Movie.Movie_ID = "
               "ActorLink.Movie_ID WHERE Movie.Movie_ID = "_s +
-              id + u"AND Genre.Genre = '"_s + genre + u'\'';
+              id + u"AND Genre.Genre = ?"_s;
+        values << Value(genre);
     } else {
         sql = u"SELECT "_s + p + u", "_s + s +
               u",Movie.Movie_ID, Movie.Title, Actor.*, Movie.Loan_ID, Movie.Format "
@@ -432,10 +437,9 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
               id;
     }
 
-    Connection connection;
-    Connect(connection);
+    Connection connection = Connect();
     Recordset actors;
-    actors.Open(sql, connection);
+    actors.Open(sql, values, connection);
     m_context.events.ServeWithoutInput();
     std::vector<TreeActor> cast;
     if (actors.Eof())
@@ -459,7 +463,7 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
     return cast;
 }
 
-QStringList Tree::FilmNodeKeys(const QString& filmId) const
+QStringList Tree::FilmNodeKeys(FilmId movieId) const
 {
     const QString& p = View().PrimarySort;
     const QString columns = u"SELECT "_s + p + u" , Movie.Format, Movie.Loan_ID, Movie.Movie_ID FROM "_s;
@@ -467,10 +471,9 @@ QStringList Tree::FilmNodeKeys(const QString& filmId) const
     const QString sql = p == kByGenre ? columns +
                                             u"(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
                                             "GenreLink.Genre_ID = Genre.Genre_ID WHERE Movie.Movie_ID = "_s +
-                                            filmId
-                                      : columns + u"Movie WHERE Movie_ID = "_s + filmId;
-    Connection connection;
-    Connect(connection);
+                                            QString::number(movieId)
+                                      : columns + u"Movie WHERE Movie_ID = "_s + QString::number(movieId);
+    Connection connection = Connect();
     Recordset film;
     film.Open(sql, connection);
     QStringList keys;

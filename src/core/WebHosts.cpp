@@ -24,9 +24,10 @@ constexpr std::pair<QLatin1StringView, QString WebHosts::*> kKeys[] = {
 
 WebHosts ReadWebHosts(const QString& settingsFile)
 {
+    const Profile settings(settingsFile);
     WebHosts hosts;
     for (const auto& [key, host] : kKeys) {
-        const QString value = ReadProfileValue(u"Hosts"_s, key, settingsFile);
+        const QString value = settings.Value(u"Hosts"_s, key);
         hosts.*host = value.isEmpty() ? QString(kPageSource) : value;
     }
     return hosts;

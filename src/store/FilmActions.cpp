@@ -17,8 +17,7 @@ void DeleteRows(Connection& connection, const QString& sql)
 
 void SetColumn(const QString& sql, QStringView column, const Value& value, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset film;
     film.Open(sql, connection);
     if (film.Eof())
@@ -29,18 +28,15 @@ void SetColumn(const QString& sql, QStringView column, const Value& value, const
     connection.Close();
 }
 
-} // namespace
-
-void DeleteFilm(const QString& movieId, const QString& catalogPath)
+void DeleteFilmRows(FilmId movieId, Connection& connection)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
-    DeleteRows(connection, u"SELECT * FROM GenreLink WHERE Movie_ID  = "_s + movieId);
-    DeleteRows(connection, u"SELECT * FROM ActorLink WHERE Movie_ID = "_s + movieId);
-    DeleteRows(connection, u"SELECT * FROM DirectorLink WHERE Movie_ID = "_s + movieId);
-    DeleteRows(connection, u"SELECT * FROM WriterLink WHERE Movie_ID = "_s + movieId);
+    const QString id = QString::number(movieId);
+    DeleteRows(connection, u"SELECT * FROM GenreLink WHERE Movie_ID  = "_s + id);
+    DeleteRows(connection, u"SELECT * FROM ActorLink WHERE Movie_ID = "_s + id);
+    DeleteRows(connection, u"SELECT * FROM DirectorLink WHERE Movie_ID = "_s + id);
+    DeleteRows(connection, u"SELECT * FROM WriterLink WHERE Movie_ID = "_s + id);
     Recordset film;
-    film.Open(u"SELECT * FROM Movie WHERE Movie_ID  = "_s + movieId, connection);
+    film.Open(u"SELECT * FROM Movie WHERE Movie_ID  = "_s + id, connection);
     if (film.Eof())
         throw RuntimeError(kErrNoCurrentRecord);
     const Value picture = film[u"Image_ID"].Get();
@@ -48,30 +44,41 @@ void DeleteFilm(const QString& movieId, const QString& catalogPath)
     film.Close();
     if (!picture.IsNull())
         DeleteRows(connection, u"SELECT * FROM Images WHERE Image_ID  = "_s + picture.Text());
-    DeleteRows(connection, u"SELECT ProducerLink.* FROM ProducerLink WHERE Movie_ID = "_s + movieId);
-    DeleteRows(connection, u"SELECT CompanyLink.* FROM CompanyLink WHERE Movie_ID = "_s + movieId);
-    connection.Close();
+    DeleteRows(connection, u"SELECT ProducerLink.* FROM ProducerLink WHERE Movie_ID = "_s + id);
+    DeleteRows(connection, u"SELECT CompanyLink.* FROM CompanyLink WHERE Movie_ID = "_s + id);
 }
 
-void MoveFilmToRequests(const QString& movieId, const QString& catalogPath)
+} // namespace
+
+void DeleteFilm(FilmId movieId, const QString& catalogPath)
 {
-    SetColumn(u"SELECT Movie.* FROM Movie WHERE Movie.Movie_ID  = "_s + movieId, u"Format", u"Request"_s, catalogPath);
+    Connection connection = OpenCatalog(catalogPath);
+    try {
+        connection.AllOrNothing([&] { DeleteFilmRows(movieId, connection); });
+        connection.Close();
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.Number(), error.Description() + u"\r\nThe film is still in the catalog, with all that belongs to it."_s);
+    }
 }
 
-void MoveFilmToMovies(const QString& movieId, const QString& catalogPath)
+void MoveFilmToRequests(FilmId movieId, const QString& catalogPath)
 {
-    SetColumn(u"SELECT * FROM Movie WHERE Movie_ID  = "_s + movieId, u"Format", Value(), catalogPath);
+    SetColumn(u"SELECT Movie.* FROM Movie WHERE Movie.Movie_ID  = "_s + QString::number(movieId), u"Format", u"Request"_s, catalogPath);
 }
 
-void AddToMovieNight(const QString& movieId, const QString& catalogPath)
+void MoveFilmToMovies(FilmId movieId, const QString& catalogPath)
 {
-    SetColumn(u"SELECT * FROM Movie WHERE Movie_ID = "_s + movieId, u"MovieNight", 1, catalogPath);
+    SetColumn(u"SELECT * FROM Movie WHERE Movie_ID  = "_s + QString::number(movieId), u"Format", Value(), catalogPath);
+}
+
+void AddToMovieNight(FilmId movieId, const QString& catalogPath)
+{
+    SetColumn(u"SELECT * FROM Movie WHERE Movie_ID = "_s + QString::number(movieId), u"MovieNight", 1, catalogPath);
 }
 
 void ClearMovieNight(const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset films;
     for (films.Open(u"SELECT * FROM Movie WHERE MovieNight = 1"_s, connection); !films.Eof(); films.MoveNext()) {
         films[u"MovieNight"].Set(0);

@@ -24,11 +24,11 @@ QString Cut(const QString& text, qsizetype size)
     return text.left(splitsOne ? size - 1 : size);
 }
 
-void PutColumns(std::span<const FilmColumn> columns, const FilmRecord& film, const cOptIMDbFilm& options, Recordset& movie,
+void PutColumns(std::span<const RecordColumn> columns, const FilmRecord& film, const cOptIMDbFilm& options, Recordset& movie,
                 const WriterContext& context)
 {
-    for (const FilmColumn& column : columns) {
-        if (column.gate && options.*column.gate <= 0)
+    for (const RecordColumn& column : columns) {
+        if (column.gate && !IsOn(options.*column.gate))
             continue;
         Value value = std::visit([&film](auto member) { return Value(film.*member); }, column.member);
         PutField(value, column.column, movie, context);
@@ -41,7 +41,7 @@ enum class LinkColumn { WhereKnown, Always };
 // picture options are off, so that the links then belong to no film.
 Value StorePicture(const FilmRecord& film, const cOptIMDbFilm& options, LinkColumn linkColumn, Recordset& movie, Connection& connection)
 {
-    if (options.Image <= 0 && options.HiImage <= 0)
+    if (!IsOn(options.Image) && !IsOn(options.HiImage))
         return {};
     if (!film.ImageExtention.isEmpty()) {
         Recordset images;
@@ -81,38 +81,44 @@ std::optional<IncompleteFilm> StoreLinksAndClose(const FilmRecord& film, const V
 
 } // namespace
 
-qint64 AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const WriterContext& context)
+FilmId AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const WriterContext& context)
 {
-    Connection connection;
-    connection.Open(ConnectionString(context.catalogPath));
-    Recordset movie;
-    movie.Open(u"SELECT * FROM Movie"_s, connection);
-    movie.AddNew();
-    movie[u"Title"].Set(film.Title);
-    PutColumns(kAddColumns, film, options, movie, context);
-    PutColumns(kPersonalColumns, film, options, movie, context);
-    PutColumns(kAddFileColumns, film, options, movie, context);
-    const Value linkId = StorePicture(film, options, LinkColumn::WhereKnown, movie, connection);
-    const qint64 movieId = movie[u"Movie_ID"].Get().Integer();
-    movie.Update();
-    movie.Close();
+    Connection connection = OpenCatalog(context.catalogPath);
+    Value linkId;
+    FilmId movieId = 0;
+    connection.AllOrNothing([&] {
+        Recordset movie;
+        movie.Open(u"SELECT * FROM Movie"_s, connection);
+        movie.AddNew();
+        movie[u"Title"].Set(film.Title);
+        PutColumns(kAddColumns, film, options, movie, context);
+        PutColumns(kOriginColumns, film, options, movie, context);
+        PutColumns(kPersonalColumns, film, options, movie, context);
+        PutColumns(kAddFileColumns, film, options, movie, context);
+        linkId = StorePicture(film, options, LinkColumn::WhereKnown, movie, connection);
+        movieId = movie[u"Movie_ID"].Get().Integer();
+        movie.Update();
+    });
     if (const auto failure = StoreLinksAndClose(film, linkId, LinkMode::Add, options, context, connection))
         throw *failure;
     return movieId;
 }
 
-void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFilm& options, const WriterContext& context, Shell& shell)
+void UpdateFilm(const FilmRecord& film, FilmId movieId, const cOptIMDbFilm& options, const WriterContext& context, Shell& shell)
 {
-    Connection connection;
-    connection.Open(ConnectionString(context.catalogPath));
+    Connection connection = OpenCatalog(context.catalogPath);
+    Value linkId;
+    FilmId storedId = 0;
     Recordset movie;
-    movie.Open(kFilmById + movieId, connection);
+    movie.Open(kFilmById + QString::number(movieId), connection);
     movie[u"Title"].Set(film.Title);
     PutColumns(kUpdateColumns, film, options, movie, context);
-    PutColumns(kPersonalColumns, film, options, movie, context);
-    const Value linkId = StorePicture(film, options, LinkColumn::Always, movie, connection);
-    const qint64 storedId = movie[u"Movie_ID"].Get().Integer();
-    movie.Update();
+    PutColumns(kOriginColumns, film, options, movie, context);
+    connection.AllOrNothing([&] {
+        linkId = StorePicture(film, options, LinkColumn::Always, movie, connection);
+        storedId = movie[u"Movie_ID"].Get().Integer();
+        movie.Update();
+    });
     movie.Close();
     const auto failure = StoreLinksAndClose(film, linkId, LinkMode::Update, options, context, connection);
     // The node is told last: its key is made from what the catalog then holds.
@@ -122,25 +128,24 @@ void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFi
         throw *failure;
 }
 
-void SaveFilmEdit(const FilmRecord& film, qint64 movieId, const WriterContext& context)
+void SaveFilmEdit(const FilmRecord& film, FilmId movieId, const WriterContext& context)
 {
-    Connection connection;
-    connection.Open(ConnectionString(context.catalogPath));
+    Connection connection = OpenCatalog(context.catalogPath);
     Recordset movie;
     movie.Open(kFilmById + QString::number(movieId), connection);
     if (movie.Eof())
         throw RuntimeError(kErrNoCurrentRecord);
     PutColumns(kEditColumns, film, {}, movie, context);
+    PutColumns(kOriginColumns, film, {}, movie, context);
     PutColumns(kPersonalColumns, film, {}, movie, context);
     movie.Update();
     movie.Close();
     connection.Close();
 }
 
-FilmRecord ReadFilm(qint64 movieId, const QString& catalogPath)
+FilmRecord ReadFilm(FilmId movieId, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset movie;
     movie.Open(kFilmById + QString::number(movieId), connection);
     if (movie.Eof())
@@ -157,10 +162,11 @@ FilmRecord ReadFilm(qint64 movieId, const QString& catalogPath)
         void operator()(bool FilmRecord::*member) const { film.*member = FieldNumber(column, movie) != 0; }
         void operator()(QDate FilmRecord::*) const {} // the day of the last viewing is written only
     };
-    for (const FilmColumn& column : kEditColumns)
-        std::visit(Reader{film, movie, column.column}, column.member);
-    for (const FilmColumn& column : kPersonalColumns)
-        std::visit(Reader{film, movie, column.column}, column.member);
+    for (const std::span<const RecordColumn> columns :
+         {std::span<const RecordColumn>(kEditColumns), {kOriginColumns}, {kPersonalColumns}}) {
+        for (const RecordColumn& column : columns)
+            std::visit(Reader{film, movie, column.column}, column.member);
+    }
     film.Image_ID = NumberText(FieldNumber(u"Image_ID"_s, movie));
     film.ImageBack_ID = NumberText(FieldNumber(u"ImageBack_ID"_s, movie));
     ReadFilmLinks(film, movieId, connection);

@@ -43,8 +43,7 @@ QString BehindThePoint(const QString& sort)
 
 void StatusTexts::Recount(const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     for (const Count& count : kCounts) {
         Recordset rows;
         rows.Open(QString::fromLatin1(count.sql), connection);
@@ -68,7 +67,7 @@ QStringList StatusTexts::Shown(const cOptStatus& options) const
 {
     QStringList shown;
     for (std::size_t cell = 0; cell < m_texts.size(); ++cell) {
-        if (options.*kOptions[cell] == 1)
+        if (IsOn(options.*kOptions[cell]))
             shown << m_texts[cell];
     }
     return shown;

@@ -1,4 +1,5 @@
 #include "core/RuntimeError.h"
+#include "store/LockWait.h"
 #include "store/Recordset.h"
 #include "support/TempCatalog.h"
 
@@ -17,8 +18,7 @@ using namespace Qt::StringLiterals;
 QString FailureOf(const QString& path, bool write = false)
 {
     try {
-        Connection connection;
-        connection.Open(ConnectionString(path));
+        Connection connection = OpenCatalog(path);
         Recordset films;
         films.Open(u"SELECT Title FROM Movie"_s, connection);
         if (write) {
@@ -44,29 +44,40 @@ void Write(const QString& path, const QByteArray& bytes)
     file.write(bytes);
 }
 
+QByteArray Read(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
 TEST(Connection, SaysWhatIsWrongWithAFile)
 {
     const TempCatalog catalog;
     catalog.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000) INSERT INTO Movie (Title) SELECT 'film ' "
                 "|| i FROM n");
     const QString folder = catalog.Folder() + u'/';
-    QFile whole(catalog.Path());
-    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    const QByteArray bytes = whole.readAll();
+    const QByteArray bytes = Read(catalog.Path());
     Write(folder + u"text.kvd"_s, QByteArray("This is no catalog.\n").repeated(100));
     Write(folder + u"empty.kvd"_s, {});
     Write(folder + u"cut.kvd"_s, bytes.left(bytes.size() / 3));
     ASSERT_TRUE(QDir(folder).mkdir(u"folder.kvd"_s));
+    OtherProgram(folder + u"other.db"_s).Run("CREATE TABLE Mail (Subject TEXT); INSERT INTO Mail VALUES ('x')");
+    const QByteArray other = Read(folder + u"other.db"_s);
 
     const std::pair<QString, QString> cases[] = {
-        {u"text.kvd"_s, u"file is not a database"_s},          {u"empty.kvd"_s, u"no such table: Movie"_s},
-        {u"cut.kvd"_s, u"database disk image is malformed"_s}, {u"folder.kvd"_s, u"unable to open database file"_s},
+        {u"text.kvd"_s, u"This file is no Kelvado catalog: file is not a database"_s},
+        {u"empty.kvd"_s, u"This file is no Kelvado catalog: no such table: Movie"_s},
+        {u"other.db"_s, u"This file is no Kelvado catalog: no such table: Movie"_s},
+        {u"cut.kvd"_s, u"database disk image is malformed"_s},
+        {u"folder.kvd"_s, u"unable to open database file"_s},
         {u"missing.kvd"_s, u"unable to open database file"_s},
     };
     for (const auto& [name, reason] : cases) {
         EXPECT_EQ(FailureOf(folder + name), reason + u" ("_s + folder + name + u')');
         EXPECT_NE(FailureOf(folder + name, true), QString()) << qPrintable(name);
     }
+    EXPECT_EQ(Read(folder + u"other.db"_s), other);
     EXPECT_EQ(FailureOf(QString()), u"unable to open database file ()"_s);
     EXPECT_EQ(FailureOf(u":memory:"_s), u"unable to open database file (:memory:)"_s);
     EXPECT_FALSE(QFile::exists(folder + u"missing.kvd"_s));
@@ -94,8 +105,7 @@ TEST(Connection, StoresWhatWasWrittenAlsoWhereTheOperationFails)
 {
     const TempCatalog catalog;
     try {
-        Connection connection;
-        connection.Open(ConnectionString(catalog.Path()));
+        Connection connection = OpenCatalog(catalog.Path());
         EXPECT_EQ(connection.Execute(u"DELETE * FROM Genre WHERE Genre_ID > 20"_s), 4);
         EXPECT_TRUE(QFile::exists(catalog.Path() + u"-journal"_s));
         connection.Execute(u"DELETE FROM Nothing"_s);
@@ -109,8 +119,7 @@ TEST(Connection, StoresWhatWasWrittenAlsoWhereTheOperationFails)
 TEST(Connection, AFullDiskIsReportedAndNothingHalfIsLeft)
 {
     const TempCatalog catalog;
-    Connection connection;
-    connection.Open(ConnectionString(catalog.Path()));
+    Connection connection = OpenCatalog(catalog.Path());
     connection.Execute(u"PRAGMA max_page_count = 60"_s);
     Recordset images;
     images.Open(u"SELECT * FROM Images"_s, connection);
@@ -136,14 +145,12 @@ TEST(Connection, AFullDiskIsReportedAndNothingHalfIsLeft)
     EXPECT_EQ(catalog.Ask("PRAGMA integrity_check"), u"ok"_s);
 }
 
-TEST(Connection, ClosesItsRecordsetsAndKnowsThePathInItsText)
+TEST(Connection, ClosesItsRecordsetsAndKnowsItsPath)
 {
     const TempCatalog catalog;
     const QString odd = catalog.Folder() + u"/a;b 'c' ä.kvd"_s;
     ASSERT_TRUE(QFile::copy(catalog.Path(), odd));
-    EXPECT_EQ(ConnectionString(odd), u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source="_s + odd + u";Persist Security Info=False"_s);
-    Connection connection;
-    connection.Open(ConnectionString(odd));
+    Connection connection = OpenCatalog(odd);
     EXPECT_EQ(connection.Path(), odd);
     Recordset genres;
     genres.Open(u"SELECT * FROM Genre"_s, connection);
@@ -155,38 +162,21 @@ TEST(Connection, ClosesItsRecordsetsAndKnowsThePathInItsText)
 
     // A recordset that outlives its connection does not hold the commit back.
     {
-        Connection second;
-        second.Open(ConnectionString(odd));
+        Connection second = OpenCatalog(odd);
         genres.Open(u"SELECT * FROM Genre"_s, second);
         genres[u"Genre"].Set(u"changed"_s);
         genres.Update();
     }
-    connection.Open(ConnectionString(odd));
+    connection = OpenCatalog(odd);
     Recordset again;
     again.Open(u"SELECT Genre FROM Genre WHERE Genre_ID = 1"_s, connection);
     EXPECT_EQ(again.Text(0), u"changed"_s);
 }
 
-TEST(Connection, TakingTheNextOneClosesWhatItHeld)
-{
-    const TempCatalog catalog;
-    Connection connection;
-    connection.Open(ConnectionString(catalog.Path()));
-    Recordset genres; // outlives the connection that it was opened on
-    genres.Open(u"SELECT * FROM Genre"_s, connection);
-    genres[u"Genre"].Set(u"changed"_s);
-    genres.Update();
-    connection = Connection();
-    EXPECT_FALSE(connection.IsOpen());
-    EXPECT_FALSE(genres.IsOpen());
-    EXPECT_EQ(catalog.Ask("SELECT Genre FROM Genre WHERE Genre_ID = 1"), u"changed"_s);
-}
-
 TEST(Connection, OneTextIsOneStatement)
 {
     const TempCatalog catalog;
-    Connection connection;
-    connection.Open(ConnectionString(catalog.Path()));
+    Connection connection = OpenCatalog(catalog.Path());
     const QString second = u"DELETE FROM Genre"_s;
     for (const QString& behind : {u"; DELETE FROM Movie"_s, u";x"_s, u"; ; SELECT 1 -- c"_s, u"; '"_s, u";/* c */ SELECT 1"_s,
                                   u";\n-- c\nSELECT 1"_s, u"; -"_s, u"; \0 SELECT 1"_s}) {
@@ -210,8 +200,7 @@ TEST(Connection, WhatStandsInACatalogCannotUseTheProgramsFunctions)
     const TempCatalog catalog;
     catalog.Run("CREATE VIEW Odd AS SELECT [Left](Genre, 1) FROM Genre;"
                 "CREATE TRIGGER t AFTER INSERT ON Writer BEGIN UPDATE Writer SET Writer = Ucase(Writer); END");
-    Connection connection;
-    connection.Open(ConnectionString(catalog.Path()));
+    Connection connection = OpenCatalog(catalog.Path());
     Recordset rows;
     EXPECT_THROW(rows.Open(u"SELECT * FROM Odd"_s, connection), RuntimeError);
     EXPECT_THROW(connection.Execute(u"INSERT INTO Writer (Writer) VALUES ('a')"_s), RuntimeError);
@@ -219,21 +208,31 @@ TEST(Connection, WhatStandsInACatalogCannotUseTheProgramsFunctions)
     EXPECT_EQ(rows.Text(0).size(), 1);
 }
 
-TEST(Connection, ALockedFileIsNamed)
+TEST(Connection, ALockedFileIsWaitedForOnceAndNamed)
 {
     const TempCatalog catalog;
-    Connection first;
-    first.Open(ConnectionString(catalog.Path()));
-    first.Execute(u"DELETE FROM Genre"_s);
-    Connection second;
-    second.Open(ConnectionString(catalog.Path()));
-    second.Execute(u"PRAGMA busy_timeout = 1"_s);
-    try {
-        second.Execute(u"DELETE FROM Genre"_s);
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Description(), u"database is locked ("_s + catalog.Path() + u')');
-    }
+    OtherProgram other(catalog.Path());
+    other.Run("BEGIN EXCLUSIVE");
+    int rounds = 0;
+    int ends = 0;
+    QString nested;
+    WhileLocked() = {50,
+                     [&] {
+                         if (++rounds == 1)
+                             nested = FailureOf(catalog.Path()); // what runs meanwhile never waits inside of the wait
+                     },
+                     [&] { ++ends; }};
+    const QString locked = u"database is locked ("_s + catalog.Path() + u')';
+    EXPECT_EQ(FailureOf(catalog.Path()), locked);
+    EXPECT_EQ(nested, locked);
+    EXPECT_GE(rounds, 1);
+    EXPECT_LE(rounds, 3);
+    EXPECT_EQ(ends, 1);
+    // The next part of the same click does not wait all over again.
+    rounds = 0;
+    EXPECT_EQ(FailureOf(catalog.Path(), true), locked);
+    EXPECT_EQ(rounds, 0);
+    WhileLocked() = {};
 }
 
 TEST(Connection, ARowTypedInWithAnotherToolIsAFilm)

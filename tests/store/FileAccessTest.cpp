@@ -2,6 +2,7 @@
 
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
+#include "support/ErrorOf.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
 
@@ -128,8 +129,7 @@ TEST_F(FileAccess, PicturesKeepTheirZerosOnTheWayThroughTheCatalog)
         for (qint64 i = 0; i < size; ++i)
             bytes[i] = static_cast<char>(i % 251 + 1);
         const QString path = Put(u"cover.jpeg"_s, bytes);
-        Connection connection;
-        connection.Open(ConnectionString(catalog.Path()));
+        Connection connection = OpenCatalog(catalog.Path());
         const qint64 id = StoreImageFile(path, connection);
         QString base = catalog.Folder() + u"\\MImage"_s;
         const QString exported = ExportImageFile(base, QString::number(id), connection);
@@ -142,23 +142,14 @@ TEST_F(FileAccess, PicturesKeepTheirZerosOnTheWayThroughTheCatalog)
 TEST_F(FileAccess, ABadPictureLeavesNoFileAndNoRow)
 {
     catalog.Run("INSERT INTO Images (Image, Extention) VALUES (x'00', '/../../evil'), (NULL, NULL)");
-    Connection connection;
-    connection.Open(ConnectionString(catalog.Path()));
-    const auto errorOf = [](auto action) {
-        try {
-            action();
-            return 0;
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-    };
+    Connection connection = OpenCatalog(catalog.Path());
     QString base = catalog.Folder() + u"/x"_s;
-    EXPECT_EQ(errorOf([&] { ExportImageFile(base, u"99"_s, connection); }), kErrNoCurrentRecord);
-    EXPECT_EQ(errorOf([&] { ExportImageFile(base, u"1"_s, connection); }), kErrFileAccess);
+    EXPECT_EQ(ErrorOf([&] { ExportImageFile(base, u"99"_s, connection); }), kErrNoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { ExportImageFile(base, u"1"_s, connection); }), kErrFileAccess);
     EXPECT_EQ(ExportImageFile(base, u"2"_s, connection), catalog.Folder() + u"/x."_s);
     EXPECT_EQ(Bytes(base), QByteArray());
-    EXPECT_EQ(errorOf([&] { StoreImageFile(catalog.Folder() + u"/none.jpg"_s, connection); }), kErrFileNotFound);
-    EXPECT_EQ(errorOf([&] { StoreImageFile(catalog.Folder(), connection); }), kErrFileNotFound);
+    EXPECT_EQ(ErrorOf([&] { StoreImageFile(catalog.Folder() + u"/none.jpg"_s, connection); }), kErrFileNotFound);
+    EXPECT_EQ(ErrorOf([&] { StoreImageFile(catalog.Folder(), connection); }), kErrFileNotFound);
     connection.Close();
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Images"), u"2"_s);
 }

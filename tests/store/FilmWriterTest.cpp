@@ -2,6 +2,7 @@
 
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
+#include "store/FilmActions.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
@@ -117,6 +118,47 @@ TEST_F(FilmWriter, NamesAreMatchedBlindToCaseAndNeverTouched)
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM WriterLink WHERE Writer_ID = 1"), u"2"_s);
 }
 
+TEST_F(FilmWriter, ANameFindsItsRowWhateverLettersAndQuotesItHolds)
+{
+    const std::pair<QString, QString> spellings[] = {
+        {u"Émile Zola"_s, u"émile ZOLA"_s},           {u"Ólafur ÓLAFSSON"_s, u"ólafur ólafsson"_s},
+        {u"Άννα Σόφος"_s, u"άννα ΣΌΦΟΣ"_s},           {u"Фёдор Достоевский"_s, u"фёдор достоевский"_s},
+        {u"Jörg \"O'Neil\""_s, u"JÖRG \"O'NEIL\""_s},
+    };
+    for (const auto& [first, second] : spellings) {
+        for (const QString& spelling : {first, second}) {
+            FilmRecord film;
+            film.Title = spelling;
+            film.Actors = {Person(spelling)};
+            film.Genres = {{spelling, 0}};
+            AddFilm(film, all, context);
+        }
+    }
+    AddFilm(WholeFilm(), all, context); // names without an É beside those with one
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Actor"), u"7"_s);
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Genre"), u"30"_s);
+    EXPECT_EQ(catalog.Ask("SELECT group_concat(n) FROM (SELECT count(*) AS n FROM ActorLink GROUP BY Actor_ID)"), u"2,2,2,2,2,1,1"_s);
+}
+
+TEST_F(FilmWriter, ADeletedFilmIsGoneWithItsListsOrNotAtAll)
+{
+    AddFilm(WholeFilm(), all, context);
+    const char* const rows = "SELECT (SELECT count(*) FROM Movie) || (SELECT count(*) FROM Images) || (SELECT count(*) FROM GenreLink) || "
+                             "(SELECT count(*) FROM ActorLink) || (SELECT count(*) FROM WriterLink) || (SELECT count(*) FROM CompanyLink)";
+    catalog.Run("CREATE TRIGGER t BEFORE DELETE ON CompanyLink BEGIN SELECT raise(ABORT, 'no'); END");
+    try {
+        DeleteFilm(1, catalog.Path());
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_TRUE(error.Description().endsWith(u"The film is still in the catalog, with all that belongs to it."_s));
+    }
+    EXPECT_EQ(catalog.Ask(rows), u"112211"_s);
+    // An empty text where another tool left it is no picture.
+    catalog.Run("DROP TRIGGER t; UPDATE Movie SET Image_ID = ''");
+    DeleteFilm(1, catalog.Path());
+    EXPECT_EQ(catalog.Ask(rows), u"010000"_s);
+}
+
 TEST_F(FilmWriter, LinksOfNewPeopleFollowTheirOddRules)
 {
     FilmRecord film = WholeFilm();
@@ -125,7 +167,7 @@ TEST_F(FilmWriter, LinksOfNewPeopleFollowTheirOddRules)
     EXPECT_EQ(catalog.Ask("SELECT group_concat(coalesce(Producer, '-') || '=' || IMDB_LINK) FROM Producer"), u"Arnon=Arnon,-=No Link"_s);
     film.Directors = {Person(u"Second"_s)};
     film.Producers = {Person(u"Third"_s)};
-    UpdateFilm(film, u"1"_s, all, context, shell);
+    UpdateFilm(film, 1, all, context, shell);
     EXPECT_EQ(catalog.Ask("SELECT quote(IMDB_LINK) FROM Director WHERE Director = 'Second'"), u"''"_s);
     EXPECT_EQ(catalog.Ask("SELECT IMDB_LINK FROM Producer WHERE Producer = 'Third'"), u"Third"_s);
 }
@@ -144,7 +186,7 @@ TEST_F(FilmWriter, OptionsGateColumnsAndLists)
 
     // An update looks at the certificate's option for the rating.
     none.Rating = 1;
-    UpdateFilm(WholeFilm(), u"1"_s, none, context, shell);
+    UpdateFilm(WholeFilm(), 1, none, context, shell);
     EXPECT_EQ(catalog.Ask("SELECT Rating || Rated FROM Movie"), u"9.0R"_s);
 }
 
@@ -154,7 +196,7 @@ TEST_F(FilmWriter, WithoutPictureOptionsTheLinksBelongToNoFilm)
     AddFilm(WholeFilm(), parts, context);
     parts.Image = parts.HiImage = 0;
     EXPECT_EQ(AddFilm(WholeFilm(), parts, context), 2);
-    UpdateFilm(WholeFilm(), u"1"_s, parts, context, shell);
+    UpdateFilm(WholeFilm(), 1, parts, context, shell);
     EXPECT_EQ(catalog.Ask("SELECT group_concat(coalesce(Movie_ID, 'null')) FROM (SELECT Movie_ID FROM GenreLink ORDER BY _rowid_)"),
               u"1,1,null,null,null,null"_s);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Images"), u"1"_s);
@@ -174,18 +216,18 @@ TEST_F(FilmWriter, AnUpdateKeepsWhatTheNewRecordDoesNotKnow)
     fresh.Writers = {Person(u"xx"_s)}; // nobody who could take the old one's place
     fresh.ImageData = "new";
     fresh.ImageExtention = u"GIF"_s;
-    UpdateFilm(fresh, u"1"_s, all, context, shell);
+    UpdateFilm(fresh, 1, all, context, shell);
 
     EXPECT_EQ(catalog.Ask("SELECT Votes || Year || Runtime || Filesize FROM Movie"), u"20001985142 min700 MB"_s);
-    // Amounts, dates and truth values are never empty, so they are written over.
-    EXPECT_EQ(catalog.Ask("SELECT PurchasePrice || SeenIt || LastViewing FROM Movie"), u"001899-12-30"_s);
+    // What is the user's own, no page knows.
+    EXPECT_EQ(catalog.Ask("SELECT PurchasePrice || SeenIt || LastViewing || MyRating FROM Movie"), u"12.512004-02-297"_s);
     EXPECT_EQ(catalog.Ask("SELECT group_concat(Actor) FROM ActorLink l JOIN Actor USING (Actor_ID) WHERE l.Movie_ID = 1"), u"New One"_s);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 77"), u"1"_s);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM WriterLink WHERE Movie_ID = 1"), u"1"_s);
     EXPECT_EQ(catalog.Ask("SELECT Image_ID FROM Movie"), u"2"_s);
     EXPECT_EQ(catalog.Ask("SELECT group_concat(Extention || ifnull(Image_Link, '')) FROM Images"), u"JPGhttp://large,GIF"_s);
     EXPECT_EQ(shell.calls, (QStringList{u"Retitle Brazil été"_s, u"Rekey 1"_s}));
-    EXPECT_THROW(UpdateFilm(fresh, u"9"_s, all, context, shell), RuntimeError);
+    EXPECT_THROW(UpdateFilm(fresh, 9, all, context, shell), RuntimeError);
 }
 
 TEST_F(FilmWriter, AnEditNeverEmptiesAColumn)
@@ -221,8 +263,9 @@ TEST_F(FilmWriter, LongTextsAreCutOrAskedFor)
 TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
 {
     FilmRecord film = WholeFilm();
-    film.Genres = {{u"Drama"_s, 0}, {u"Children's"_s, 0}};
     film.Directors.clear();
+    catalog.Run(
+        "CREATE TRIGGER t BEFORE INSERT ON GenreLink WHEN (SELECT count(*) FROM GenreLink) > 0 BEGIN SELECT raise(ABORT, 'x'); END");
     try {
         AddFilm(film, all, context);
         FAIL();
@@ -235,14 +278,19 @@ TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM GenreLink WHERE Movie_ID = 1"), u"1"_s);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM WriterLink"), u"0"_s);
 
-    EXPECT_THROW(UpdateFilm(film, u"1"_s, all, context, shell), RuntimeError);
+    EXPECT_THROW(UpdateFilm(film, 1, all, context, shell), RuntimeError);
     EXPECT_EQ(shell.calls.size(), 2); // the row was stored, so the tree shows it
 
     // Where the film's own row fails, nothing is stored.
     catalog.Run("ALTER TABLE Movie DROP COLUMN Resolution");
     film.Resolution = u"640x480"_s;
     EXPECT_THROW(AddFilm(film, all, context), RuntimeError);
-    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie"), u"1"_s);
+    catalog.Run("CREATE TRIGGER u BEFORE INSERT ON Movie BEGIN SELECT raise(ABORT, 'x'); END");
+    film.Resolution.clear();
+    EXPECT_THROW(AddFilm(film, all, context), RuntimeError);
+    catalog.Run("CREATE TRIGGER v BEFORE UPDATE ON Movie BEGIN SELECT raise(ABORT, 'x'); END");
+    EXPECT_THROW(UpdateFilm(film, 1, all, context, shell), RuntimeError);
+    EXPECT_EQ(catalog.Ask("SELECT (SELECT count(*) FROM Movie) || (SELECT count(*) FROM Images)"), u"12"_s);
 }
 
 TEST_F(FilmWriter, AListThatCannotBeUpdatedStaysAsItWas)
@@ -254,7 +302,7 @@ TEST_F(FilmWriter, AListThatCannotBeUpdatedStaysAsItWas)
     film.Genres = {{u"Western"_s, 0}};
     catalog.Run("CREATE TRIGGER t BEFORE INSERT ON ActorLink BEGIN SELECT raise(ABORT, 'no actors today'); END");
     try {
-        UpdateFilm(film, u"1"_s, all, context, shell);
+        UpdateFilm(film, 1, all, context, shell);
         FAIL();
     } catch (const RuntimeError& error) {
         EXPECT_TRUE(error.Description().startsWith(u"no actors today ("_s)) << qPrintable(error.Description());

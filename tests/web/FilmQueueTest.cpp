@@ -92,7 +92,8 @@ TEST_F(AddingFilms, FilmsThatTheCatalogHasAreAskedAboutOnce)
     EXPECT_EQ(Add({u"0000001"_s, u"0000003"_s, u"0000002"_s}), question);
     EXPECT_FALSE(result);
     EXPECT_EQ(Waiting(), u"1 3 2"_s);
-    EXPECT_EQ(dialogs.boxes[0].type, kBoxYesNoCancel | kBoxExclamation | kBoxDefaultNo);
+    EXPECT_EQ(dialogs.boxes[0].type, kBoxYesNoCancel | kBoxExclamation);
+    EXPECT_EQ(dialogs.lossQuestions, QStringList(question)) << "Enter means No";
     EXPECT_EQ(Stored(), before);
     EXPECT_TRUE(shell.calls.isEmpty());
 
@@ -114,12 +115,12 @@ TEST_F(AddingFilms, AnotherFilmOfThatNumberIsAskedAboutBeforeOneIsStoredOver)
 {
     catalog.Run("INSERT INTO Movie (Movie_ID, Title, IMDB) VALUES (1, 'One', '0000001'), (2, 'Two', NULL)");
     const SearchRow row{.Text = u"Row\t0000001"_s};
-    EXPECT_TRUE(MayStoreOver(row, u"1"_s, desk)) << "the film itself";
-    EXPECT_TRUE(MayStoreOver({.Text = u"Row\t0000009"_s}, u"2"_s, desk));
+    EXPECT_TRUE(MayStoreOver(row, 1, desk)) << "the film itself";
+    EXPECT_TRUE(MayStoreOver({.Text = u"Row\t0000009"_s}, 2, desk));
     EXPECT_TRUE(dialogs.boxes.isEmpty());
     dialogs.answers << kAnswerNo << kAnswerYes;
-    EXPECT_FALSE(MayStoreOver(row, u"2"_s, desk));
-    EXPECT_TRUE(MayStoreOver(row, u"2"_s, desk));
+    EXPECT_FALSE(MayStoreOver(row, 2, desk));
+    EXPECT_TRUE(MayStoreOver(row, 2, desk));
 }
 
 TEST_F(AddingFilms, AFilmThatFailsIsNamedAndTheOthersAreAdded)

@@ -155,7 +155,7 @@ protected:
 
     int Update()
     {
-        return ErrorOf([&] { UpdateMovieInfo(u"7"_s, desk); });
+        return ErrorOf([&] { UpdateMovieInfo(7, desk); });
     }
     QString OldLinks() const { return catalog.Ask("SELECT count(*) FROM ActorLink WHERE Actor_ID = 3"); }
     QString Title() const { return catalog.Ask("SELECT Title FROM Movie"); }

@@ -167,7 +167,7 @@ TEST_F(RetrievalWindow, AFilmWithoutANumberIsFoundAndUpdated)
     QTest::keyClick(&rows, Qt::Key_Down);
     QTest::keyClick(&rows, Qt::Key_Return);
     EXPECT_TRUE(panel.isVisible()) << "the film is in the catalog as another one, and No was answered";
-    EXPECT_EQ(TakeMessages().find("308 : The catalog has this film already:"), 0U);
+    EXPECT_EQ(TakeMessages().find("52 : The catalog has this film already:"), 0U);
     onRequest = [&](const QByteArray&) { EXPECT_FALSE(panel.isVisible()); };
     dialogs.answers << kAnswerYes;
     QTest::keyClick(&rows, Qt::Key_Return);

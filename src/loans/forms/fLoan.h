@@ -1,11 +1,14 @@
 #pragma once
 
+#include "core/FilmId.h"
 #include "loans/LoanContext.h"
 #include "loans/LoanModel.h"
 
 #include <QDialog>
 
 #include <memory>
+
+class QShortcut;
 
 namespace Ui {
 class fLoan;
@@ -35,6 +38,8 @@ protected:
 
 private:
     void AddButtons(const Skinner& skinner);
+    /// The buttons that act on a loan are on while one is selected.
+    void EnableButtons();
     void SizeColumns();
     void OnButton(const QString& key);
     /// Runs a handler's routine and shows what it raises.
@@ -51,10 +56,11 @@ private:
     LoanContext m_context;
     const Skinner& m_skinner;
     LoanModel m_model;
+    QShortcut* m_deleteKey = nullptr;
     QString m_triedPath; ///< the catalog that the window last went over to
 };
 
 /// Lets the user lend the film `movieId`, above `parent`. Raises 3021 where there is no such film.
-void LoanFilm(qint64 movieId, const LoanContext& context, const Skinner& skinner, QWidget* parent);
+void LoanFilm(FilmId movieId, const LoanContext& context, const Skinner& skinner, QWidget* parent);
 
 } // namespace kelvado

@@ -1,6 +1,6 @@
 #include "web/forms/frmAddSingleIMDb.h"
 
-#include "core/Afterwards.h"
+#include "core/Finally.h"
 #include "core/Guard.h"
 #include "ui_frmAddSingleIMDb.h"
 #include "web/forms/Form2.h"
@@ -34,7 +34,7 @@ frmAddSingleIMDb::frmAddSingleIMDb(FilmDesk& desk, const Skinner& skinner, QWidg
 
 frmAddSingleIMDb::~frmAddSingleIMDb() = default;
 
-void frmAddSingleIMDb::Open(const QString& title, const QString& movieId)
+void frmAddSingleIMDb::Open(const QString& title, FilmId movieId)
 {
     m_movieId = movieId;
     m_search.Clear();
@@ -97,7 +97,7 @@ void frmAddSingleIMDb::OnChoose(int row)
     if (m_ui->ChkAKA->isChecked())
         choose = AskInAkaSet(m_desk.dialogs, m_skinner, *parentWidget());
     hide();
-    Afterwards([&] { UpdateFromRow(chosen, m_search.OtherTitles(), choose, m_movieId, m_desk); }, [this] { Release(); });
+    Finally([&] { UpdateFromRow(chosen, m_search.OtherTitles(), choose, m_movieId, m_desk); }, [this] { Release(); });
 }
 
 } // namespace kelvado

@@ -25,7 +25,7 @@ public:
     ~frmAddSingleIMDb() override;
 
     /// Shows the window and searches for `title`; the choice is stored over the film `movieId`.
-    void Open(const QString& title, const QString& movieId);
+    void Open(const QString& title, FilmId movieId);
 
     void reject() override;
 
@@ -43,7 +43,8 @@ private:
     FilmDesk& m_desk;
     const Skinner& m_skinner;
     TitleSearch m_search;
-    QString m_movieId, m_lastNumber;
+    FilmId m_movieId = 0;
+    QString m_lastNumber;
 };
 
 } // namespace kelvado

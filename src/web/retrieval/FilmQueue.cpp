@@ -1,7 +1,7 @@
 #include "web/retrieval/FilmQueue.h"
 
-#include "core/Afterwards.h"
 #include "core/Conversions.h"
+#include "core/Finally.h"
 #include "core/Guard.h"
 #include "core/Literals.h"
 #include "core/RuntimeError.h"
@@ -83,15 +83,14 @@ QString SevenDigits(const QString& number)
 }
 
 // The titles of the catalog's films by number, without the film `exceptMovieId`.
-QHash<QString, QString> StoredFilms(const QString& catalogPath, const QString& exceptMovieId = {})
+QHash<QString, QString> StoredFilms(const QString& catalogPath, FilmId exceptMovieId = 0)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset films;
     films.Open(u"SELECT Movie_ID, Title, IMDB FROM Movie WHERE IMDB IS NOT NULL"_s, connection);
     QHash<QString, QString> titles;
     for (; !films.Eof(); films.MoveNext()) {
-        if (films.Text(0) != exceptMovieId && !films.Text(2).isEmpty())
+        if (films.Integer(0) != exceptMovieId && !films.Text(2).isEmpty())
             titles.insert(SevenDigits(films.Text(2)), DecodeEntities(films.Text(1)));
     }
     return titles;
@@ -164,7 +163,7 @@ std::optional<JobResult> RunAdding(QList<Row>& rows, const std::function<BatchFi
         desk.progress.Close();
         TellResult(result, desk.dialogs);
     };
-    RunJob(desk, [&] { Afterwards(add, [&] { desk.shell.ShowWorking(false); }); });
+    RunJob(desk, [&] { Finally(add, [&] { desk.shell.ShowWorking(false); }); });
     return result;
 }
 
@@ -214,8 +213,7 @@ void ApplyDefaults(const FilmDefaults& defaults, FilmRecord& film)
 
 QStringList FormatsInUse(const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset formats;
     formats.Open(u"SELECT DISTINCT Format FROM Movie WHERE Format <> '' ORDER BY Format"_s, connection);
     QStringList texts;
@@ -259,13 +257,14 @@ std::optional<JobResult> AddNumbers(QStringList& numbers, FilmDesk& desk)
     return RunAdding<QString>(numbers, filmOf, numberOf, wait, desk, {});
 }
 
-bool MayStoreOver(const SearchRow& row, const QString& movieId, FilmDesk& desk)
+bool MayStoreOver(const SearchRow& row, FilmId movieId, FilmDesk& desk)
 {
     const QHash<QString, QString> others = StoredFilms(desk.state.CatalogPath(), movieId);
     const auto other = others.constFind(SevenDigits(PartsOf(row).Number));
     return other == others.constEnd() ||
-           desk.dialogs.MessageBox(u"The catalog has this film already:\n%1\n\nShall it be stored over the present film too?"_s.arg(*other),
-                                   kBoxYesNoExclamation | kBoxDefaultNo) == kAnswerYes;
+           desk.dialogs.ConfirmLoss(
+               u"The catalog has this film already:\n%1\n\nShall it be stored over the present film too?"_s.arg(*other),
+               kBoxYesNoExclamation, {});
 }
 
 void TellResult(const JobResult& result, Dialogs& dialogs)
@@ -287,7 +286,7 @@ void TellResult(const JobResult& result, Dialogs& dialogs)
     dialogs.MessageBox(text, isWhole ? kBoxInformation : kBoxExclamation, title);
 }
 
-bool UpdateFromRow(const SearchRow& row, const QStringList& otherTitles, const ChooseTitle& choose, const QString& movieId, FilmDesk& desk)
+bool UpdateFromRow(const SearchRow& row, const QStringList& otherTitles, const ChooseTitle& choose, FilmId movieId, FilmDesk& desk)
 {
     const RowParts parts = PartsOf(row);
     const auto prepare = [&](FilmRecord& film) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FilmId.h"
 #include "core/Options.h"
 #include "web/retrieval/FilmDesk.h"
 #include "web/search/IMDBSearch.h"
@@ -77,10 +78,10 @@ std::optional<JobResult> AddNumbers(QStringList& numbers, FilmDesk& desk);
 
 /// Asks whether the film of `row` is to be stored over the film `movieId` although the catalog has it as another one; true where it has
 /// not.
-bool MayStoreOver(const SearchRow& row, const QString& movieId, FilmDesk& desk);
+bool MayStoreOver(const SearchRow& row, FilmId movieId, FilmDesk& desk);
 
 /// Retrieves the film of `row` and stores it over the film `movieId`, with the title that the user chooses where `choose` is set; as
 /// `RetrieveOver`.
-bool UpdateFromRow(const SearchRow& row, const QStringList& otherTitles, const ChooseTitle& choose, const QString& movieId, FilmDesk& desk);
+bool UpdateFromRow(const SearchRow& row, const QStringList& otherTitles, const ChooseTitle& choose, FilmId movieId, FilmDesk& desk);
 
 } // namespace kelvado

@@ -35,12 +35,11 @@ void ReadTitlePage(const QString& page, const TitleInfo& title, const WebHosts& 
     film.ImageURL = ParsePosterUrl(page, hosts);
 }
 
-QString StoredNumber(const QString& movieId, const QString& catalogPath)
+QString StoredNumber(FilmId movieId, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset film;
-    film.Open("SELECT * FROM Movie WHERE Movie_ID = "_L1 + movieId, connection);
+    film.Open("SELECT * FROM Movie WHERE Movie_ID = "_L1 + QString::number(movieId), connection);
     return FieldString(u"IMDB"_s, film);
 }
 
@@ -152,8 +151,7 @@ bool AskCancelRetrieval(FilmDesk& desk)
     return true;
 }
 
-bool RetrieveOver(const std::function<QString()>& numberOf, const QString& movieId, const std::function<void(FilmRecord&)>& prepare,
-                  FilmDesk& desk)
+bool RetrieveOver(const std::function<QString()>& numberOf, FilmId movieId, const std::function<void(FilmRecord&)>& prepare, FilmDesk& desk)
 {
     bool stored = false;
     try {
@@ -177,7 +175,7 @@ bool RetrieveOver(const std::function<QString()>& numberOf, const QString& movie
     return stored;
 }
 
-void UpdateMovieInfo(const QString& movieId, FilmDesk& desk)
+void UpdateMovieInfo(FilmId movieId, FilmDesk& desk)
 {
     RetrieveOver([&] { return StoredNumber(movieId, desk.state.CatalogPath()); }, movieId, {}, desk);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FilmId.h"
 #include "web/retrieval/FilmDesk.h"
 
 #include <QString>
@@ -24,10 +25,10 @@ bool AskCancelRetrieval(FilmDesk& desk);
 /// Retrieves the film of the number that `numberOf` then gives, lets `prepare` (empty: nothing) work on its record, stores it over the film
 /// `movieId` and shows that one. Nothing is changed before the new record is whole. False after a cancel. Raises what retrieval and store
 /// raise; main window and progress are then as they were.
-bool RetrieveOver(const std::function<QString()>& numberOf, const QString& movieId, const std::function<void(FilmRecord&)>& prepare,
+bool RetrieveOver(const std::function<QString()>& numberOf, FilmId movieId, const std::function<void(FilmRecord&)>& prepare,
                   FilmDesk& desk);
 
 /// The same for the number that the film itself has. Raises `kErrNoCurrentRecord` where there is no such film.
-void UpdateMovieInfo(const QString& movieId, FilmDesk& desk);
+void UpdateMovieInfo(FilmId movieId, FilmDesk& desk);
 
 } // namespace kelvado

@@ -10,7 +10,8 @@ namespace kelvado {
 NetworkLimits ReadNetworkLimits(const QString& settingsFile)
 {
     constexpr int kLongestTimeout = 24 * 60 * 60;
-    const auto value = [&](const QString& key) { return std::max(0, ReadProfileValue(u"Network"_s, key, settingsFile).toInt()); };
+    const Profile settings(settingsFile);
+    const auto value = [&](const QString& key) { return std::max(0, settings.Value(u"Network"_s, key).toInt()); };
     NetworkLimits limits;
     limits.ErrorEndsWait = value(u"ErrorEndsWait"_s) > 0;
     limits.TimeoutMilliseconds = std::min(value(u"TimeoutSeconds"_s), kLongestTimeout) * 1000;
