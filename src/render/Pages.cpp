@@ -200,6 +200,7 @@ QString Pages::ShowCreditsPage(const QString& movieId)
     const QString siteAddress = SiteAddress(SettingsFile());
     for (const CreditBlock& block : kCreditBlocks)
         FillCreditBlock(text, block, film, siteAddress);
+    text.replace("!!TITLE!!"_L1, film.Title);
     return WritePageFile(text, false);
 }
 

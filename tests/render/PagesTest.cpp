@@ -139,9 +139,9 @@ TEST_F(FilmPages, CreditsKeepTheirOddTokensAndMarkers)
 
     // A block with one marker only is left alone; a film without people leaves nothing of the block.
     catalog.Run("DELETE FROM ActorLink");
-    Write("Skins/Plain/Templates/credits.html", "<!--START_ACTOR_CREDIT-->x<!--END_ACTOR_CREDIT-->!!WRITER!!<!--END_WRITER_CREDIT-->");
+    Write("Skins/Plain/Templates/credits.html", "!!TITLE!! <!--START_ACTOR_CREDIT-->x<!--END_ACTOR_CREDIT-->!!WRITER!!<!--END_WRITER_CREDIT-->");
     pages.ShowCreditsPage(u"5"_s);
-    EXPECT_EQ(Page(), "!!WRITER!!<!--END_WRITER_CREDIT-->");
+    EXPECT_EQ(Page(), "Cops & <Robbers> !!WRITER!!<!--END_WRITER_CREDIT-->");
 }
 
 TEST_F(FilmPages, CreditsWithoutATemplateAreToldOnce)

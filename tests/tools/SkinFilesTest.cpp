@@ -4,8 +4,6 @@
 
 #include <QColor>
 #include <QFile>
-#include <QRegularExpression>
-#include <QSet>
 #include <QSettings>
 
 #include <gtest/gtest.h>
@@ -103,49 +101,6 @@ TEST(SkinFiles, ThePagesUseThePalettesColours)
             EXPECT_TRUE(text.contains(rule)) << page << " lacks " << rule.toStdString();
         }
     }
-}
-
-QSet<QString> TokensOf(const QString& text)
-{
-    static const QRegularExpression token(u"!!([A-Z0-9]+)!!"_s);
-    QSet<QString> tokens;
-    for (const QRegularExpressionMatch& match : token.globalMatch(text))
-        tokens.insert(match.captured(1));
-    return tokens;
-}
-
-TEST(SkinFiles, TemplatesNameExactlyTheValuesThatAreFilledIn)
-{
-    const auto words = [](const char* text) {
-        const QStringList list = QString::fromLatin1(text).split(u' ');
-        return QSet<QString>(list.begin(), list.end());
-    };
-    QSet<QString> film = words("TITLE TITLENY YEAR GROUP VOTES FORMAT NUMBER RUNTIME PLOT INDEX IMDB IMDBNUM QUALITY RESOLUTION AUDBITRATE "
-                               "VIDBITRATE AUDTYPE VIDTYPE "
-                               "FILESIZE LANGUAGE SUBLANGUAGE STUDIO FILENOTES COMMENTS CUSTOM1 CUSTOM2 CUSTOM3 SEENIT REQUEST "
-                               "COLOR COUNTRY PURCHASEPRICE "
-                               "PURCHASEDWHERE LASTVIEWING MYRATING MYRATINGNOTES URL1 URL2 TRAILERURL RATEDTXT RATEDIMG RATINGBAR RATING "
-                               "GENRE IMAGE IMAGEBACK NAVCREDITS");
-    for (int number = 1; number <= 50; ++number) {
-        for (const char* stem : {"ACTOR", "CHARACTER", "DIRECTOR", "WRITER", "PRODUCER"})
-            film.insert(QString::fromLatin1(stem) + QString::number(number));
-    }
-    EXPECT_EQ(TokensOf(Text("Templates/default.html")), film);
-    EXPECT_EQ(TokensOf(Text("Templates/nfo.html")), words("NFO"));
-    EXPECT_EQ(TokensOf(Text("Templates/person.html")),
-              words("IMAGE NAME BIRTHDATE BIRTHNAME BIRTHLOCATION HEIGHT BIO HISTORY COMMENTS INFILM"));
-
-    const QString credits = Text("Templates/credits.html");
-    const auto block = [&credits](const char* kind) {
-        const QString start = u"<!--START_%1_CREDIT-->"_s.arg(QString::fromLatin1(kind));
-        const qsizetype from = credits.indexOf(start);
-        const qsizetype to = credits.indexOf(u"<!--END_%1_CREDIT-->"_s.arg(QString::fromLatin1(kind)));
-        EXPECT_TRUE(from >= 0 && to > from) << kind;
-        return TokensOf(credits.mid(from, to - from));
-    };
-    EXPECT_EQ(block("ACTOR"), words("ACTOR CHARACTER ACTORNAV ACTORIMDB"));
-    EXPECT_EQ(block("WRITER"), words("WRITER EXTENDED ACTORNAV WRITERIMDB"));
-    EXPECT_EQ(block("DIRECTOR"), words("DIRECTOR EXTENDED DIRECTORNAV DIRECTORIMDB"));
 }
 
 } // namespace
