@@ -12,8 +12,8 @@
 #include "support/PageSource.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
-#include "web/FilmQueue.h"
-#include "web/Hraw.h"
+#include "web/retrieval/FilmQueue.h"
+#include "web/transport/Hraw.h"
 
 #include <benchmark/benchmark.h>
 
@@ -105,9 +105,9 @@ void AddHundredFilms(benchmark::State& state)
         FilmDesk desk{appState, shell, dialogs, events, web, progress, {}, false};
         QList<SearchRow> queue = rows;
         state.ResumeTiming();
-        const BatchResult result = AddQueue(queue, {{}, {}, {}}, desk);
+        const JobResult result = AddQueue(queue, {{}, {}, {}}, desk).value();
         added += result.Added;
-        for (const BatchResult::Failure& failure : result.Failures)
+        for (const JobResult::Failure& failure : result.Failures)
             std::fprintf(stderr, "%s: %s\n", qPrintable(failure.Film), qPrintable(failure.Reason));
     }
     state.counters["per_film"] = benchmark::Counter(static_cast<double>(added), benchmark::Counter::kIsRate | benchmark::Counter::kInvert);

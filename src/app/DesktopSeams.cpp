@@ -4,7 +4,7 @@
 #include "core/RuntimeError.h"
 #include "ui/fLengthEdit.h"
 #include "ui/frmAbout.h"
-#include "web/cWaitableTimer.h"
+#include "web/transport/cWaitableTimer.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -64,7 +64,8 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
     box.setText(text);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     const int icon = type & kIconMask;
-    const bool yesNo = (type & kButtonMask) == kBoxYesNo;
+    const bool mayCancel = (type & kButtonMask) == kBoxYesNoCancel;
+    const bool yesNo = mayCancel || (type & kButtonMask) == kBoxYesNo;
     if (yesNo && m_beforeConfirmation)
         m_beforeConfirmation();
     box.setIcon(icon == kBoxCritical      ? QMessageBox::Critical
@@ -77,8 +78,9 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
         box.exec();
         return kAnswerOk;
     }
-    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    return box.exec() == QMessageBox::Yes ? kAnswerYes : kAnswerNo;
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | (mayCancel ? QMessageBox::Cancel : QMessageBox::NoButton));
+    const int pressed = box.exec();
+    return pressed == QMessageBox::Yes ? kAnswerYes : pressed == QMessageBox::Cancel ? kAnswerCancel : kAnswerNo;
 }
 
 QString DesktopDialogs::InputBox(const QString& prompt, const QString& title, const QString& value)

@@ -9,8 +9,8 @@
 #include "web/forms/frmAddSingleIMDb.h"
 #include "web/forms/frmImportIMDb.h"
 #include "web/mWeb.h"
+#include "web/retrieval/mIMDB.h"
 
-#include <QLabel>
 #include <QMenu>
 
 namespace kelvado {
@@ -26,7 +26,7 @@ WebMenus::WebMenus(const Context& context)
       m_progress(context.window, context.dialogs, [&skinner = context.skinner](QWidget& window) { skinner.SkinForm(window); }),
       m_desk{context.state, context.shell, context.dialogs, context.events, m_web, m_progress, {}, false}
 {
-    m_progress.SetBatch(m_desk.batch);
+    m_progress.SetAskCancel([this] { return AskCancelRetrieval(m_desk); });
     Connect("mnuUpdateMovieInfo", [this] { OnUpdateMovieInfo(); });
     Connect("mnuMovieRetrieve", [this] { OnMovieRetrieve(); });
     Connect("mnuImportIMDb", [this] { OnImport(); });
@@ -75,35 +75,40 @@ void WebMenus::ShowSource(const QString& mode)
 
 void WebMenus::EndRun()
 {
-    m_desk.batch.RetrievalCancelled = true;
-    m_progress.Close();
+    EndJob(m_desk);
+}
+
+QString WebMenus::SelectedFilm() const
+{
+    const std::optional<NodeRef> node = m_context.selectedNode();
+    return node && node->tag == kTagFilm ? KeyPart(node->key, 0) : QString();
 }
 
 void WebMenus::OnUpdateMovieInfo()
 {
     if (!TreeIsCurrent(m_context.state, m_context.shell))
         return;
-    const FetchTurn turn(m_desk);
-    if (TakeTurn(turn, m_context.dialogs))
-        UpdateMovieInfo(m_context.idLabel.text(), MakeRetrieval(m_desk), m_context.state.gOptions->IMDbFilmUpdate, MakeWriter(m_desk),
-                        m_context.shell);
+    const QString film = SelectedFilm();
+    if (film.isEmpty())
+        return;
+    if (const std::optional<FetchTurn> turn = TakeTurn(m_desk))
+        UpdateMovieInfo(film, m_desk);
 }
 
 void WebMenus::OnMovieRetrieve()
 {
     if (!TreeIsCurrent(m_context.state, m_context.shell))
         return;
-    if (m_desk.fetching) {
-        TakeTurn(FetchTurn(m_desk), m_context.dialogs);
+    const QString film = SelectedFilm();
+    if (film.isEmpty() || !TakeTurn(m_desk))
         return;
-    }
     if (!m_retrieveWindow) {
         m_retrieveWindow = new frmAddSingleIMDb(m_desk, m_context.skinner, &m_context.window);
         connect(m_retrieveWindow, &frmAddSingleIMDb::MenuWanted, this, [this](const QPoint& place, const QString& number) {
             Guarded(m_context.dialogs, [&] { ShowRowMenu("mnufrmAddSingle", "mnuViewOnIMDb", place, number); });
         });
     }
-    m_retrieveWindow->Open(m_context.tree.Selected().data().toString(), m_context.idLabel.text());
+    m_retrieveWindow->Open(m_context.tree.Selected().data().toString(), film);
 }
 
 void WebMenus::OnImport()
@@ -116,11 +121,8 @@ void WebMenus::OnImport()
 void WebMenus::OnHelpUpdate()
 {
     bool unload = false;
-    {
-        const FetchTurn turn(m_desk);
-        unload = TakeTurn(turn, m_context.dialogs) &&
-                 CheckForUpdate(false, m_web, ReadWebHosts(SettingsFile()), m_context.dialogs, [] { StartUpdater(AppPath()); });
-    }
+    if (const std::optional<FetchTurn> turn = TakeTurn(m_desk))
+        unload = CheckForUpdate(false, m_web, ReadWebHosts(SettingsFile()), m_context.dialogs, [] { StartUpdater(AppPath()); });
     if (unload)
         m_context.window.close();
 }

@@ -5,10 +5,10 @@
 #include "ui/CatalogTreeView.h"
 #include "ui/ScrollingImage.h"
 #include "ui/Skinner.h"
-#include "web/FilmDesk.h"
-#include "web/Hraw.h"
 #include "web/forms/FilmProgress.h"
 #include "web/forms/GrabSelectRow.h"
+#include "web/retrieval/FilmDesk.h"
+#include "web/transport/Hraw.h"
 
 #include <QObject>
 #include <QPointer>
@@ -16,8 +16,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-
-class QLabel;
 
 namespace kelvado {
 
@@ -40,7 +38,6 @@ public:
         Menus& menus;
         Shell& shell;
         CatalogTreeView& tree;
-        const QLabel& idLabel;
         const Skinner& skinner;
         GrabSelectRow& sources;
         ScrollingImage& host;
@@ -58,6 +55,8 @@ public:
 private:
     void Connect(const char* entry, std::function<void()> handler);
     void ShowSource(const QString& mode);
+    /// The number of the selected film; "" where the selected node is none.
+    QString SelectedFilm() const;
     void OnUpdateMovieInfo();
     void OnMovieRetrieve();
     void OnImport();

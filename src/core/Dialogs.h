@@ -6,6 +6,7 @@ namespace kelvado {
 
 /// Types of a message box; they add up: buttons and icon.
 inline constexpr int kBoxPlain = 0;
+inline constexpr int kBoxYesNoCancel = 3;
 inline constexpr int kBoxYesNo = 4;
 inline constexpr int kBoxCritical = 16;
 inline constexpr int kBoxYesNoCritical = 20;

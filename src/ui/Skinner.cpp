@@ -11,6 +11,9 @@
 #include <QGroupBox>
 #include <QtWidgets>
 
+#include <algorithm>
+#include <cmath>
+
 namespace kelvado {
 
 namespace {
@@ -53,6 +56,28 @@ bool IsDark(const QColor& color)
 QColor ReadableOn(const QColor& back)
 {
     return IsDark(back) ? Qt::white : QColor(0x1F, 0x29, 0x33);
+}
+
+// The ratio by which readability is measured: 1 for equal colors, 21 for black on white.
+double Contrast(const QColor& one, const QColor& other)
+{
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+    };
+    const auto [dark, light] = std::minmax(luminance(one), luminance(other));
+    return (light + 0.05) / (dark + 0.05);
+}
+
+// The text's color, faded towards its background as far as it stays readable, by half at most.
+QColor FadedHint(const QColor& text, const QColor& back)
+{
+    constexpr double kReadable = 4.5;
+    for (const float part : {0.5F, 0.4F, 0.3F, 0.2F, 0.1F}) {
+        if (const QColor faded = Mixed(text, back, part); Contrast(faded, back) >= kReadable)
+            return faded;
+    }
+    return text;
 }
 
 // In a view that cannot be worked with the selection stays visible, but calls nobody.
@@ -185,7 +210,7 @@ QPalette Skinner::WindowPalette() const
     palette.setColor(QPalette::Base, v.boxBack);
     palette.setColor(QPalette::AlternateBase, button);
     palette.setColor(QPalette::Text, boxText);
-    palette.setColor(QPalette::PlaceholderText, faded);
+    palette.setColor(QPalette::PlaceholderText, FadedHint(boxText, v.boxBack));
     palette.setColor(QPalette::ButtonText, ReadableOn(button));
     palette.setColor(QPalette::ToolTipBase, v.boxBack);
     palette.setColor(QPalette::ToolTipText, boxText);

@@ -4,7 +4,7 @@
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 #include "core/Version.h"
-#include "web/WebText.h"
+#include "web/readers/WebText.h"
 
 #include <QProcess>
 
@@ -17,7 +17,7 @@ bool CheckForUpdate(bool quiet, Transport& transport, const WebHosts& hosts, Dia
     // As much as a message box holds; a wrong server may answer with anything.
     constexpr qsizetype kLongestMessage = 1024;
     const QString answer = FlattenPage(transport.GetUrl("http://"_L1 + hosts.UpdateHost + "/downloads/autoupdate/index.html"_L1));
-    dialogs.MessageBox(answer.left(kLongestMessage), kBoxPlain);
+    dialogs.MessageBox(answer.left(kLongestMessage), kBoxPlain, u"The newest build of Kelvado (yours is %1)"_s.arg(kBuildNumber));
 
     const double newest = ToDouble(answer);
     if (newest <= kBuildNumber) {

@@ -2,7 +2,7 @@
 
 #include "core/Dialogs.h"
 #include "core/Transport.h"
-#include "web/WebHosts.h"
+#include "core/WebHosts.h"
 
 #include <QString>
 

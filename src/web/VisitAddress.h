@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/NodeKey.h"
-#include "web/WebHosts.h"
+#include "core/WebHosts.h"
 
 #include <QString>
 

@@ -1,24 +1,12 @@
 #include "core/Conversions.h"
 
 #include "core/Literals.h"
-#include "core/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 namespace kelvado {
 namespace {
-
-int ErrorOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 TEST(Conversions, KnowWhichTextsAreNumbers)
 {

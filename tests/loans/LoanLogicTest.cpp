@@ -3,6 +3,7 @@
 #include "loans/LoanActions.h"
 #include "loans/LoanEntry.h"
 #include "loans/LoanModel.h"
+#include "support/ErrorOf.h"
 
 #include <QFile>
 
@@ -10,17 +11,6 @@ namespace kelvado {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-template<typename Action>
-int ErrorOf(Action&& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 class LoanLogic : public LoanFixture
 {

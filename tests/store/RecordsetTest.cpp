@@ -1,5 +1,5 @@
 #include "store/Recordset.h"
-#include "core/RuntimeError.h"
+#include "support/ErrorOf.h"
 #include "support/TempCatalog.h"
 
 #include <QElapsedTimer>
@@ -11,18 +11,6 @@ namespace kelvado {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-// The number of the run-time error that `action` raises, 0 for none.
-template<typename Action>
-int ErrorOf(Action action)
-{
-    try {
-        action();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-}
 
 class RecordsetTest : public ::testing::Test
 {

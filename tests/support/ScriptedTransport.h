@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Literals.h"
+#include "core/RuntimeError.h"
 #include "core/Transport.h"
 
 #include <QHash>
@@ -22,7 +23,8 @@ public:
         }
         return htmlDoc;
     }
-    void Abort() override { Note(u"Abort"_s, {}); }
+    bool FailureTold() const override { return false; }
+    void Abort() override { aborted = true; }
     QString GetUrl(const QString& url) override
     {
         Note(u"GetUrl "_s, url);
@@ -39,13 +41,17 @@ public:
     QStringList requests;             ///< "GetUrl http://host/path"
     std::function<void()> duringEach; ///< runs while a fetch waits
     QString htmlDoc;
+    bool aborted = false; ///< the last fetch, which then raises as the real ones do
 
 private:
     void Note(const QString& fetcher, const QString& url)
     {
         requests << fetcher + url;
+        aborted = false;
         if (duringEach)
             duringEach();
+        if (aborted)
+            throw RuntimeError(kErrCancelled);
     }
 };
 

@@ -108,6 +108,15 @@ TEST(CreditsPage, DirectorsGoOnThroughRowsThatCannotBeRead)
               kErrInvalidCall);
 }
 
+// Each row's link would run to the only end of a link, which stands behind the last row: gigabytes for a page of this size.
+TEST(CreditsPage, ALinkWithoutItsEndIsCut)
+{
+    const QString row = u"<a href=\"/name/nmA\">A</a></td><td valign=\"top\">x</td>"_s;
+    const auto people = ParseDirectors(QString("Directed by</b></a>"_L1 + row.repeated(20'000) + "</table></a><a href=\"/\">"_L1));
+    ASSERT_EQ(people->size(), 20'000);
+    EXPECT_EQ(people->constFirst().IMDB_Link.size(), 1000);
+}
+
 TEST(PlotPage, GivesItsFirstParagraphFlatAndWithTags)
 {
     EXPECT_EQ(ParsePlotPage(FetchedPage("plot")), u"A lion keeper and his daughter <a href=\"/name/nm0900031/\">Flo</a> losea circus &#38; "

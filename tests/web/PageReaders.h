@@ -1,15 +1,16 @@
 #pragma once
 
 #include "core/Literals.h"
+#include "support/ErrorOf.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
-#include "web/IMDBSearch.h"
-#include "web/WebText.h"
-#include "web/mIMDBAmazon.h"
-#include "web/mIMDBCompaniesParse.h"
-#include "web/mIMDBCreditsParse.h"
-#include "web/mIMDBPlotParse.h"
-#include "web/mIMDBTitleParse.h"
+#include "web/readers/WebText.h"
+#include "web/readers/mIMDBAmazon.h"
+#include "web/readers/mIMDBCompaniesParse.h"
+#include "web/readers/mIMDBCreditsParse.h"
+#include "web/readers/mIMDBPlotParse.h"
+#include "web/readers/mIMDBTitleParse.h"
+#include "web/search/IMDBSearch.h"
 
 #include <string_view>
 
@@ -29,18 +30,6 @@ inline WebHosts TestHosts()
             .DvdEmpireHost = {},
             .DvdEmpireImageHost = {},
             .UpdateHost = {}};
-}
-
-/// The number of the run-time failure that `run` ends with; 0 for none. Any other exception goes on.
-template<typename Run>
-int ErrorOf(const Run& run)
-{
-    try {
-        static_cast<void>(run());
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
 }
 
 /// Runs every routine that reads a kind of page over a page as it was fetched, each for itself.
@@ -80,10 +69,7 @@ inline constexpr PageReader kPageReaders[] = {
          QStringList akaTitles{u"blah"_s};
          RecordingShell shell;
          ScriptedDialogs dialogs;
-         ErrorOf([&] {
-             ParseSearchPage(page, rows, akaTitles, shell, dialogs);
-             return 0;
-         });
+         ErrorOf([&] { ParseSearchPage(page, rows, akaTitles, shell, dialogs); });
      }},
     {"shop-results",
      [](const QString& fetched) { ErrorOf([&] { return ParseCandidates(FlattenPage(fetched), u"The Affair (1987)"_s); }); }},

@@ -1,16 +1,10 @@
-#include "PageReaders.h"
+#include "TestDesk.h"
 #include "WebPages.h"
-#include "support/ScriptedTransport.h"
-#include "support/TempCatalog.h"
-#include "support/TempHome.h"
-#include "web/mIMDB.h"
-
-#include <gtest/gtest.h>
+#include "core/Profile.h"
+#include "web/retrieval/mIMDB.h"
 
 namespace kelvado {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 const QString kTitlePage = u"http://main.test/Title?0000001"_s;
 const QString kPlotPage = u"http://main.test/Plot?0000001"_s;
@@ -21,30 +15,13 @@ const QString kShopProduct = u"http://shop.test/exec/dvd/2"_s;
 const QString kPoster = u"http://posters.test/media/12/48m.jpg"_s;
 const QString kLargePicture = u"http://pictures.test/large.jpg"_s;
 
-/// Writes what is shown into the transport's own list, so that one list tells the order of all.
-class RecordingProgress : public RetrievalProgress
-{
-public:
-    explicit RecordingProgress(QStringList& log) : m_log(log) {}
-    void Open() override { m_log << u"open"_s; }
-    void Close() override { m_log << u"close"_s; }
-    void ShowFilm(const QString& title) override { m_log << title; }
-    void ShowStage(const QString& filmOf, const QString& stage, int percent) override
-    {
-        m_log << u"%1: %2, %3%"_s.arg(filmOf, stage).arg(percent);
-    }
-
-private:
-    QStringList& m_log;
-};
-
 /// A list in a form that a failing test can show.
 std::string Lines(const QStringList& lines)
 {
     return lines.join(u'\n').toStdString();
 }
 
-class RetrievalTest : public testing::Test
+class RetrievalTest : public TestDesk
 {
 protected:
     RetrievalTest()
@@ -55,13 +32,7 @@ protected:
         transport.pictures = {{kPoster, "\xFF\xD8\xFFposter"}, {kLargePicture, "GIF89a large"}};
     }
 
-    std::optional<FilmRecord> Retrieve() { return RetrieveFilm(u"0000001"_s, retrieval); }
-
-    TempHome home;
-    ScriptedTransport transport;
-    RetrievalBatch batch;
-    RecordingProgress progress{transport.requests};
-    Retrieval retrieval{transport, TestHosts(), home.Path(u"Settings.ini"_s), home.Path(u"temp"_s), batch, progress};
+    std::optional<FilmRecord> Retrieve() { return RetrieveFilm(u"0000001"_s, desk); }
 };
 
 TEST_F(RetrievalTest, AsksAllPagesInOrderAndShowsEachStage)
@@ -111,7 +82,7 @@ TEST_F(RetrievalTest, FillsTheRecordFromThePages)
 TEST_F(RetrievalTest, OnlyTheKey0SparesTheShop)
 {
     for (const char* value : {"0", "1", ""}) {
-        home.Write(u"Settings.ini"_s, QByteArray("[Options]\nGetHighResImage=") + value + "\n");
+        WriteProfileValue(u"Options"_s, u"GetHighResImage"_s, QString::fromLatin1(value), home.Path(u"Settings.ini"_s));
         transport.requests.clear();
         const FilmRecord film = Retrieve().value();
         const bool asked = transport.requests.contains("Get_HTML "_L1 + kShopResults);
@@ -168,28 +139,13 @@ TEST_F(RetrievalTest, AFailedFetchIsReadLikeAnEmptyPage)
 
 TEST_F(RetrievalTest, StagesShareTheBarWithTheOtherFilms)
 {
-    batch.CurrentFilm = 2;
-    batch.FilmCount = 4;
-    ShowRetrievalStage(u"a"_s, 1, 7, retrieval);
-    ShowRetrievalStage(u"b"_s, 7, 7, retrieval);
+    desk.job.CurrentFilm = 2;
+    desk.job.FilmCount = 4;
+    ShowRetrievalStage(u"a"_s, 1, 7, desk);
+    ShowRetrievalStage(u"b"_s, 7, 7, desk);
     EXPECT_EQ(Lines(transport.requests), Lines({u"2 / 4: a, 29%"_s, u"2 / 4: b, 50%"_s}));
-    batch.FilmCount = 0;
-    EXPECT_EQ(ErrorOf([&] {
-                  ShowRetrievalStage(u"c"_s, 1, 7, retrieval);
-                  return 0;
-              }),
-              kErrDivisionByZero);
-}
-
-TEST_F(RetrievalTest, OnlyAYesCancels)
-{
-    ScriptedDialogs dialogs;
-    dialogs.answers << kAnswerNo << kAnswerYes;
-    EXPECT_FALSE(AskCancelRetrieval(batch, dialogs));
-    EXPECT_FALSE(batch.RetrievalCancelled);
-    EXPECT_TRUE(AskCancelRetrieval(batch, dialogs));
-    EXPECT_TRUE(batch.RetrievalCancelled);
-    EXPECT_EQ(dialogs.boxes[0], (ScriptedDialogs::Box{u"Are you sure you wish to cancel IMDb retrieval?"_s, kBoxYesNo, QString()}));
+    desk.job.FilmCount = 0;
+    EXPECT_EQ(ErrorOf([&] { ShowRetrievalStage(u"c"_s, 1, 7, desk); }), kErrDivisionByZero);
 }
 
 class UpdateMovieInfoTest : public RetrievalTest
@@ -204,23 +160,16 @@ protected:
 
     int Update()
     {
-        return ErrorOf([&] {
-            UpdateMovieInfo(u"7"_s, retrieval, AllParts(), {catalog.Path(), home.Path(u"Settings.ini"_s), dialogs}, shell);
-            return 0;
-        });
+        return ErrorOf([&] { UpdateMovieInfo(u"7"_s, desk); });
     }
     QString OldLinks() const { return catalog.Ask("SELECT count(*) FROM ActorLink WHERE Actor_ID = 3"); }
     QString Title() const { return catalog.Ask("SELECT Title FROM Movie"); }
-
-    TempCatalog catalog;
-    ScriptedDialogs dialogs;
-    RecordingShell shell;
 };
 
 TEST_F(UpdateMovieInfoTest, StoresTheFilmAnewAndShowsIt)
 {
-    batch.CurrentFilm = 5;
-    batch.FilmCount = 9;
+    desk.job.CurrentFilm = 5;
+    desk.job.FilmCount = 9;
     EXPECT_EQ(Update(), 0);
     EXPECT_EQ(Title(), u"The L&#246;wen Affair (1987/II) (TV)");
     EXPECT_EQ(OldLinks(), u"0");
@@ -232,27 +181,35 @@ TEST_F(UpdateMovieInfoTest, StoresTheFilmAnewAndShowsIt)
                                          u"EnableMainWindow 1"_s, u"ShowSelection"_s}));
 }
 
-// The flag is read after each fetch but that of the picture, so that a cancel ends the run with the fetch that is under way.
-TEST_F(UpdateMovieInfoTest, LeavesTheFilmAloneAfterACancelAtAnyStage)
+TEST_F(UpdateMovieInfoTest, ACancelEndsTheFetchUnderWayAndLeavesTheFilmAlone)
 {
-    const std::pair<QString, qsizetype> cases[] = {{kTitlePage, 1}, {kShopResults, 3},   {kShopProduct, 3}, {kLargePicture, 5},
+    const std::pair<QString, qsizetype> cases[] = {{kTitlePage, 1}, {kShopResults, 2},   {kShopProduct, 3}, {kLargePicture, 4},
                                                    {kPlotPage, 5},  {kCompaniesPage, 6}, {kCreditsPage, 7}};
-    for (const auto& [during, fetches] : cases) {
-        SCOPED_TRACE(qPrintable(during));
-        shell.calls.clear();
-        transport.requests.clear();
-        transport.duringEach = [&] {
-            if (transport.requests.constLast().endsWith(during))
-                batch.RetrievalCancelled = true;
-        };
-        EXPECT_EQ(Update(), 0);
-        EXPECT_EQ(transport.requests.filter(u"http://"_s).size(), fetches);
-        EXPECT_EQ(Title(), u"Old");
-        EXPECT_EQ(OldLinks(), u"1");
-        EXPECT_EQ(Lines(shell.calls), Lines({u"EnableMainWindow 0"_s, u"EnableMainWindow 1"_s}));
+    for (const bool programEnds : {false, true}) {
+        for (const auto& [during, fetches] : cases) {
+            SCOPED_TRACE(qPrintable(during));
+            shell.calls.clear();
+            transport.requests.clear();
+            dialogs.answers << kAnswerNo << kAnswerYes;
+            transport.duringEach = [&] {
+                if (!transport.requests.constLast().endsWith(during))
+                    return;
+                if (programEnds)
+                    return EndJob(desk);
+                EXPECT_FALSE(AskCancelRetrieval(desk));
+                EXPECT_FALSE(transport.aborted);
+                EXPECT_TRUE(AskCancelRetrieval(desk));
+            };
+            EXPECT_EQ(Update(), programEnds ? kErrCancelled : 0);
+            EXPECT_EQ(transport.requests.filter(u"http://"_s).size(), fetches);
+            EXPECT_EQ(Title(), u"Old");
+            EXPECT_EQ(OldLinks(), u"1");
+            EXPECT_EQ(Lines(shell.calls), Lines({u"EnableMainWindow 0"_s, u"EnableMainWindow 1"_s}));
+        }
+        transport.duringEach = nullptr;
+        EXPECT_EQ(programEnds || Retrieve(), true) << "the next run starts afresh";
     }
-    transport.duringEach = nullptr;
-    EXPECT_TRUE(Retrieve()) << "the next run starts afresh";
+    EXPECT_EQ(dialogs.boxes[0], (ScriptedDialogs::Box{u"Are you sure you wish to cancel IMDb retrieval?"_s, kBoxYesNo, QString()}));
 }
 
 TEST_F(UpdateMovieInfoTest, LeavesTheFilmAloneWhereAPageCannotBeRead)

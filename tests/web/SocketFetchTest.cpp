@@ -1,8 +1,8 @@
 #include "LoopbackServer.h"
 #include "PageReaders.h"
 #include "support/ScriptedDialogs.h"
-#include "web/Hraw.h"
-#include "web/ctxHTTP.h"
+#include "web/transport/Hraw.h"
+#include "web/transport/ctxHTTP.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -227,8 +227,8 @@ TEST_F(SocketFetch, TakesAPageOfAHundredMegabytes)
     EXPECT_TRUE(dialogs.boxes.isEmpty());
 }
 
-// The end of the program must end every wait, and nothing behind the fetch may run.
-TEST_F(SocketFetch, IsLeftWhenTheProgramEnds)
+// An abort and the end of the program must end every wait at once, and nothing behind the fetch may run.
+TEST_F(SocketFetch, IsLeftWhereItIsAbortedAndWhereTheProgramEnds)
 {
     const LoopbackServer stalled(QByteArray(), Then::Stall);
     const QString dead = LoopbackServer(QByteArray()).Url(u"/x"_s);
@@ -240,13 +240,10 @@ TEST_F(SocketFetch, IsLeftWhenTheProgramEnds)
         [&] { hraw.OpenURL(stalled.Url(u"/x"_s)); },
     };
     for (const auto& fetch : fetches) {
+        QTimer::singleShot(20, qApp, [&] { hraw.Abort(); });
+        EXPECT_EQ(ErrorOf(fetch), kErrCancelled);
         int error = 0;
-        QTimer::singleShot(0, qApp, [&] {
-            error = ErrorOf([&] {
-                fetch();
-                return 0;
-            });
-        });
+        QTimer::singleShot(0, qApp, [&] { error = ErrorOf(fetch); });
         QTimer::singleShot(60, qApp, &QCoreApplication::quit);
         QCoreApplication::exec();
         EXPECT_EQ(error, kErrCancelled);

@@ -51,15 +51,12 @@ TEST(UpdateCheck, ComparesTheAnswerWithThisBuild)
         for (const ScriptedDialogs::Box& box : dialogs.boxes)
             texts << box.text;
         EXPECT_EQ(texts, QStringList(FlattenPage(c.answer)) + c.texts);
+        EXPECT_EQ(dialogs.boxes[0].title, u"The newest build of Kelvado (yours is 2247)"_s) << "a bare number says nothing";
         EXPECT_EQ(updates, c.updates);
         EXPECT_EQ(started, c.updates);
         EXPECT_EQ(dialogs.boxes.value(1, {QString(), kBoxPlain, QString()}).type, c.choice == 0 ? kBoxPlain : 68);
     }
-    EXPECT_EQ(ErrorOf([] {
-                  StartUpdater(QTemporaryDir().path());
-                  return 0;
-              }),
-              kErrFileNotFound);
+    EXPECT_EQ(ErrorOf([] { StartUpdater(QTemporaryDir().path()); }), kErrFileNotFound);
 }
 
 } // namespace

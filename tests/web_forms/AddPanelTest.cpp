@@ -10,6 +10,8 @@
 #include <QPlainTextEdit>
 #include <QTimer>
 
+#include <cmath>
+
 namespace kelvado {
 namespace {
 
@@ -68,6 +70,9 @@ TEST_F(AddPanel, FilmsAreSearchedQueuedNamedAndAdded)
         auto& list = *modal.findChild<QListWidget*>(u"lstAkaSel"_s);
         for (int i = 0; i < list.count(); ++i)
             offered << list.item(i)->text();
+        QFocusEvent focus(QEvent::FocusIn, Qt::TabFocusReason);
+        QApplication::sendEvent(&list, &focus);
+        EXPECT_EQ(list.currentRow(), -1) << "no row looks selected that is not";
         QTest::mouseClick(modal.findChild<QWidget*>(u"cmdOkay"_s), Qt::LeftButton);
         list.setCurrentRow(1);
         InWindow("frmAkaSet", [](QWidget& second) { // the third film's; it keeps its own title
@@ -120,6 +125,12 @@ TEST_F(AddPanel, ANumberIsLookedUp)
     LookUp("0000002");
     EXPECT_EQ(TakeMessages(), kNoFilm);
     EXPECT_TRUE(Get("Image1").isEnabled());
+    const LoopbackServer closing{QByteArray()};
+    SetHosts(closing.Host());
+    LookUp("0000004");
+    EXPECT_EQ(TakeMessages(), kNoFilm) << "no other message has told of the empty answer";
+    EXPECT_TRUE(Get("Image1").isEnabled());
+    SetHosts(site.Host());
     LookUp("0000003");
     EXPECT_EQ(TakeMessages(), kNoFilm);
     EXPECT_FALSE(Get("Image1").isEnabled());
@@ -229,6 +240,20 @@ TEST_F(AddPanel, TheSourcesTakeTurnsInTheHost)
     Press("ImgTabMovieList");
     EXPECT_FALSE(panel.isVisible());
     EXPECT_FALSE(Get("picGrabSelect").isVisible());
+}
+
+TEST_F(AddPanel, HintsAreReadable)
+{
+    StartAdding();
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+    };
+    for (const char* control : {"txtLog", "lstSearch"}) {
+        const QPalette colors = Get(control).palette();
+        const auto [dark, light] = std::minmax(luminance(colors.color(QPalette::PlaceholderText)), luminance(colors.color(QPalette::Base)));
+        EXPECT_GE((light + 0.05) / (dark + 0.05), 4.5) << control;
+    }
 }
 
 TEST_F(AddPanel, EveryControlIsReachedByTabAndHasAName)

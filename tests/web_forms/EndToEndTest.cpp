@@ -146,6 +146,7 @@ TEST_P(EndToEnd, TextsThatAreTooLongAreCutOrGivenToTheUser)
     for (const bool cut : {true, false}) {
         SCOPED_TRACE(cut);
         window.reset();
+        catalog.Run("DELETE FROM Movie WHERE IMDB = '0000010'");
         Set("IMDb", "AutoCut", cut ? u"-1"_s : u"0"_s);
         StartAdding();
         Get<QLineEdit>("txtSearch").setText(u"long film"_s);

@@ -2,7 +2,7 @@
 
 #include "core/Guard.h"
 
-#include <QScopeGuard>
+#include <QScopedValueRollback>
 
 namespace kelvado {
 
@@ -46,11 +46,13 @@ void FilmProgress::ShowStage(const QString& filmOf, const QString& stage, int pe
 
 void FilmProgress::AskCancel()
 {
-    if (m_asking || !m_batch)
+    if (m_asking || !m_askCancel)
         return;
-    m_asking = true;
-    const auto asked = qScopeGuard([this] { m_asking = false; });
-    const bool cancelled = AskCancelRetrieval(*m_batch, m_dialogs);
+    bool cancelled = false;
+    {
+        const QScopedValueRollback asking(m_asking, true);
+        cancelled = m_askCancel();
+    }
     if (cancelled && m_window)
         m_window->hide();
 }

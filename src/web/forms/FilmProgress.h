@@ -2,7 +2,7 @@
 
 #include "core/Dialogs.h"
 #include "web/forms/frmProgress.h"
-#include "web/mIMDB.h"
+#include "web/retrieval/FilmDesk.h"
 
 #include <functional>
 #include <memory>
@@ -18,8 +18,8 @@ public:
     FilmProgress(QWidget& owner, Dialogs& dialogs, std::function<void(QWidget&)> skin);
     ~FilmProgress() override;
 
-    /// The run that a cancel marks; it outlives the runs.
-    void SetBatch(RetrievalBatch& batch) { m_batch = &batch; }
+    /// What asks whether to cancel, and cancels; true where the window is to hide.
+    void SetAskCancel(std::function<bool()> askCancel) { m_askCancel = std::move(askCancel); }
 
     void Open() override;
     void Close() override;
@@ -32,7 +32,7 @@ private:
     QWidget& m_owner;
     Dialogs& m_dialogs;
     std::function<void(QWidget&)> m_skin;
-    RetrievalBatch* m_batch = nullptr;
+    std::function<bool()> m_askCancel;
     std::unique_ptr<frmProgress> m_window;
     bool m_asking = false;
 };

@@ -2,7 +2,7 @@
 
 #include "core/Literals.h"
 #include "ui/Skinner.h"
-#include "web/FilmQueue.h"
+#include "web/retrieval/FilmQueue.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

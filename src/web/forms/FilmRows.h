@@ -1,6 +1,6 @@
 #pragma once
 
-#include "web/IMDBSearch.h"
+#include "web/search/IMDBSearch.h"
 
 #include <QTreeWidget>
 

@@ -1,11 +1,12 @@
 #include "web/forms/Form2.h"
 
+#include "core/Afterwards.h"
 #include "core/Guard.h"
 #include "core/Literals.h"
 #include "ui_Form2.h"
 #include "web/forms/frmAkaSet.h"
 
-#include <QScopeGuard>
+#include <QHideEvent>
 
 namespace kelvado {
 
@@ -20,6 +21,7 @@ Form2::Form2(FilmDesk& desk, const Skinner& skinner, QWidget* parent)
     m_skinner.SkinForm(*this);
     ConnectControls();
     LoadDefaults();
+    ShowButtons();
 }
 
 Form2::~Form2() = default;
@@ -33,6 +35,7 @@ void Form2::ConnectControls()
     connect(m_ui->txtSearch, &QLineEdit::returnPressed, this, guarded(&Form2::Search));
     connect(m_ui->CmdByIMDBno, &QPushButton::clicked, this, guarded(&Form2::LookUp));
     connect(m_ui->txtIMDBnum, &QLineEdit::returnPressed, this, guarded(&Form2::LookUp));
+    connect(m_ui->cmdStop, &QPushButton::clicked, this, [this] { m_search.Stop(); });
     connect(m_ui->Command2, &QPushButton::clicked, this, guarded(&Form2::AddAll));
     const auto connectList = [this](const FilmRows* list, void (Form2::*choose)(int), const auto& rows) {
         connect(list, &FilmRows::Chosen, this, [this, choose](int row) { Guarded(m_desk.dialogs, [&] { (this->*choose)(row); }); });
@@ -73,6 +76,14 @@ void Form2::Reopen()
     m_ui->cboFormat->setEditText(format);
 }
 
+void Form2::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    // A window that goes to the tray or is minimized with its panel is not left.
+    if (!event->spontaneous() && window()->isVisible())
+        m_search.Stop();
+}
+
 void Form2::Search()
 {
     m_search.Search(m_ui->txtSearch->text());
@@ -89,36 +100,30 @@ void Form2::AddAll()
         m_desk.dialogs.MessageBox(u"You have not selected any movies to be added."_s, kBoxPlain);
         return;
     }
-    const FetchTurn turn(m_desk);
-    if (!TakeTurn(turn, m_desk.dialogs))
+    const std::optional<FetchTurn> turn = TakeTurn(m_desk);
+    if (!turn)
         return;
     m_ui->txtLog->clear();
-    const auto shown = qScopeGuard([this] { ShowLists(); });
-    QueueRun run{m_search.OtherTitles(), {}, {}};
+    QueueChoices choices{m_search.OtherTitles(), {}, {}};
     if (m_ui->ChkAKA->isChecked())
-        run.chooseTitle = AskInAkaSet(m_desk.dialogs, m_skinner, *window());
+        choices.chooseTitle = AskInAkaSet(m_desk.dialogs, m_skinner, *window());
     if (m_ui->ChkDefault->isChecked())
-        run.defaults = {m_ui->cboFormat->currentText(), m_ui->txtDiscs->text(), m_ui->txtIndex->text()};
-    {
-        const FilmRun adding(m_desk);
-        const BatchResult result = AddQueue(m_queue, run, m_desk);
-        WriteLog(result);
-        // A tree that cannot be filled is no reason to keep quiet about the films.
-        Guarded(m_desk.dialogs, [this] { m_desk.shell.RefreshCatalogTree(); });
-        m_desk.progress.Close();
-        TellResult(result, m_desk.dialogs);
-    }
-    if (m_queue.isEmpty())
-        m_search.Clear(); // rows that wait in the queue still need the other titles
+        choices.defaults = {m_ui->cboFormat->currentText(), m_ui->txtDiscs->text(), m_ui->txtIndex->text()};
+    const auto add = [&] { AddQueue(m_queue, choices, m_desk, [this](const JobResult& result) { WriteLog(result); }); };
+    Afterwards(add, [this] {
+        if (m_queue.isEmpty())
+            m_search.Clear(); // rows that wait in the queue still need the other titles
+        ShowLists();
+    });
     window()->activateWindow();
     m_ui->txtSearch->setFocus();
 }
 
-void Form2::WriteLog(const BatchResult& result)
+void Form2::WriteLog(const JobResult& result)
 {
-    for (const BatchResult::Failure& failure : result.Failures)
+    for (const JobResult::Failure& failure : result.Failures)
         m_ui->txtLog->insertPlainText(u"\r\nNot added: %1: %2"_s.arg(failure.Film, failure.Reason));
-    for (const BatchResult::Failure& film : result.Incomplete)
+    for (const JobResult::Failure& film : result.Incomplete)
         m_ui->txtLog->insertPlainText(u"\r\nNot complete: %1: %2"_s.arg(film.Film, film.Reason));
     if (result.Cancelled)
         m_ui->txtLog->insertPlainText(u"\r\nCancelled."_s);
@@ -155,6 +160,7 @@ void Form2::ShowButtons()
 {
     m_ui->Image1->setEnabled(!m_search.SearchRunning());
     m_ui->CmdByIMDBno->setEnabled(!m_search.SearchRunning());
+    m_ui->cmdStop->setEnabled(m_search.Waiting());
 }
 
 void Form2::OnSelect(const FilmRows& list, const QList<SearchRow>& rows)

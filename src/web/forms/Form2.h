@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ui/Skinner.h"
-#include "web/FilmQueue.h"
-#include "web/TitleSearch.h"
+#include "web/retrieval/FilmQueue.h"
+#include "web/search/TitleSearch.h"
 
 #include <QWidget>
 
@@ -32,13 +32,17 @@ Q_SIGNALS:
     /// A menu is wanted for the row last selected; `number` is empty where the list has no selected row.
     void MenuWanted(const QPoint& globalPosition, const QString& number);
 
+protected:
+    /// Leaving the panel stops its search.
+    void hideEvent(QHideEvent* event) override;
+
 private:
     void ConnectControls();
     void LoadDefaults();
     void Search();
     void LookUp();
     void AddAll();
-    void WriteLog(const BatchResult& result);
+    void WriteLog(const JobResult& result);
     void MoveToQueue(int row);
     void MoveBack(int row);
     void ShowLists();

@@ -1,10 +1,9 @@
 #include "web/forms/frmAddSingleIMDb.h"
 
+#include "core/Afterwards.h"
 #include "core/Guard.h"
 #include "ui_frmAddSingleIMDb.h"
 #include "web/forms/Form2.h"
-
-#include <QScopeGuard>
 
 namespace kelvado {
 
@@ -13,9 +12,11 @@ frmAddSingleIMDb::frmAddSingleIMDb(FilmDesk& desk, const Skinner& skinner, QWidg
           m_ui->lstSearch->SetRows(m_search.Rows());
           m_ui->lstSearch->ShowWaiting(m_search.Waiting());
           m_ui->Image1->setEnabled(!m_search.SearchRunning());
+          m_ui->cmdStop->setEnabled(m_search.Waiting());
       })
 {
     m_ui->setupUi(this);
+    m_ui->cmdStop->setEnabled(false);
     m_skinner.SkinForm(*this);
     connect(m_ui->lstSearch, &FilmRows::SelectionMoved, this, &frmAddSingleIMDb::OnSelect);
     connect(m_ui->lstSearch, &FilmRows::Chosen, this, [this](int row) { Guarded(m_desk.dialogs, [&] { OnChoose(row); }); });
@@ -24,6 +25,7 @@ frmAddSingleIMDb::frmAddSingleIMDb(FilmDesk& desk, const Skinner& skinner, QWidg
     const auto search = [this] { Guarded(m_desk.dialogs, [this] { Search(); }); };
     connect(m_ui->txtSearch, &QLineEdit::returnPressed, this, search);
     connect(m_ui->Image1, &QPushButton::clicked, this, search);
+    connect(m_ui->cmdStop, &QPushButton::clicked, this, [this] { m_search.Stop(); });
     connect(m_ui->cmdUpdate, &QPushButton::clicked, this,
             [this] { Guarded(m_desk.dialogs, [&] { OnChoose(m_ui->lstSearch->Selected()); }); });
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -65,8 +67,7 @@ void frmAddSingleIMDb::reject()
 {
     if (!isVisible())
         return;
-    if (m_search.Waiting())
-        m_desk.transport.Abort(); // nobody waits for it any more
+    m_search.Stop();
     Release();
 }
 
@@ -86,15 +87,17 @@ void frmAddSingleIMDb::OnChoose(int row)
 {
     if (row < 0 || row >= m_search.Rows().size())
         return;
-    const FetchTurn turn(m_desk);
-    if (!TakeTurn(turn, m_desk.dialogs))
+    const std::optional<FetchTurn> turn = TakeTurn(m_desk);
+    if (!turn)
         return;
-    const auto released = qScopeGuard([this] { Release(); });
-    hide();
+    const SearchRow chosen = m_search.Rows()[row];
+    if (!MayStoreOver(chosen, m_movieId, m_desk))
+        return activateWindow(); // the question was the main window's
     ChooseTitle choose;
     if (m_ui->ChkAKA->isChecked())
         choose = AskInAkaSet(m_desk.dialogs, m_skinner, *parentWidget());
-    UpdateFromRow(m_search.Rows()[row], m_search.OtherTitles(), choose, m_movieId, m_desk);
+    hide();
+    Afterwards([&] { UpdateFromRow(chosen, m_search.OtherTitles(), choose, m_movieId, m_desk); }, [this] { Release(); });
 }
 
 } // namespace kelvado

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ui/Skinner.h"
-#include "web/FilmQueue.h"
-#include "web/TitleSearch.h"
+#include "web/retrieval/FilmQueue.h"
+#include "web/search/TitleSearch.h"
 
 #include <QDialog>
 

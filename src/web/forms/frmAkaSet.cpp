@@ -11,6 +11,8 @@ frmAkaSet::frmAkaSet(const QStringList& titles, Dialogs& dialogs, QWidget* paren
 {
     m_ui->setupUi(this);
     m_ui->lstAkaSel->addItems(titles);
+    // With the focus, a list marks its first row, which then looks selected and is not.
+    m_ui->lstAkaSel->setCurrentIndex({});
     connect(m_ui->lstAkaSel, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
     connect(m_ui->cmdOkay, &QPushButton::clicked, this, [this] { Guarded(m_dialogs, [this] { OnOkay(); }); });
 }
@@ -21,7 +23,8 @@ std::optional<qsizetype> frmAkaSet::ShowAndRead()
 {
     if (exec() != QDialog::Accepted)
         return std::nullopt;
-    return m_ui->lstAkaSel->currentRow();
+    const QList<QListWidgetItem*> selected = m_ui->lstAkaSel->selectedItems();
+    return selected.isEmpty() ? std::nullopt : std::optional<qsizetype>(m_ui->lstAkaSel->row(selected.constFirst()));
 }
 
 void frmAkaSet::OnOkay()

@@ -1,11 +1,11 @@
 #include "web/forms/frmImportIMDb.h"
 
+#include "core/Afterwards.h"
 #include "core/Guard.h"
 #include "ui_frmImportIMDb.h"
-#include "web/NumberImport.h"
+#include "web/search/NumberImport.h"
 
 #include <QAction>
-#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -48,8 +48,8 @@ void frmImportIMDb::reject()
 
 void frmImportIMDb::SelectFile()
 {
-    const auto front = qScopeGuard([this] { activateWindow(); }); // the dialog was the main window's
-    m_desk.dialogs.ShowOpen(m_file);
+    // The dialog was the main window's.
+    Afterwards([this] { m_desk.dialogs.ShowOpen(m_file); }, [this] { activateWindow(); });
     ShowNumbers(m_numbers.stringList() + ReadNumbers(m_file.fileName));
 }
 
@@ -69,29 +69,26 @@ void frmImportIMDb::RemoveSelected()
 
 void frmImportIMDb::AddAll()
 {
-    const FetchTurn turn(m_desk);
-    if (!TakeTurn(turn, m_desk.dialogs))
+    const std::optional<FetchTurn> turn = TakeTurn(m_desk);
+    if (!turn)
         return;
     QStringList numbers = m_numbers.stringList();
     m_running = true;
-    const auto shown = qScopeGuard([&] {
-        m_running = false;
-        ShowNumbers(numbers);
-        if (numbers.isEmpty())
-            hide();
-        else
-            activateWindow();
-    });
-    const FilmRun adding(m_desk);
-    const BatchResult result = AddNumbers(numbers, m_desk);
-    m_desk.progress.Close();
-    TellResult(result, m_desk.dialogs);
-    m_desk.shell.RefreshCatalogTree();
+    Afterwards([&] { AddNumbers(numbers, m_desk); },
+               [&] {
+                   m_running = false;
+                   ShowNumbers(numbers);
+                   if (numbers.isEmpty())
+                       hide();
+                   else
+                       activateWindow();
+               });
 }
 
 void frmImportIMDb::ShowNumbers(const QStringList& numbers)
 {
     m_numbers.setStringList(numbers);
+    m_ui->List1->setCurrentIndex({}); // else the focus marks the first row, which looks selected and is not
     m_ui->Command2->setEnabled(!numbers.isEmpty());
     m_ui->lblCount->setText(numbers.isEmpty() ? QString() : numbers.size() == 1 ? tr("1 film") : tr("%1 films").arg(numbers.size()));
 }

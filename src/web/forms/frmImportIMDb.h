@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/Skinner.h"
-#include "web/FilmQueue.h"
+#include "web/retrieval/FilmQueue.h"
 
 #include <QDialog>
 #include <QStringListModel>
