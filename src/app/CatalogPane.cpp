@@ -140,7 +140,7 @@ void CatalogPane::Rekey(qint64 movieId)
     const bool sameFilm = node.isValid() && m_model.Tag(node) == kTagFilm && KeyPart(m_model.Key(node), 0) == QString::number(movieId);
     if (!sameFilm || keys.isEmpty() || keys.contains(m_model.Key(node), Qt::CaseInsensitive))
         return;
-    m_model.SetFilmValue(node, keys.constFirst().section(u'\n', 1).chopped(1));
+    m_model.SetFilmValue(node, ValueOfKey(keys.constFirst()));
 }
 
 } // namespace kelvado

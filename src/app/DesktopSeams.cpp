@@ -79,6 +79,8 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
         return kAnswerOk;
     }
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | (mayCancel ? QMessageBox::Cancel : QMessageBox::NoButton));
+    if ((type & kBoxDefaultNo) != 0)
+        box.setDefaultButton(QMessageBox::No);
     const int pressed = box.exec();
     return pressed == QMessageBox::Yes ? kAnswerYes : pressed == QMessageBox::Cancel ? kAnswerCancel : kAnswerNo;
 }

@@ -13,6 +13,7 @@
 #include "core/RuntimeError.h"
 #include "core/WindowLayout.h"
 #include "render/forms/frmPageView.h"
+#include "store/LockWait.h"
 #include "ui/SkinPictures.h"
 #include "ui/frmAbout.h"
 #include "ui_Form1.h"
@@ -94,6 +95,11 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     m_pageView->hide();
     m_catalog = std::make_unique<CatalogPane>(CatalogPane::Context{m_state, dialogs, events, m_menus, *this, m_skinner, *m_ui->TreeView1});
     m_tray = std::make_unique<WindowTray>(*this, m_state, dialogs, m_menus);
+    WhileLocked().meanwhile = [this] {
+        ShowWorking(true);
+        m_events.ServeWithoutInput();
+    };
+    WhileLocked().afterwards = [this] { ShowWorking(false); };
     ConnectMenus();
     ConnectControls();
     m_browseMenus = std::make_unique<BrowseMenus>(BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_catalog->Model(),
@@ -104,7 +110,10 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
                                                               [this](const QUrl& address) { OpenOutside(address); }});
 }
 
-Form1::~Form1() = default;
+Form1::~Form1()
+{
+    WhileLocked() = {};
+}
 
 CatalogModel& Form1::Catalog()
 {

@@ -3,13 +3,13 @@
 #include "app/DesktopSeams.h"
 #include "app/Menus.h"
 #include "core/AppState.h"
-#include "core/CatalogFile.h"
 #include "core/Guard.h"
 #include "core/SectionTabs.h"
 #include "core/Shell.h"
 #include "render/PageHost.h"
 #include "render/PageMessages.h"
 #include "render/Pages.h"
+#include "store/CatalogFile.h"
 #include "ui/Skinner.h"
 
 #include <QMainWindow>

@@ -101,7 +101,7 @@ QModelIndex CatalogModel::Find(const QString& key) const
                 m_filmsById.insert(m_content.films[i].id, static_cast<int>(i));
         }
     }
-    const QString second = key.section(u'\n', 1).chopped(1);
+    const QString second = ValueOfKey(key);
     const QList<int> films = m_filmsById.values(KeyPart(key, 0).toLongLong());
     for (const int film : films) {
         if (SameValue(m_content.films[static_cast<std::size_t>(film)].value, second))
@@ -189,6 +189,11 @@ QModelIndex CatalogModel::NodeAt(int place) const
         rest -= cast;
     }
     return {};
+}
+
+bool CatalogModel::IsWaiting(const QModelIndex& film) const
+{
+    return film.isValid() && KindOf(film) == Kind::Film && !m_casts.contains(NumberOf(film));
 }
 
 QModelIndex CatalogModel::Make(int row, Kind kind, int number) const

@@ -87,6 +87,8 @@ public:
     int NodeCount() const;
     /// Node `place`, from 1 to `NodeCount`; an invalid index outside.
     QModelIndex NodeAt(int place) const;
+    /// True for a film whose cast was not fetched: a waiting row stands below it.
+    bool IsWaiting(const QModelIndex& film) const;
     int GroupCount() const { return static_cast<int>(m_content.groups.size()); }
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;

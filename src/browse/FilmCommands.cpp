@@ -36,7 +36,7 @@ void FilmCommands::Delete(const QModelIndex& node)
     if (!IsCurrent())
         return;
     const QString question = u"Are you sure you want to delete "_s + node.data(CatalogModel::TextRole).toString();
-    if (m_dialogs.MessageBox(question, kBoxYesNo, u"Confirm Delete"_s) != kAnswerYes)
+    if (!m_dialogs.ConfirmLoss(question, kBoxYesNo, u"Confirm Delete"_s))
         return;
     m_model.RemoveFilm(node);
     try {

@@ -47,7 +47,8 @@ FilterRecord MakeFilter(const FilmElement& element, int operand, const QString& 
     const Operand& comparison = kOperands[element.kind == ElementKind::Text ? 0 : static_cast<std::size_t>(operand)];
     const QString caption = QString::fromLatin1(element.caption);
     FilterRecord filter;
-    filter.WhereText = QString::fromLatin1(element.key) + u' ' + QString::fromLatin1(comparison.sql) + u'"' + text.trimmed() + u'"';
+    filter.WhereText = QString::fromLatin1(element.key) + u' ' + QString::fromLatin1(comparison.sql) + u'"' +
+                       TrimBlanks(text).replace(u'"', u"\"\""_s) + u'"';
     filter.Caption = element.kind == ElementKind::Text ? caption + u" contains "_s + text
                                                        : caption + u' ' + QString::fromLatin1(comparison.caption) + u' ' + text;
     return filter;

@@ -28,7 +28,7 @@ std::span<const char* const> FilterOperands();
 /// What the dialog has to say before it accepts; the empty text where all is well. `element` is null where none is selected, `operand`
 /// -1 where none is chosen.
 QString FilterFault(const FilmElement* element, int operand, const QString& text);
-/// The condition that the dialog stands for. The value stands in double quotes as it was typed.
+/// The condition that the dialog stands for. The value stands in double quotes; those that it holds are doubled.
 FilterRecord MakeFilter(const FilmElement& element, int operand, const QString& text);
 
 /// The active filters, at most five, joined by AND, with their menu entries. They last as long as the program runs.

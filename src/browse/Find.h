@@ -15,15 +15,15 @@ public:
     Find(const CatalogModel& model, Dialogs& dialogs) : m_model(model), m_dialogs(dialogs) {}
 
     /// The next node whose text holds `text`, whatever the case. Behind the last node the end is told in a message and the search begins
-    /// anew; the index is then invalid. A match on the last node is returned, and the message comes at once: `select` is called with the
-    /// node before the message shows.
+    /// anew. A match on the last node is selected, and the message comes at once; the row that waits for a cast below the last film counts
+    /// as a node too.
     template<typename Select>
     void Next(const QString& text, Select&& select)
     {
         const QModelIndex node = Advance(text);
         if (node.isValid())
             select(node);
-        if (m_position > m_model.NodeCount())
+        if (m_position > m_model.NodeCount() && !m_model.IsWaiting(node))
             TellTheEnd();
     }
 

@@ -72,7 +72,7 @@ void Set(Facts& facts, Fact fact, bool on)
 // False where the row is gone: nothing can be done with it then.
 bool OpenRow(Recordset& row, Connection& connection, const QString& sql, const QString& catalogPath)
 {
-    connection.Open(ConnectionString(catalogPath));
+    connection = OpenCatalog(catalogPath);
     row.Open(sql, connection);
     return !row.Eof();
 }

@@ -6,6 +6,7 @@
 #include "store/Recordset.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -86,9 +87,26 @@ QString FilmValue(const QString& primary, const QString& value, const QString& f
     return value;
 }
 
-RuntimeError DuplicateKey(const QString& what)
+// Where the films' query lacks the genres, a condition on them means the films that are linked to such a genre. So do several conditions
+// where it has them, as each row has one genre.
+QString WithLinkedGenres(const QString& sql, bool hasGenres)
 {
-    return RuntimeError::WithDetail(kErrDuplicateKey, what);
+    // Texts in quotes are passed over.
+    static const QRegularExpression parts(uR"re(Genre\.Genre =("(?:[^"]|"")*")|"(?:[^"]|"")*")re"_s);
+    QList<QRegularExpressionMatch> conditions;
+    for (const QRegularExpressionMatch& part : parts.globalMatch(sql)) {
+        if (part.hasCaptured(1))
+            conditions << part;
+    }
+    if (hasGenres && conditions.size() < 2)
+        return sql;
+    QString linked = sql;
+    for (auto part = conditions.crbegin(); part != conditions.crend(); ++part)
+        linked.replace(part->capturedStart(), part->capturedLength(),
+                       u"Movie.Movie_ID IN (SELECT GenreLink.Movie_ID FROM GenreLink INNER JOIN Genre ON GenreLink.Genre_ID = "
+                       "Genre.Genre_ID WHERE Genre.Genre ="_s +
+                           part->captured(1) + u')');
+    return linked;
 }
 
 } // namespace
@@ -135,12 +153,12 @@ QString BuildLevelSql(const QString& primary, int level, const cOptView& view, c
     else if (view.ViewMode == u"Loans")
         condition = u"Loan_ID <> 0"_s;
     else
-        return sql;
+        return WithLinkedGenres(sql, p == kByGenre);
     if (sql.contains(u"WHERE"))
         sql.replace(u"WHERE"_s, u"WHERE "_s + condition + u" AND"_s);
     else
         sql.replace(u"ORDER"_s, u"WHERE "_s + condition + u" ORDER"_s);
-    return sql;
+    return WithLinkedGenres(sql, p == kByGenre);
 }
 
 /// One build of the tree: reads both levels into a content of its own and hands it to the model, also where it was cut short.
@@ -201,9 +219,6 @@ public:
         if (m_primary == kByGenre)
             DropSecondLinks();
     }
-
-    /// The first film that stood twice under one group; empty where there was none.
-    const QString& Duplicate() const { return m_duplicate; }
 
 private:
     bool Pump(int& records, int every)
@@ -292,7 +307,7 @@ private:
     {
         std::vector<std::pair<qint64, int>> places; // film id and place in the list
         std::vector<bool> isSecond(m_content.films.size());
-        int first = -1;
+        bool any = false;
         for (const TreeGroup& group : m_content.groups) {
             places.clear();
             for (const int film : group.films)
@@ -302,12 +317,11 @@ private:
                 if (places[i].first != places[i - 1].first)
                     continue;
                 isSecond[static_cast<std::size_t>(places[i].second)] = true;
-                first = first < 0 ? places[i].second : std::min(first, places[i].second);
+                any = true;
             }
         }
-        if (first < 0)
+        if (!any)
             return;
-        m_duplicate = FilmKey(m_content.films[static_cast<std::size_t>(first)].id, m_content.films[static_cast<std::size_t>(first)].value);
         TreeContent kept;
         for (const TreeGroup& group : m_content.groups)
             kept.AddGroup(group.value, group.text, group.image);
@@ -333,15 +347,9 @@ private:
     qint64 m_expectedFilms = 0; ///< what the groups count together, filters aside
     QByteArray m_lastFormat;
     int m_lastImage = 0;
-    QString m_duplicate;
 };
 
 Tree::Tree(const Context& context) : m_context(context) {}
-
-void Tree::Connect(Connection& connection) const
-{
-    connection.Open(ConnectionString(m_context.state.CatalogPath()));
-}
 
 bool Tree::GroupsExpanded() const
 {
@@ -350,20 +358,15 @@ bool Tree::GroupsExpanded() const
 
 void Tree::FillTree()
 {
-    QString duplicate;
     {
-        Connection connection;
-        Connect(connection);
+        Connection connection = Connect();
         Filling filling(*this);
         m_context.state.treeCatalog = m_context.state.CatalogPath();
         filling.ReadGroups(connection);
         filling.ReadFilms(connection);
-        duplicate = filling.Duplicate();
         connection.Close();
     }
     m_context.shell.UpdateStatus(true);
-    if (!duplicate.isEmpty())
-        throw DuplicateKey(duplicate);
 }
 
 void Tree::ExpandFilmNode(const QModelIndex& node)
@@ -384,22 +387,15 @@ void Tree::ExpandFilmNode(const QModelIndex& node)
     const QPersistentModelIndex film = node;
     m_context.model.SetCast(film, {});
     std::vector<TreeActor> cast = ReadCast(film);
-    // An actor with two roles has one node; the second one's key is refused when the cast stands.
+    // An actor with two roles has one node.
     QSet<qint64> seen;
-    QString duplicate;
     std::erase_if(cast, [&](const TreeActor& actor) {
-        if (!seen.contains(actor.id)) {
-            seen.insert(actor.id);
-            return false;
-        }
-        if (duplicate.isEmpty())
-            duplicate = actor.name;
-        return true;
+        const qsizetype before = seen.size();
+        seen.insert(actor.id);
+        return seen.size() == before;
     });
     const bool anyCast = !cast.empty();
     m_context.model.SetCast(film, cast);
-    if (!duplicate.isEmpty())
-        throw DuplicateKey(duplicate);
     const bool underLoans = View().PrimarySort == kByLocation && m_context.model.Key(film.parent()) == GroupKey(kOnLoan);
     if (underLoans && anyCast)
         throw RuntimeError::WithDetail(kErrElementNotFound, FilmKey(KeyPart(m_context.model.Key(film), 0).toLongLong(), kOnLoan));
@@ -413,8 +409,9 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
     const QString id = KeyPart(key, 0);
     QString genre;
     QString sql;
+    QList<Value> values;
     if (p == kByGenre) {
-        genre = KeyPart(key, 1);
+        genre = ValueOfKey(key);
         sql = u"SELECT "_s + p + u", "_s + s +
               u", Movie.Movie_ID, Genre.Genre, Actor.*, Movie.Loan_ID, Movie.Format"
               " FROM ((Movie INNER JOIN GenreLink ON Movie.Movie_ID = "
@@ -422,7 +419,8 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
               "Genre.Genre_ID) INNER JOIN (Actor INNER JOIN ActorLink ON "
               "Actor.Actor_ID = ActorLink.Actor_ID) ON Movie.Movie_ID = "
               "ActorLink.Movie_ID WHERE Movie.Movie_ID = "_s +
-              id + u"AND Genre.Genre = '"_s + genre + u'\'';
+              id + u"AND Genre.Genre = ?"_s;
+        values << Value(genre);
     } else {
         sql = u"SELECT "_s + p + u", "_s + s +
               u",Movie.Movie_ID, Movie.Title, Actor.*, Movie.Loan_ID, Movie.Format "
@@ -432,10 +430,9 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
               id;
     }
 
-    Connection connection;
-    Connect(connection);
+    Connection connection = Connect();
     Recordset actors;
-    actors.Open(sql, connection);
+    actors.Open(sql, values, connection);
     m_context.events.ServeWithoutInput();
     std::vector<TreeActor> cast;
     if (actors.Eof())
@@ -469,8 +466,7 @@ QStringList Tree::FilmNodeKeys(const QString& filmId) const
                                             "GenreLink.Genre_ID = Genre.Genre_ID WHERE Movie.Movie_ID = "_s +
                                             filmId
                                       : columns + u"Movie WHERE Movie_ID = "_s + filmId;
-    Connection connection;
-    Connect(connection);
+    Connection connection = Connect();
     Recordset film;
     film.Open(sql, connection);
     QStringList keys;

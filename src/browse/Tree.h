@@ -18,7 +18,7 @@ int FormatImage(const QString& format);
 
 /// The SQL of the groups (level 1) or of the films (level 2) of a tree sorted by `primary`. Neither the view mode nor the filter touches
 /// the groups. The view mode is worked into the finished text by plain replacement, so that a filter value that holds the words WHERE
-/// or ORDER is altered too.
+/// or ORDER is altered too. A filter on the genre holds under every sort; several are each met by any genre of the film.
 QString BuildLevelSql(const QString& primary, int level, const cOptView& view, const QString& filterWhere);
 
 /// Builds the catalog tree and fills casts. Every routine opens its own connection to the open catalog, and raises what the engine
@@ -38,14 +38,14 @@ public:
     explicit Tree(const Context& context);
 
     /// Fills the tree from the catalog, serves events meanwhile, and brings the status bar up to date. A failure half-way leaves what was
-    /// read so far in the tree. A film that stands twice under one group is shown once, and raises 457 when all is filled.
+    /// read so far in the tree. A film that stands twice under one group is shown once.
     void FillTree();
 
     /// True where new groups are to be shown expanded.
     bool GroupsExpanded() const;
 
-    /// Fetches the cast of a film node anew; any other node is left alone. An actor with two roles is shown once, and raises 457 when
-    /// the cast is filled. A loaned film under the location sort raises 35601 then.
+    /// Fetches the cast of a film node anew; any other node is left alone. An actor with two roles is shown once.
+    /// A loaned film under the location sort raises 35601 then.
     void ExpandFilmNode(const QModelIndex& node);
 
     /// Every key that this film has in the present tree: one, or one for each genre under the sort by genre; none for an unknown film.
@@ -58,7 +58,7 @@ private:
     class Filling;
     std::vector<TreeActor> ReadCast(const QModelIndex& node);
     const cOptView& View() const { return m_context.state.gOptions->View; }
-    void Connect(Connection& connection) const;
+    Connection Connect() const { return OpenCatalog(m_context.state.CatalogPath()); }
 
     Context m_context;
     bool m_expanding = false;

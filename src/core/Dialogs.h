@@ -13,6 +13,8 @@ inline constexpr int kBoxYesNoCritical = 20;
 inline constexpr int kBoxExclamation = 48;
 inline constexpr int kBoxYesNoExclamation = 52;
 inline constexpr int kBoxInformation = 64;
+/// Added to a box with Yes and No: No is the button that Enter presses.
+inline constexpr int kBoxDefaultNo = 256;
 
 inline constexpr int kAnswerOk = 1;
 inline constexpr int kAnswerCancel = 2;
@@ -36,6 +38,11 @@ public:
     /// Shows `text` and waits; returns the number of the button that was pressed. An empty title stands for the product's name.
     virtual int MessageBox(const QString& text, int type, const QString& title) = 0;
     int MessageBox(const QString& text, int type) { return MessageBox(text, type, QString()); }
+    /// Asks a Yes and No question whose Yes destroys something; True for Yes.
+    bool ConfirmLoss(const QString& text, int type, const QString& title)
+    {
+        return MessageBox(text, type | kBoxDefaultNo, title) == kAnswerYes;
+    }
 
     /// Asks for a line of text. The empty text where the user cancels.
     virtual QString InputBox(const QString& prompt, const QString& title, const QString& value) = 0;

@@ -17,6 +17,11 @@ QString ActorKeyInGenre(qint64 movieId, qint64 actorId, QStringView genre)
     return u'"' + QString::number(movieId) + u'\n' + QString::number(actorId) + u'\n' + genre.toString() + u'"';
 }
 
+QString ValueOfKey(const QString& key)
+{
+    return key.section(u'\n', 1).chopped(1);
+}
+
 QString KeyPart(const QString& key, int index)
 {
     return key.section(u'\n', index, index).remove(u'"');

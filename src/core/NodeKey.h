@@ -25,6 +25,9 @@ QString FilmKey(qint64 movieId, QStringView value);
 /// An actor under a film of the group `genre`.
 QString ActorKeyInGenre(qint64 movieId, qint64 actorId, QStringView genre);
 
+/// What stands behind the film's number in a key, quote marks of its own included: the group of a film.
+QString ValueOfKey(const QString& key);
+
 /// Part `index` (from 0) of a key that is split at its line feeds, without quote marks; the empty text where there is no such part.
 /// Part 0 of a film or actor is the film's number, part 1 of an actor the actor's.
 QString KeyPart(const QString& key, int index);

@@ -13,12 +13,8 @@ namespace {
 // The two blanks are those of the given query.
 const QString kFilmOnShow = u"SELECT * FROM Movie WHERE Movie_ID  = "_s;
 
-} // namespace
-
-void Return_Item(qint64 loanId, const QString& catalogPath, const Clock& clock)
+void EndLoan(qint64 loanId, Connection& connection, const Clock& clock)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
     Recordset film;
     film.Open(kFilmOfLoan + QString::number(loanId), connection);
     if (film.Eof())
@@ -29,29 +25,33 @@ void Return_Item(qint64 loanId, const QString& catalogPath, const Clock& clock)
     loan.Update();
     film[u"Loan_ID"].Set(0);
     film.Update();
-    loan.Close();
-    film.Close();
+}
+
+} // namespace
+
+void Return_Item(qint64 loanId, const QString& catalogPath, const Clock& clock)
+{
+    Connection connection = OpenCatalog(catalogPath);
+    EndLoan(loanId, connection, clock);
     connection.Close();
 }
 
 void ReturnFilm(qint64 movieId, const QString& catalogPath, const Clock& clock)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset film;
     film.Open(kFilmOnShow + QString::number(movieId), connection);
     if (film.Eof())
         throw RuntimeError(kErrNoCurrentRecord);
     const qint64 loanId = film[u"Loan_ID"].IsNull() ? 0 : film[u"Loan_ID"].Get().Integer();
     film.Close();
+    EndLoan(loanId, connection, clock);
     connection.Close();
-    Return_Item(loanId, catalogPath, clock);
 }
 
 void Delete_Loan(qint64 loanId, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset loan;
     loan.Open(kLoanById + QString::number(loanId), connection);
     if (!loan.Eof())

@@ -80,8 +80,7 @@ void PutTerms(const LoanTerms& terms, Recordset& loan)
 // The loan is stored before its film is marked as out.
 void AddLoan(qint64 movieId, const LoanTerms& terms, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset loans;
     loans.Open(kAllLoans, connection);
     loans.AddNew();
@@ -100,8 +99,7 @@ void AddLoan(qint64 movieId, const LoanTerms& terms, const QString& catalogPath)
 
 void SaveLoan(qint64 loanId, const LoanTerms& terms, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset loan;
     loan.Open(kLoanById + QString::number(loanId), connection);
     PutTerms(terms, loan);
@@ -115,8 +113,7 @@ void SaveLoan(qint64 loanId, const LoanTerms& terms, const QString& catalogPath)
 LoanEntry Load_NewLoan(const QString& catalogPath, const Clock& clock)
 {
     LoanEntry entry = NewEntry(clock);
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     {
         Recordset films;
         films.Open(kAllFilms, connection);
@@ -133,8 +130,7 @@ LoanEntry Load_DirectLoan(qint64 movieId, const QString& catalogPath, const Cloc
     if (movieId == 0)
         return EmptyEntry();
     LoanEntry entry = NewEntry(clock);
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     entry.films.push_back(ReadFilm(kTitleOfFilm, movieId, connection));
     entry.filmIsGiven = true;
     entry.borrowers = ReadBorrowers(kBorrowerOfEachLoan, connection);
@@ -146,8 +142,7 @@ LoanEntry Edit_Loan(qint64 loanId, const QString& catalogPath)
 {
     if (loanId == 0)
         return EmptyEntry();
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     LoanEntry entry;
     entry.caption = kEditCaption;
     entry.films.push_back(ReadFilm(kTitleOfLoan, loanId, connection));

@@ -1,10 +1,7 @@
 #include "loans/LoanModel.h"
 
-#include "core/NodeKey.h"
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
-
-#include <QSet>
 
 #include <algorithm>
 
@@ -35,42 +32,26 @@ constexpr std::size_t kTitle = 0;
 
 const QString kNothing = u" "_s; // what a Null shows as
 
-struct LoanList
+std::vector<LoanRow> ReadLoans(const QString& catalogPath)
 {
-    std::vector<LoanRow> rows;
-    QString refused; ///< the first key that came a second time, with its film's title
-};
-
-LoanList ReadLoans(const QString& catalogPath)
-{
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset loans;
     loans.Open(kLoansOfFilms, connection);
     const int idColumn = loans.ColumnIndex(u"Loan_ID");
-    const int filmColumn = loans.ColumnIndex(u"Movie_ID");
     std::array<int, kLoanColumns> columns{};
     for (std::size_t i = 0; i < columns.size(); ++i)
         columns[i] = loans.ColumnIndex(QString(kColumns[i].field));
 
-    LoanList list;
-    QSet<qint64> films;
+    std::vector<LoanRow> rows;
     for (; !loans.Eof(); loans.MoveNext()) {
-        const qint64 film = loans.Integer(filmColumn);
-        LoanRow row{GroupKey(QString::number(film)), loans.Integer(idColumn), {}};
-        if (films.contains(film)) {
-            if (list.refused.isEmpty())
-                list.refused = row.key + u" ("_s + loans.Text(columns[kTitle]) + u')';
-            continue;
-        }
-        films.insert(film);
+        LoanRow row{loans.Integer(idColumn), {}};
         for (std::size_t i = 0; i < columns.size(); ++i)
             row.texts[i] = i != kTitle && loans.IsNull(columns[i]) ? kNothing : loans.Text(columns[i]);
-        list.rows.push_back(std::move(row));
+        rows.push_back(std::move(row));
     }
     loans.Close();
     connection.Close();
-    return list;
+    return rows;
 }
 
 // A row of the list shows one line.
@@ -87,13 +68,11 @@ QString OneLine(QString text)
 
 void LoanModel::Refresh(const QString& catalogPath)
 {
-    LoanList list = ReadLoans(catalogPath);
+    std::vector<LoanRow> rows = ReadLoans(catalogPath);
     beginResetModel();
-    m_rows = std::move(list.rows);
+    m_rows = std::move(rows);
     m_catalogPath = catalogPath;
     endResetModel();
-    if (!list.refused.isEmpty())
-        throw RuntimeError::WithDetail(kErrDuplicateKey, list.refused);
 }
 
 int LoanModel::RowOf(qint64 loanId) const
@@ -124,8 +103,6 @@ QVariant LoanModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return text.trimmed().isEmpty() ? QVariant()
                                         : QVariant(u"<qt>"_s + text.left(1000).toHtmlEscaped().replace(u'\n', "<br>"_L1) + u"</qt>"_s);
-    case KeyRole:
-        return row.key;
     case TagRole:
         return row.tag;
     default:

@@ -14,22 +14,20 @@ inline constexpr int kLoanColumns = 6;
 
 struct LoanRow
 {
-    QString key; ///< the film's number between double quotes
-    qint64 tag;  ///< the `Loan_ID`
+    qint64 tag; ///< the `Loan_ID`, which names the row
     std::array<QString, kLoanColumns> texts;
 };
 
-/// All loans of films that are in the catalog, open and ended, in the catalog's own order. A film stands in the list once.
+/// All loans of films that are in the catalog, open and ended, in the catalog's own order.
 class LoanModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
-    enum Role { KeyRole = Qt::UserRole + 1, TagRole };
+    enum Role { TagRole = Qt::UserRole + 1 };
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Reads the list anew. Where the catalog cannot be read, the list stays as it was. Raises 457 when all is listed, if a film has a
-    /// second loan: that one has no place in the list as long as the first one is there.
+    /// Reads the list anew. Where the catalog cannot be read, the list stays as it was.
     void Refresh(const QString& catalogPath);
     /// The catalog that the list was read from; empty before the first reading.
     const QString& CatalogPath() const { return m_catalogPath; }

@@ -273,7 +273,7 @@ void FillGenreToken(QString& text, Connection& connection, const QString& movieI
         const int column = rows.ColumnIndex(u"Genre");
         for (; !rows.Eof(); rows.MoveNext())
             genres += ", "_L1 + rows.Text(column);
-        genres = genres.trimmed();
+        genres = TrimBlanks(genres);
         // Only the comma goes: templates are made for the blank behind it.
         genres.remove(0, 1);
     }

@@ -158,8 +158,7 @@ QString Pages::PictureFor(std::int64_t imageId, Connection& connection)
 void Pages::ShowFilmPage()
 {
     const QString movieId = FilmNumber(m_host.SelectedKey());
-    Connection connection;
-    connection.Open(ConnectionString(m_state.CatalogPath()));
+    Connection connection = OpenCatalog(m_state.CatalogPath());
     Recordset film;
     film.Open(kFilmQuery + movieId, connection);
     if (SkinIsXml()) {
@@ -206,8 +205,7 @@ QString Pages::ShowCreditsPage(const QString& movieId)
 
 void Pages::ShowNfoPage()
 {
-    Connection connection;
-    connection.Open(ConnectionString(m_state.CatalogPath()));
+    Connection connection = OpenCatalog(m_state.CatalogPath());
     Recordset film;
     film.Open(kFilmQuery + FilmNumber(m_host.SelectedKey()), connection);
     std::optional<QString> text = ReadTemplate("Templates/nfo.html"_L1);

@@ -8,7 +8,7 @@ namespace kelvado {
 inline constexpr int kCatalogApplicationId = 0x4B564443;
 
 /// Builds a blank catalog at `path` from the schema and seed rows in `schemaSql` (statements of the engine's own grammar), over
-/// whatever stands there. Raises `kErrDatabase` with the engine's text.
+/// whatever stands there. Raises `kErrDatabase` with the engine's text, 75 where it cannot take its place.
 void BuildBlankCatalog(const QString& path, const QString& schemaSql);
 
 } // namespace kelvado

@@ -74,6 +74,7 @@ Value Convert(ColumnKind kind, const Value& value)
         return ToCurrency(value.Text());
     case ColumnKind::Binary:
         return value.Bytes();
+    case ColumnKind::Any:
     case ColumnKind::Expression:
         break;
     }
@@ -82,10 +83,16 @@ Value Convert(ColumnKind kind, const Value& value)
 
 } // namespace
 
+bool HoldsNoTexts(ColumnKind kind)
+{
+    return kind == ColumnKind::Whole || kind == ColumnKind::Number || kind == ColumnKind::Boolean || kind == ColumnKind::Date ||
+           kind == ColumnKind::Currency;
+}
+
 ColumnType TypeOfDeclaration(const char* declaration)
 {
     if (!declaration)
-        return {};
+        return {ColumnKind::Any, kMemoSize};
     const QByteArray type = QByteArray(declaration).toUpper();
     for (const auto& [word, kind] : kDeclaredWords) {
         if (!type.contains(word))
@@ -103,8 +110,7 @@ ColumnType TypeOfDeclaration(const char* declaration)
 
 Value ToStored(ColumnKind kind, const Value& value, const QString& column)
 {
-    const bool keepsTexts = kind == ColumnKind::Text || kind == ColumnKind::Binary || kind == ColumnKind::Expression;
-    if (value.IsNull() || (!keepsTexts && value.IsText() && value.Text().trimmed().isEmpty()))
+    if (value.IsNull() || (HoldsNoTexts(kind) && value.IsText() && value.Text().trimmed().isEmpty()))
         return {};
     try {
         return Convert(kind, value);

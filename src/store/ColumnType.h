@@ -4,7 +4,10 @@
 
 namespace kelvado {
 
-enum class ColumnKind { Text, Whole, Number, Boolean, Date, Currency, Binary, Expression };
+enum class ColumnKind { Text, Whole, Number, Boolean, Date, Currency, Binary, Any, Expression };
+
+/// True for numbers, truth, amounts and dates: an empty text in such a column, as other tools leave it, stands for Null.
+bool HoldsNoTexts(ColumnKind kind);
 
 /// What the declared type of a column says.
 struct ColumnType
@@ -13,7 +16,8 @@ struct ColumnType
     qsizetype definedSize = 0; ///< see `Field::DefinedSize`
 };
 
-/// Reads the declared type of a column in any database: ours (see schema.sql), or what other tools write. Null gives an expression.
+/// Reads the declared type of a column in any database: ours (see schema.sql), or what other tools write. A column without one takes
+/// any value of any size.
 ColumnType TypeOfDeclaration(const char* declaration);
 
 /// The form in which a column of that kind keeps `value`: the empty text becomes Null where the column holds no texts, dates are taken

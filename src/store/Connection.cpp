@@ -1,5 +1,6 @@
 #include "store/Connection.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "store/ConnectionImpl.h"
 #include "store/JetFunctions.h"
@@ -12,57 +13,64 @@
 
 #include <algorithm>
 #include <exception>
+#include <limits>
 #include <optional>
 
 namespace kelvado {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-constexpr int kBusyMilliseconds = 5000;
 // More texts than this are those of a long walk with a query for each row, and keeping them helps nobody.
 constexpr std::size_t kKeptStatements = 64;
 
-const QString kProvider = u"Provider=Microsoft.Jet.OLEDB.4.0;"_s;
-const QString kDataSource = u"Data Source="_s;
-const QString kSecurity = u";Persist Security Info=False"_s;
-
-// The columns that hold numbers in the form of a text, and those that may: they compare as numbers in every catalog, also in one
-// whose tables were made by hand.
-const QSet<QString>& NumberColumns()
+// Where numbers of other tables' rows stand, also of rows that are gone.
+struct KeyHolder
 {
-    static const QSet<QString> columns{u"rating"_s, u"votes"_s, u"audchannels"_s, u"imdb"_s, u"year"_s, u"number"_s};
+    QLatin1StringView keys; // the table whose numbers they are
+    const char* table;
+    const char* column;
+};
+constexpr KeyHolder kKeyHolders[] = {
+    {"Movie"_L1, "GenreLink", "Movie_ID"},
+    {"Movie"_L1, "ActorLink", "Movie_ID"},
+    {"Movie"_L1, "WriterLink", "Movie_ID"},
+    {"Movie"_L1, "DirectorLink", "Movie_ID"},
+    {"Movie"_L1, "ProducerLink", "Movie_ID"},
+    {"Movie"_L1, "CompanyLink", "Movie_ID"},
+    {"Movie"_L1, "Feature_Link", "Movie_ID"},
+    {"Movie"_L1, "Loans", "Movie_ID"},
+    {"Loans"_L1, "Movie", "Loan_ID"},
+    {"Images"_L1, "Movie", "Image_ID"},
+    {"Images"_L1, "Movie", "ImageBack_ID"},
+    {"Images"_L1, "Actor", "Image_ID"},
+    {"Genre"_L1, "GenreLink", "Genre_ID"},
+    {"Actor"_L1, "ActorLink", "Actor_ID"},
+    {"Writer"_L1, "WriterLink", "Writer_ID"},
+    {"Director"_L1, "DirectorLink", "Director_ID"},
+    {"Producer"_L1, "ProducerLink", "Producer_ID"},
+    {"Company"_L1, "CompanyLink", "Company_ID"},
+    {"Features"_L1, "Feature_Link", "Feature_ID"},
+};
+
+// The same in every catalog, also in one whose tables were made by hand.
+const NumberColumns& CatalogNumbers()
+{
+    static const NumberColumns columns{{u"rating"_s, u"votes"_s, u"audchannels"_s, u"imdb"_s, u"year"_s, u"number"_s},
+                                       {u"year"_s, u"number"_s, u"myrating"_s, u"purchaseprice"_s, u"lastviewing"_s, u"seenit"_s,
+                                        u"isrequest"_s, u"image_id"_s, u"imageback_id"_s, u"loan_id"_s, u"movienight"_s, u"isretreived"_s,
+                                        u"order"_s, u"loandate"_s, u"duedate"_s, u"returndate"_s},
+                                       {u"image_id"_s, u"imageback_id"_s, u"loan_id"_s, u"movienight"_s}};
     return columns;
-}
-
-QString PathOfConnectionString(const QString& text)
-{
-    const qsizetype start = text.indexOf(kDataSource, 0, Qt::CaseInsensitive);
-    if (start < 0)
-        return {};
-    QString path = text.mid(start + kDataSource.size());
-    const qsizetype end = path.lastIndexOf(kSecurity, -1, Qt::CaseInsensitive);
-    if (end >= 0)
-        path.truncate(end);
-    if (path.endsWith(u';') && !QFile::exists(path))
-        path.chop(1);
-    return path;
 }
 
 } // namespace
 
-QString ConnectionString(const QString& path)
-{
-    return kProvider + kDataSource + path + kSecurity;
-}
-
-ConnectionImpl::ConnectionImpl(const QString& path) : m_path(path)
+ConnectionImpl::ConnectionImpl(const QString& path) : m_path(path), m_wait(path)
 {
     // The engine takes an empty name, and some that begin with a colon, for a data base that is no file.
     const QByteArray name = (path.startsWith(u'/') ? path : QDir::currentPath() + u'/' + path).toUtf8();
     const int opened = sqlite3_open_v2(name.constData(), &m_database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    const bool ready = opened == SQLITE_OK && sqlite3_busy_timeout(m_database, kBusyMilliseconds) == SQLITE_OK &&
+    const bool ready = opened == SQLITE_OK && m_wait.Install(m_database) == SQLITE_OK &&
                        sqlite3_db_config(m_database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr) == SQLITE_OK &&
                        // A catalog can come from anybody: nothing that stands in its schema is run with the program's functions.
                        sqlite3_db_config(m_database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr) == SQLITE_OK &&
@@ -101,6 +109,7 @@ void ConnectionImpl::Close()
     m_statements.clear();
     sqlite3_close_v2(m_database);
     m_database = nullptr;
+    m_wait.Finish();
     if (failure)
         std::rethrow_exception(failure);
 }
@@ -125,8 +134,11 @@ void ConnectionImpl::Commit()
     Run(u"COMMIT"_s);
 }
 
+// What another tool made of the engine's counters is made good here too.
 void ConnectionImpl::BurnKeys()
 {
+    if (m_burned.empty() || !RemembersKeys())
+        return;
     const auto run = [this](const QString& sql, const QString& table, qint64 key) {
         Statement& statement = Prepared(sql);
         statement.Bind(1, Value(key));
@@ -135,20 +147,16 @@ void ConnectionImpl::BurnKeys()
         statement.Reset();
     };
     for (const auto& [table, key] : m_burned) {
-        try {
-            run(u"UPDATE sqlite_sequence SET seq = max(seq, ?1) WHERE name = ?2 COLLATE NOCASE"_s, table, key);
-            run(u"INSERT INTO sqlite_sequence (name, seq) SELECT name, ?1 FROM sqlite_master WHERE type = 'table' AND name = ?2 COLLATE "
-                u"NOCASE "
-                "AND sql LIKE '%AUTOINCREMENT%' AND name NOT IN (SELECT name FROM sqlite_sequence)"_s,
-                table, key);
-        } catch (const RuntimeError&) { // NOLINT(bugprone-empty-catch): no table of this catalog remembers its keys
-        }
+        run(u"UPDATE sqlite_sequence SET seq = max(CAST(seq AS INTEGER), ?1) WHERE name = ?2 COLLATE NOCASE"_s, table, key);
+        run(u"INSERT INTO sqlite_sequence (name, seq) SELECT name, ?1 FROM sqlite_master WHERE type = 'table' AND name = ?2 COLLATE NOCASE "
+            "AND sql LIKE '%AUTOINCREMENT%' AND name NOT IN (SELECT name FROM sqlite_sequence)"_s,
+            table, key);
     }
 }
 
 qint64 ConnectionImpl::Execute(const QString& sql, const QList<Value>& values)
 {
-    Statement statement(m_database, m_path, TranslateJetSql(sql, NumberColumns()).sql);
+    Statement statement(m_database, m_path, TranslateJetSql(sql, CatalogNumbers()).sql);
     const bool writes = !statement.IsReadOnly();
     if (writes)
         BeginWrite();
@@ -166,14 +174,18 @@ void ConnectionImpl::AllOrNothing(const std::function<void()>& action)
     try {
         action();
     } catch (...) {
-        try {
-            Run(u"ROLLBACK TO step"_s);
-            Run(u"RELEASE step"_s);
-        } catch (const RuntimeError&) { // NOLINT(bugprone-empty-catch): the engine has undone the whole operation; closing says so
-        }
+        UndoStep();
         throw;
     }
     Run(u"RELEASE step"_s);
+}
+
+// Half of a step is never stored: where it cannot be undone, the whole operation goes, and closing says so.
+void ConnectionImpl::UndoStep() noexcept
+{
+    if (sqlite3_get_autocommit(m_database) == 0 &&
+        sqlite3_exec(m_database, "ROLLBACK TO step; RELEASE step", nullptr, nullptr, nullptr) != SQLITE_OK)
+        sqlite3_exec(m_database, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 // Runs a statement of the engine's own grammar that has no values and gives no rows.
@@ -197,7 +209,7 @@ std::unique_ptr<Query> ConnectionImpl::TakeQuery(const QString& sql)
 
     auto query = std::make_unique<Query>();
     query->sql = sql;
-    query->translated = TranslateJetSql(sql, NumberColumns());
+    query->translated = TranslateJetSql(sql, CatalogNumbers());
     const QByteArray table = query->translated.table.toUtf8();
     if (IsTable(table)) {
         try {
@@ -212,7 +224,8 @@ std::unique_ptr<Query> ConnectionImpl::TakeQuery(const QString& sql)
     const Statement& statement = query->statement;
     for (int i = query->ofOneTable ? 1 : 0; i < statement.ColumnCount(); ++i) {
         const QByteArray origin = statement.OriginName(i);
-        query->columns.append({statement.ColumnName(i), QString::fromUtf8(origin), TypeOfDeclaration(statement.DeclaredType(i))});
+        query->columns.append({statement.ColumnName(i), QString::fromUtf8(origin),
+                               origin.isEmpty() ? ColumnType() : TypeOfDeclaration(statement.DeclaredType(i))});
         if (!query->ofOneTable || query->columns.back().type.kind != ColumnKind::Whole)
             continue;
         const char* type = nullptr;
@@ -269,26 +282,54 @@ void ConnectionImpl::BeginWrite()
     m_writing = true;
 }
 
+// False for a catalog of another tool in which no table has numbers that never come back.
+bool ConnectionImpl::RemembersKeys()
+{
+    return WholeNumber(u"SELECT count(*) FROM sqlite_master WHERE name = 'sqlite_sequence'"_s, {}) > 0;
+}
+
+// The first value of the first row, 0 where there is none.
+qint64 ConnectionImpl::WholeNumber(const QString& sql, const QList<Value>& values)
+{
+    Statement& statement = Prepared(sql);
+    for (int i = 0; i < values.size(); ++i)
+        statement.Bind(i + 1, values[i]);
+    const qint64 number = statement.Step() ? statement.Integer(0) : 0;
+    statement.Reset();
+    return number;
+}
+
 qint64 ConnectionImpl::ReserveKey(const QString& table)
 {
-    const auto highest = [this](const QString& sql, const Value& name) -> std::optional<qint64> {
-        Statement& statement = Prepared(sql);
-        if (!name.IsNull())
-            statement.Bind(1, name);
-        const std::optional<qint64> key = statement.Step() ? std::optional<qint64>(statement.Integer(0)) : std::nullopt;
-        statement.Reset();
-        return key;
-    };
-    std::optional<qint64> used;
-    try {
-        used = highest(u"SELECT seq FROM sqlite_sequence WHERE name = ? COLLATE NOCASE"_s, table);
-    } catch (const RuntimeError&) { // NOLINT(bugprone-empty-catch): no table of this catalog remembers its keys
+    const auto [entry, isFirst] = m_reserved.try_emplace(table.toLower(), 0);
+    qint64& last = entry->second;
+    const auto raise = [&last](qint64 number) { last = std::max(last, number); };
+    raise(WholeNumber(u"SELECT max(_rowid_) FROM "_s + QuotedName(table), {}));
+    if (RemembersKeys())
+        raise(WholeNumber(u"SELECT max(CAST(seq AS INTEGER)) FROM sqlite_sequence WHERE name = ? COLLATE NOCASE"_s, {table}));
+    if (isFirst)
+        raise(HighestHeldKey(table));
+    if (last == std::numeric_limits<qint64>::max())
+        Raise(u"the numbers of the table %1 are used up"_s.arg(table));
+    return ++last;
+}
+
+// Another tool may have set the counter back: a new film must not get the loans or the cast of one that is gone.
+qint64 ConnectionImpl::HighestHeldKey(const QString& table)
+{
+    qint64 highest = 0;
+    for (const KeyHolder& holder : kKeyHolders) {
+        if (table.compare(holder.keys, Qt::CaseInsensitive) != 0 ||
+            sqlite3_table_column_metadata(m_database, "main", holder.table, holder.column, nullptr, nullptr, nullptr, nullptr, nullptr) !=
+                SQLITE_OK)
+            continue;
+        const QString column = QuotedName(QString::fromLatin1(holder.column));
+        const QString largest = QString::number(std::numeric_limits<qint64>::max()); // keeps texts out, which are larger than any number
+        highest = std::max(highest, WholeNumber(u"SELECT max("_s + column + u") FROM "_s + QuotedName(QString::fromLatin1(holder.table)) +
+                                                    u" WHERE "_s + column + u" <= "_s + largest,
+                                                {}));
     }
-    if (!used)
-        used = highest(u"SELECT max(_rowid_) FROM "_s + QuotedName(table), {});
-    qint64& last = m_reserved[table.toLower()];
-    last = std::max(last, used.value_or(0)) + 1;
-    return last;
+    return highest;
 }
 
 void ConnectionImpl::BurnKey(const QString& table, qint64 key)
@@ -323,10 +364,11 @@ void Connection::CloseQuietly() noexcept
     }
 }
 
-void Connection::Open(const QString& connectionString)
+Connection OpenCatalog(const QString& path)
 {
-    Close();
-    m_impl = std::make_shared<ConnectionImpl>(PathOfConnectionString(connectionString));
+    Connection connection;
+    connection.m_impl = std::make_shared<ConnectionImpl>(path);
+    return connection;
 }
 
 bool Connection::IsOpen() const

@@ -12,10 +12,7 @@ namespace kelvado {
 
 class ConnectionImpl;
 
-/// The text by which every routine connects to the catalog at `path`.
-QString ConnectionString(const QString& path);
-
-/// One connection to a catalog, for the length of one operation. Opening it reads nothing but the file's existence.
+/// One connection to a catalog, for the length of one operation, made by `OpenCatalog`. Opening it reads nothing but the file's existence.
 /// A write transaction begins with the first write and is committed by `Close`, also where the operation failed half-way: what was
 /// stored stays. While no connection is open, the catalog is a single file.
 class Connection
@@ -28,10 +25,6 @@ public:
     /// Closes what was open as the destructor does.
     Connection& operator=(Connection&&) noexcept;
 
-    /// Closes what was open, then opens by a text of the form that `ConnectionString` gives; user, password and options are those of every
-    /// caller: none. A file that may not be written is opened for reading. Raises `kErrDatabase` with the engine's text and the path where
-    /// the file is missing or cannot be opened. A file that is no catalog is found out by the first query.
-    void Open(const QString& connectionString);
     bool IsOpen() const;
     /// Commits and closes. Raises where the commit fails (a full disk) or where the engine had to undo the operation's writes before;
     /// the connection is closed all the same. Open recordsets of the connection are closed with it.
@@ -53,8 +46,13 @@ public:
 private:
     void CloseQuietly() noexcept;
 
+    friend Connection OpenCatalog(const QString& path);
     friend class Recordset;
     std::shared_ptr<ConnectionImpl> m_impl;
 };
+
+/// Opens the catalog at `path`; one that may not be written is opened for reading. Raises `kErrDatabase` with the engine's text and the
+/// path where the file is missing or cannot be opened. A file that is no catalog is found out by the first query.
+Connection OpenCatalog(const QString& path);
 
 } // namespace kelvado

@@ -2,6 +2,7 @@
 
 #include "store/ColumnType.h"
 #include "store/JetSql.h"
+#include "store/LockWait.h"
 #include "store/Statement.h"
 
 #include <QList>
@@ -77,7 +78,8 @@ public:
 
     /// Begins the write transaction, unless it has begun. Raises for a catalog that may not be written.
     void BeginWrite();
-    /// A key for a new row of `table` that no row had before and no other row will get. Needs the write transaction.
+    /// A key for a new row of `table` that no row had before and no other row will get. Needs the write transaction. Raises where the
+    /// numbers are used up.
     qint64 ReserveKey(const QString& table);
     /// Sees to it that a reserved key that was not used stays unused.
     void BurnKey(const QString& table, qint64 key);
@@ -86,11 +88,16 @@ private:
     void Run(const QString& sql);
     bool IsTable(const QByteArray& name) const; // a view is none
     void Commit();
+    void UndoStep() noexcept;
     void BurnKeys();
+    bool RemembersKeys();
+    qint64 WholeNumber(const QString& sql, const QList<Value>& values);
+    qint64 HighestHeldKey(const QString& table);
     [[noreturn]] void RaiseUndone() const;
 
     QString m_path;
     sqlite3* m_database = nullptr;
+    LockWait m_wait;
     bool m_writing = false;
     std::vector<ConnectionClient*> m_clients;
     std::unordered_map<QString, std::unique_ptr<Query>> m_queries;

@@ -17,8 +17,7 @@ void DeleteRows(Connection& connection, const QString& sql)
 
 void SetColumn(const QString& sql, QStringView column, const Value& value, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset film;
     film.Open(sql, connection);
     if (film.Eof())
@@ -29,12 +28,8 @@ void SetColumn(const QString& sql, QStringView column, const Value& value, const
     connection.Close();
 }
 
-} // namespace
-
-void DeleteFilm(const QString& movieId, const QString& catalogPath)
+void DeleteFilmRows(const QString& movieId, Connection& connection)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
     DeleteRows(connection, u"SELECT * FROM GenreLink WHERE Movie_ID  = "_s + movieId);
     DeleteRows(connection, u"SELECT * FROM ActorLink WHERE Movie_ID = "_s + movieId);
     DeleteRows(connection, u"SELECT * FROM DirectorLink WHERE Movie_ID = "_s + movieId);
@@ -50,7 +45,19 @@ void DeleteFilm(const QString& movieId, const QString& catalogPath)
         DeleteRows(connection, u"SELECT * FROM Images WHERE Image_ID  = "_s + picture.Text());
     DeleteRows(connection, u"SELECT ProducerLink.* FROM ProducerLink WHERE Movie_ID = "_s + movieId);
     DeleteRows(connection, u"SELECT CompanyLink.* FROM CompanyLink WHERE Movie_ID = "_s + movieId);
-    connection.Close();
+}
+
+} // namespace
+
+void DeleteFilm(const QString& movieId, const QString& catalogPath)
+{
+    Connection connection = OpenCatalog(catalogPath);
+    try {
+        connection.AllOrNothing([&] { DeleteFilmRows(movieId, connection); });
+        connection.Close();
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.Number(), error.Description() + u"\r\nThe film is still in the catalog, with all that belongs to it."_s);
+    }
 }
 
 void MoveFilmToRequests(const QString& movieId, const QString& catalogPath)
@@ -70,8 +77,7 @@ void AddToMovieNight(const QString& movieId, const QString& catalogPath)
 
 void ClearMovieNight(const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset films;
     for (films.Open(u"SELECT * FROM Movie WHERE MovieNight = 1"_s, connection); !films.Eof(); films.MoveNext()) {
         films[u"MovieNight"].Set(0);

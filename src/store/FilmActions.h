@@ -8,7 +8,7 @@ namespace kelvado {
 /// film's number as text. An unknown film raises 3021.
 
 /// Deletes the film's row, its front picture and its links to genres, people and companies. The people stay, and so do its features,
-/// its back picture and its loans.
+/// its back picture and its loans. Where one of the statements fails, nothing is deleted.
 void DeleteFilm(const QString& movieId, const QString& catalogPath);
 
 /// Makes the film a wanted one; its carrier is forgotten.

@@ -88,18 +88,17 @@ inline constexpr FilmColumn kEditColumns[] = {
     {"AudChannels"_L1, &FilmRecord::AudChannels},
 };
 
-// What the user knows of the film; every writer goes on with these.
-inline constexpr FilmColumn kPersonalColumns[] = {
+inline constexpr FilmColumn kOriginColumns[] = {
     {"Color"_L1, &FilmRecord::Color},
     {"Country"_L1, &FilmRecord::Country},
-    {"PurchasePrice"_L1, &FilmRecord::PurchasePrice},
-    {"PurchasedWhere"_L1, &FilmRecord::PurchasedWhere},
-    {"LastViewing"_L1, &FilmRecord::LastViewing},
-    {"SeenIt"_L1, &FilmRecord::SeenIt},
-    {"MyRating"_L1, &FilmRecord::MyRating},
-    {"MyRatingNotes"_L1, &FilmRecord::MyRatingNotes},
-    {"UserURL1"_L1, &FilmRecord::UserURL1},
-    {"UserURL2"_L1, &FilmRecord::UserURL2},
+};
+
+// What is the user's own: fresh web data never touches it.
+inline constexpr FilmColumn kPersonalColumns[] = {
+    {"PurchasePrice"_L1, &FilmRecord::PurchasePrice}, {"PurchasedWhere"_L1, &FilmRecord::PurchasedWhere},
+    {"LastViewing"_L1, &FilmRecord::LastViewing},     {"SeenIt"_L1, &FilmRecord::SeenIt},
+    {"MyRating"_L1, &FilmRecord::MyRating},           {"MyRatingNotes"_L1, &FilmRecord::MyRatingNotes},
+    {"UserURL1"_L1, &FilmRecord::UserURL1},           {"UserURL2"_L1, &FilmRecord::UserURL2},
     {"TrailerURL"_L1, &FilmRecord::TrailerURL},
 };
 

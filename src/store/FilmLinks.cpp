@@ -1,6 +1,8 @@
 #include "store/FilmLinks.h"
 
 #include "core/Conversions.h"
+#include "store/CaseBlind.h"
+#include "store/JetFunctions.h"
 
 #include <algorithm>
 #include <functional>
@@ -63,7 +65,7 @@ private:
     Connection& m_connection;
 };
 
-// Unlike all other names, a genre's goes into the query as it stands: one with an apostrophe fails there.
+// Unlike all other names, a genre's is looked up untrimmed.
 void LinkWriter::StoreGenres(const FilmRecord& film)
 {
     for (const FilmGenre& genre : film.Genres) {
@@ -71,15 +73,17 @@ void LinkWriter::StoreGenres(const FilmRecord& film)
             continue;
         Recordset link;
         link.Open(u"SELECT * FROM GenreLink"_s, m_connection);
-        Recordset match;
-        match.Open(u"SELECT Genre_ID, Genre FROM Genre WHERE Genre = '"_s + genre.Genre + u'\'', m_connection);
-        if (match.Eof()) {
-            match.AddNew();
-            match[u"Genre"].Set(TrimBlanks(genre.Genre));
-            match.Update();
+        std::optional<qint64> id = FindName(kGenre.table, genre.Genre, m_connection);
+        if (!id) {
+            Recordset all;
+            all.Open(u"SELECT * FROM Genre"_s, m_connection);
+            all.AddNew();
+            all[u"Genre"].Set(TrimBlanks(genre.Genre));
+            id = all[u"Genre_ID"].Get().Integer();
+            all.Update();
         }
         link.AddNew();
-        link[u"Genre_ID"].Set(match[u"Genre_ID"].Get());
+        link[u"Genre_ID"].Set(*id);
         link[u"Movie_ID"].Set(m_movieId);
         link.Update();
     }
@@ -136,19 +140,17 @@ void LinkWriter::StoreName(const NameTable& names, const QString& name, const Fi
 {
     Recordset link;
     link.Open(u"SELECT * FROM "_s + names.linkTable, m_connection);
-    Recordset match;
-    match.Open(u"SELECT "_s + names.table + u", "_s + names.idColumn + u" FROM "_s + names.table + u" WHERE "_s + names.table + u" = ?"_s,
-               {Value(TrimBlanks(name))}, m_connection);
+    const std::optional<qint64> match = FindName(names.table, TrimBlanks(name), m_connection);
     Recordset all;
     all.Open(u"SELECT * FROM "_s + names.table, m_connection);
 
     Value id;
-    if (match.Eof()) {
+    if (match) {
+        id = *match;
+    } else {
         all.AddNew();
         fillName(all);
         id = all[names.idColumn].Get();
-    } else {
-        id = match[names.idColumn].Get();
     }
     link.AddNew();
     link[names.idColumn].Set(id);
@@ -237,6 +239,27 @@ void ReadPeople(QList<FilmPerson>& people, const QString& sql, QString FilmPerso
 }
 
 } // namespace
+
+std::optional<qint64> FindName(const QString& table, const QString& name, Connection& connection)
+{
+    const QString query = u"SELECT "_s + table + u"_ID FROM "_s + table + u" WHERE "_s + table;
+    Recordset match;
+    match.Open(query + u" = ?"_s, {Value(name)}, connection);
+    if (!match.Eof())
+        return match.Integer(0);
+    if (!HasOtherLetters(name))
+        return std::nullopt;
+    // The index compares other letters by case: it leads to the names that begin in one of the possible ways.
+    const Value folded(FoldCase(name));
+    for (const QString& beginning : BeginningsOf(name)) {
+        const Value last(beginning + u"\U0010FFFF"_s);
+        match.Open(query + u" BETWEEN ? AND ? AND "_s + QLatin1StringView(kFoldFunction) + u'(' + table + u") = ?"_s,
+                   {Value(beginning), last, folded}, connection);
+        if (!match.Eof())
+            return match.Integer(0);
+    }
+    return std::nullopt;
+}
 
 std::optional<LinkFailure> StoreFilmLinks(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options,
                                           const WriterContext& context, Connection& connection)

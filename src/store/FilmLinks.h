@@ -18,7 +18,10 @@ struct LinkFailure
     QStringList lists; ///< those that are not in the catalog, or not all of them; after an update, those that are as they were
 };
 
-/// Stores the lists of a film that `options` lets through: each name is matched to an existing row by the catalog's comparison, or added,
+/// The number of the row that is called `name` in a table of names ("Actor"), whatever the case of any of its letters.
+std::optional<qint64> FindName(const QString& table, const QString& name, Connection& connection);
+
+/// Stores the lists of a film that `options` lets through: each name is matched to an existing row, or added,
 /// and linked to the film. `movieId` goes into the link rows; with Null the links belong to no film.
 /// In the mode `Update` the film's old links of a list go first, where there are new ones to take their place and the film is known.
 /// A list that cannot be stored then stays as it was. Stops at the first failure and returns it.

@@ -1,6 +1,7 @@
 #include "store/JetFunctions.h"
 
 #include "core/Conversions.h"
+#include "store/CaseBlind.h"
 
 #include <QString>
 
@@ -57,6 +58,11 @@ void IsNumericText(sqlite3_context* context, Arguments arguments)
     sqlite3_result_int(context, sqlite3_value_type(arguments[0]) != SQLITE_NULL && IsNumeric(TextOf(arguments[0])) ? 1 : 0);
 }
 
+void Fold(sqlite3_context* context, Arguments arguments)
+{
+    Answer(context, FoldCase(TextOf(arguments[0])));
+}
+
 void NumberOf(sqlite3_context* context, Arguments arguments)
 {
     const int type = sqlite3_value_type(arguments[0]);
@@ -99,6 +105,7 @@ int RegisterJetFunctions(sqlite3* database)
         {"Ucase", 1, Call<Ucase>},
         {"IsNumeric", 1, Call<IsNumericText, true>},
         {kNumberFunction, 1, Call<NumberOf>},
+        {kFoldFunction, 1, Call<Fold>},
     };
     for (const Entry& entry : kFunctions) {
         const int result =

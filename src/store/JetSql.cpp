@@ -1,6 +1,7 @@
 #include "store/JetSql.h"
 
 #include "core/Literals.h"
+#include "store/CaseBlind.h"
 #include "store/JetFunctions.h"
 
 #include <algorithm>
@@ -9,8 +10,6 @@
 #include <vector>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -153,7 +152,7 @@ private:
 class Translator
 {
 public:
-    Translator(std::vector<Token> tokens, const QSet<QString>& numberColumns) : m_tokens(std::move(tokens)), m_numberColumns(numberColumns)
+    Translator(std::vector<Token> tokens, const NumberColumns& numberColumns) : m_tokens(std::move(tokens)), m_numberColumns(numberColumns)
     {
     }
 
@@ -164,7 +163,7 @@ public:
         TakeDeleteListOut();
         for (std::size_t i = 0; i < m_tokens.size(); ++i)
             WriteToken(i);
-        WriteNumberComparisons();
+        WriteColumns();
         TranslatedSql translated;
         translated.sql = Join(0, m_tokens.size()) + m_limit;
         DescribePlainSelect(translated);
@@ -265,17 +264,21 @@ private:
         return isSign && i + 1 < m_tokens.size() && m_tokens[i + 1].kind == TokenKind::Number ? 2 : 0;
     }
 
-    // The number of tokens of the number column at `i`, with its table, 0 where none stands there.
-    std::size_t NumberColumnLength(std::size_t i) const
+    // A column's name at `i`.
+    struct Name
     {
-        if (!IsName(i))
-            return 0;
+        std::size_t length = 0; ///< in tokens, with its table; 0 where none stands there
+        QString column;         ///< in lower case
+    };
+
+    Name NameAt(std::size_t i) const
+    {
+        if (!IsName(i) || IsSymbol(i + 1, u"("))
+            return {};
         const bool qualified = (IsSymbol(i + 1, u".") || IsSymbol(i + 1, u"!")) && IsName(i + 2);
         const Token& name = m_tokens[qualified ? i + 2 : i];
         const QStringView bare = name.kind == TokenKind::Bracketed ? name.text.sliced(1, name.text.size() - 2) : name.text;
-        if (!m_numberColumns.contains(bare.toString().toLower()))
-            return 0;
-        return qualified ? 3 : 1;
+        return {qualified ? std::size_t{3} : std::size_t{1}, bare.toString().toLower()};
     }
 
     bool IsComparison(std::size_t i) const
@@ -285,35 +288,87 @@ private:
                                    [&](QStringView sign) { return m_tokens[i].text == sign; });
     }
 
-    void WrapInNumber(std::size_t from, std::size_t length)
+    void Wrap(std::size_t from, std::size_t length, const QString& before, const QString& behind)
     {
-        m_tokens[from].written.prepend(kCallNumber);
-        m_tokens[from + length - 1].written.append(u')');
+        m_tokens[from].written.prepend(before);
+        m_tokens[from + length - 1].written.append(behind);
+    }
+
+    void Call(const char* function, std::size_t from, std::size_t length)
+    {
+        Wrap(from, length, QLatin1StringView(function) + u"("_s, u")"_s);
+    }
+
+    void ReadEmptyAsNull(std::size_t from, std::size_t length) { Wrap(from, length, u"nullif("_s, u",'')"_s); }
+
+    enum class Clause { List, Argument, Condition, Order, Other };
+
+    std::optional<Clause> ClauseAt(std::size_t i) const
+    {
+        if (IsAnyWord(i, {u"WHERE", u"ON", u"HAVING"}))
+            return Clause::Condition;
+        if (IsAnyWord(i, {u"ORDER", u"GROUP"}) && IsWord(i + 1, u"BY"))
+            return Clause::Order;
+        if (IsWord(i, u"SELECT"))
+            return Clause::List;
+        return IsAnyWord(i, {u"SET", u"FROM", u"INTO", u"VALUES"}) ? std::optional(Clause::Other) : std::nullopt;
     }
 
     // Only conditions compare: the same sign in a SET list stores.
-    void WriteNumberComparisons()
+    void WriteColumns()
     {
-        bool inCondition = false;
+        Clause clause = Clause::Other;
+        std::vector<Clause> outer;
         for (std::size_t i = 0; i < m_tokens.size(); ++i) {
-            if (IsAnyWord(i, {u"WHERE", u"ON", u"HAVING"}))
-                inCondition = true;
-            else if (IsAnyWord(i, {u"SELECT", u"SET", u"FROM"}) || (IsWord(i, u"ORDER") && IsWord(i + 1, u"BY")))
-                inCondition = false;
-            if (!inCondition || (i > 0 && (IsSymbol(i - 1, u".") || IsSymbol(i - 1, u"!"))))
-                continue;
-            const std::size_t column = NumberColumnLength(i);
-            const std::size_t left = column > 0 ? column : LiteralLength(i);
-            if (left == 0 || !IsComparison(i + left))
-                continue;
-            const std::size_t second = i + left + 1;
-            const std::size_t right = column > 0 ? LiteralLength(second) : NumberColumnLength(second);
-            if (right == 0)
-                continue;
-            WrapInNumber(i, left);
-            WrapInNumber(second, right);
-            i = second + right - 1;
+            if (IsSymbol(i, u"(")) {
+                outer.push_back(clause);
+                clause = clause == Clause::List ? Clause::Argument : clause;
+            } else if (IsSymbol(i, u")") && !outer.empty()) {
+                clause = outer.back();
+                outer.pop_back();
+            } else if (const std::optional<Clause> next = ClauseAt(i)) {
+                clause = *next;
+            } else if (clause == Clause::Condition) {
+                i += WriteComparison(i);
+            } else if (clause == Clause::Order || clause == Clause::Argument) {
+                const Name name = NameAt(i);
+                if (m_numberColumns.numbers.contains(name.column))
+                    ReadEmptyAsNull(i, name.length);
+                i += std::max<std::size_t>(name.length, 1) - 1;
+            }
         }
+    }
+
+    /// Returns how many tokens are done behind the one at `i`.
+    std::size_t WriteComparison(std::size_t i)
+    {
+        const Name first = NameAt(i);
+        const std::size_t left = first.length > 0 ? first.length : LiteralLength(i);
+        if (left == 0)
+            return 0;
+        if (first.length > 0 && IsWord(i + left, u"IS") && m_numberColumns.numbers.contains(first.column))
+            ReadEmptyAsNull(i, left);
+        if (!IsComparison(i + left))
+            return left - 1;
+        const std::size_t second = i + left + 1;
+        const Name name = first.length > 0 ? first : NameAt(second);
+        const std::size_t right = first.length > 0 ? LiteralLength(second) : name.length;
+        if (right == 0)
+            return left - 1;
+        const bool isEqual = IsSymbol(i + left, u"=");
+        const std::size_t literal = first.length > 0 ? second : i;
+        if (m_numberColumns.compared.contains(name.column) || (m_numberColumns.numbers.contains(name.column) && !isEqual)) {
+            Call(kNumberFunction, i, left);
+            Call(kNumberFunction, second, right);
+        } else if (m_numberColumns.zeroWhereNull.contains(name.column) && m_tokens[literal].text == u"0") {
+            const std::size_t column = first.length > 0 ? i : second;
+            ReadEmptyAsNull(column, name.length);
+            Wrap(column, name.length, u"ifnull("_s, u",0)"_s);
+        } else if (m_tokens[literal].kind == TokenKind::Text && HasOtherLetters(m_tokens[literal].text)) {
+            Call(kFoldFunction, i, left);
+            Call(kFoldFunction, second, right);
+        }
+        return left + right;
     }
 
     QString Join(std::size_t from, std::size_t to) const
@@ -356,15 +411,14 @@ private:
         translated.sqlByRowId = columns + u" WHERE _rowid_ = ?"_s;
     }
 
-    const QString kCallNumber = QLatin1StringView(kNumberFunction) + u"("_s;
     std::vector<Token> m_tokens;
-    const QSet<QString>& m_numberColumns;
+    const NumberColumns& m_numberColumns;
     QString m_limit;
 };
 
 } // namespace
 
-TranslatedSql TranslateJetSql(const QString& sql, const QSet<QString>& numberColumns)
+TranslatedSql TranslateJetSql(const QString& sql, const NumberColumns& numberColumns)
 {
     std::optional<std::vector<Token>> tokens = Tokenizer(sql).Run();
     if (!tokens || tokens->empty())

@@ -109,15 +109,15 @@ int Recordset::FieldCount() const
 
 int Recordset::ColumnIndex(QStringView name) const
 {
-    return Opened().ColumnIndex(name);
+    const int index = Opened().ColumnIndex(name);
+    if (index < 0)
+        throw RuntimeError::WithDetail(kErrItemNotFound, name.toString());
+    return index;
 }
 
 Field Recordset::operator[](QStringView name) const
 {
-    const int index = ColumnIndex(name);
-    if (index < 0)
-        throw RuntimeError::WithDetail(kErrItemNotFound, name.toString());
-    return {m_impl.get(), index};
+    return {m_impl.get(), ColumnIndex(name)};
 }
 
 Field Recordset::operator[](int index) const

@@ -84,14 +84,14 @@ public:
     qint64 AbsolutePage() const;
 
     int FieldCount() const;
-    /// The column's place from 0, found without regard to case; -1 where there is none.
+    /// The column's place from 0, found without regard to case. Raises 3265 with the name where there is none.
     int ColumnIndex(QStringView name) const;
     /// Raises 3265 where there is no such column.
     Field operator[](QStringView name) const;
     Field operator[](int index) const;
 
     /// The current row's values by place; the fast way for long walks. Raises 3021 where there is no current row, 3265 for a place
-    /// that is none (-1, where a catalog lacks the column).
+    /// that is none.
     bool IsNull(int column) const;
     QString Text(int column) const; ///< "" for Null and for the zero date
     /// The same text as UTF-8, without a copy where that can be; valid until the next call on this recordset.

@@ -222,8 +222,13 @@ std::vector<Value> RecordsetImpl::CopyRow(const Statement& statement) const
     row.reserve(static_cast<std::size_t>(Columns().size()));
     for (int i = 0; i < Columns().size(); ++i) {
         const int place = StatementColumn(i);
-        const bool isBlob = m_query->ofOneTable && Columns()[i].type.kind == ColumnKind::Binary && !statement.IsNull(place);
-        row.push_back(isBlob ? Value(QByteArray()) : statement.Get(place));
+        const ColumnKind kind = Columns()[i].type.kind;
+        if (m_query->ofOneTable && kind == ColumnKind::Binary && !statement.IsNull(place))
+            row.emplace_back(QByteArray());
+        else if (HoldsNoTexts(kind) && statement.HoldsEmptyText(place))
+            row.emplace_back();
+        else
+            row.push_back(statement.Get(place));
     }
     return row;
 }
@@ -266,7 +271,14 @@ bool RecordsetImpl::IsNull(int column)
     if (const std::optional<Value> pending = Pending(column))
         return pending->IsNull();
     RequireRow();
-    return m_place == Place::Streamed ? m_query->statement.IsNull(StatementColumn(column)) : Held(column).IsNull();
+    return m_place == Place::Streamed ? StreamsNull(column) : Held(column).IsNull();
+}
+
+bool RecordsetImpl::StreamsNull(int column) const
+{
+    const Statement& statement = m_query->statement;
+    const int place = StatementColumn(column);
+    return statement.IsNull(place) || (HoldsNoTexts(Columns()[column].type.kind) && statement.HoldsEmptyText(place));
 }
 
 Value RecordsetImpl::Get(int column)
@@ -277,7 +289,8 @@ Value RecordsetImpl::Get(int column)
     } else {
         RequireRow();
         if (m_place == Place::Streamed) {
-            value = m_query->statement.Get(StatementColumn(column));
+            if (!StreamsNull(column))
+                value = m_query->statement.Get(StatementColumn(column));
         } else if (IsBlobOfRow(column)) {
             OpenBlob(column);
             value = m_blob.Read(0, m_blob.Size());
@@ -415,13 +428,13 @@ void RecordsetImpl::AddNew()
     Update();
     RequireWritable(-1);
     m_connection->BeginWrite();
+    if (m_query->keyColumn >= 0)
+        m_reservedKey = m_connection->ReserveKey(m_query->translated.table);
     m_changes.assign(static_cast<std::size_t>(Columns().size()), std::nullopt);
     m_adding = true;
     m_chunkAt.clear();
-    if (m_query->keyColumn >= 0) {
-        m_reservedKey = m_connection->ReserveKey(m_query->translated.table);
+    if (m_reservedKey)
         m_changes[static_cast<std::size_t>(m_query->keyColumn)] = Value(*m_reservedKey);
-    }
 }
 
 void RecordsetImpl::Update()

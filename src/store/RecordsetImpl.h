@@ -76,6 +76,7 @@ private:
     void FreezeKeys();
 
     int StatementColumn(int column) const { return column + (m_query->ofOneTable ? 1 : 0); }
+    bool StreamsNull(int column) const;
     const Value& Held(int column) const { return m_held[static_cast<std::size_t>(column)]; }
     std::optional<Value> Pending(int column) const;
     bool IsBlobOfRow(int column) const;

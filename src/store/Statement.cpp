@@ -202,9 +202,9 @@ bool Statement::HoldsNumber(int column) const
     return type == SQLITE_INTEGER || type == SQLITE_FLOAT;
 }
 
-qint64 Statement::ByteCount(int column) const
+bool Statement::HoldsEmptyText(int column) const
 {
-    return sqlite3_column_bytes(m_handle, column);
+    return sqlite3_column_type(m_handle, column) == SQLITE_TEXT && sqlite3_column_bytes(m_handle, column) == 0;
 }
 
 } // namespace kelvado

@@ -57,7 +57,7 @@ public:
     Value Get(int column) const;
     bool HoldsWhole(int column) const;
     bool HoldsNumber(int column) const;
-    qint64 ByteCount(int column) const;
+    bool HoldsEmptyText(int column) const;
 
 private:
     [[noreturn]] void Raise();

@@ -83,19 +83,22 @@ std::optional<IncompleteFilm> StoreLinksAndClose(const FilmRecord& film, const V
 
 qint64 AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const WriterContext& context)
 {
-    Connection connection;
-    connection.Open(ConnectionString(context.catalogPath));
-    Recordset movie;
-    movie.Open(u"SELECT * FROM Movie"_s, connection);
-    movie.AddNew();
-    movie[u"Title"].Set(film.Title);
-    PutColumns(kAddColumns, film, options, movie, context);
-    PutColumns(kPersonalColumns, film, options, movie, context);
-    PutColumns(kAddFileColumns, film, options, movie, context);
-    const Value linkId = StorePicture(film, options, LinkColumn::WhereKnown, movie, connection);
-    const qint64 movieId = movie[u"Movie_ID"].Get().Integer();
-    movie.Update();
-    movie.Close();
+    Connection connection = OpenCatalog(context.catalogPath);
+    Value linkId;
+    qint64 movieId = 0;
+    connection.AllOrNothing([&] {
+        Recordset movie;
+        movie.Open(u"SELECT * FROM Movie"_s, connection);
+        movie.AddNew();
+        movie[u"Title"].Set(film.Title);
+        PutColumns(kAddColumns, film, options, movie, context);
+        PutColumns(kOriginColumns, film, options, movie, context);
+        PutColumns(kPersonalColumns, film, options, movie, context);
+        PutColumns(kAddFileColumns, film, options, movie, context);
+        linkId = StorePicture(film, options, LinkColumn::WhereKnown, movie, connection);
+        movieId = movie[u"Movie_ID"].Get().Integer();
+        movie.Update();
+    });
     if (const auto failure = StoreLinksAndClose(film, linkId, LinkMode::Add, options, context, connection))
         throw *failure;
     return movieId;
@@ -103,16 +106,19 @@ qint64 AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const Writer
 
 void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFilm& options, const WriterContext& context, Shell& shell)
 {
-    Connection connection;
-    connection.Open(ConnectionString(context.catalogPath));
+    Connection connection = OpenCatalog(context.catalogPath);
+    Value linkId;
+    qint64 storedId = 0;
     Recordset movie;
     movie.Open(kFilmById + movieId, connection);
     movie[u"Title"].Set(film.Title);
     PutColumns(kUpdateColumns, film, options, movie, context);
-    PutColumns(kPersonalColumns, film, options, movie, context);
-    const Value linkId = StorePicture(film, options, LinkColumn::Always, movie, connection);
-    const qint64 storedId = movie[u"Movie_ID"].Get().Integer();
-    movie.Update();
+    PutColumns(kOriginColumns, film, options, movie, context);
+    connection.AllOrNothing([&] {
+        linkId = StorePicture(film, options, LinkColumn::Always, movie, connection);
+        storedId = movie[u"Movie_ID"].Get().Integer();
+        movie.Update();
+    });
     movie.Close();
     const auto failure = StoreLinksAndClose(film, linkId, LinkMode::Update, options, context, connection);
     // The node is told last: its key is made from what the catalog then holds.
@@ -124,13 +130,13 @@ void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFi
 
 void SaveFilmEdit(const FilmRecord& film, qint64 movieId, const WriterContext& context)
 {
-    Connection connection;
-    connection.Open(ConnectionString(context.catalogPath));
+    Connection connection = OpenCatalog(context.catalogPath);
     Recordset movie;
     movie.Open(kFilmById + QString::number(movieId), connection);
     if (movie.Eof())
         throw RuntimeError(kErrNoCurrentRecord);
     PutColumns(kEditColumns, film, {}, movie, context);
+    PutColumns(kOriginColumns, film, {}, movie, context);
     PutColumns(kPersonalColumns, film, {}, movie, context);
     movie.Update();
     movie.Close();
@@ -139,8 +145,7 @@ void SaveFilmEdit(const FilmRecord& film, qint64 movieId, const WriterContext& c
 
 FilmRecord ReadFilm(qint64 movieId, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset movie;
     movie.Open(kFilmById + QString::number(movieId), connection);
     if (movie.Eof())
@@ -157,10 +162,10 @@ FilmRecord ReadFilm(qint64 movieId, const QString& catalogPath)
         void operator()(bool FilmRecord::*member) const { film.*member = FieldNumber(column, movie) != 0; }
         void operator()(QDate FilmRecord::*) const {} // the day of the last viewing is written only
     };
-    for (const FilmColumn& column : kEditColumns)
-        std::visit(Reader{film, movie, column.column}, column.member);
-    for (const FilmColumn& column : kPersonalColumns)
-        std::visit(Reader{film, movie, column.column}, column.member);
+    for (const std::span<const FilmColumn> columns : {std::span<const FilmColumn>(kEditColumns), {kOriginColumns}, {kPersonalColumns}}) {
+        for (const FilmColumn& column : columns)
+            std::visit(Reader{film, movie, column.column}, column.member);
+    }
     film.Image_ID = NumberText(FieldNumber(u"Image_ID"_s, movie));
     film.ImageBack_ID = NumberText(FieldNumber(u"ImageBack_ID"_s, movie));
     ReadFilmLinks(film, movieId, connection);

@@ -43,8 +43,7 @@ QString BehindThePoint(const QString& sort)
 
 void StatusTexts::Recount(const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     for (const Count& count : kCounts) {
         Recordset rows;
         rows.Open(QString::fromLatin1(count.sql), connection);

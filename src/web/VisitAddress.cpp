@@ -10,8 +10,7 @@ namespace {
 
 QString ColumnOf(const QString& query, const QString& column, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset row;
     row.Open(query, connection);
     return row.Eof() ? QString() : FieldString(column, row);

@@ -38,6 +38,8 @@ TEST(DesktopDialogs, AMessageIsPlainTextAndAnswersWithTheButton)
     EXPECT_EQ(dialogs.MessageBox(text, kBoxYesNoCritical, u"Title"_s), kAnswerYes);
     OnDialog<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     EXPECT_EQ(dialogs.MessageBox(text, kBoxYesNo, u"Title"_s), kAnswerNo);
+    OnDialog<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_FALSE(dialogs.ConfirmLoss(text, kBoxYesNoCritical, u"Title"_s));
     OnDialog<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(box.windowTitle(), u"Kelvado"_s);
         EXPECT_EQ(box.icon(), QMessageBox::Information);

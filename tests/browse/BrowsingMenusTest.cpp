@@ -82,9 +82,9 @@ TEST(FilterDialog, PutsTheValueInQuotesAndIncludesItInGreaterAndLess)
     const FilterRecord year = MakeFilter(Element("Year"), 1, u" 1979 "_s);
     EXPECT_EQ(year.WhereText, u"Movie.Year >=\"1979\"");
     EXPECT_EQ(year.Caption, u"Year Greater Than  1979 ");
-    const FilterRecord title = MakeFilter(Element("Title"), 2, u"it's"_s);
-    EXPECT_EQ(title.WhereText, u"Movie.Title =\"it's\"");
-    EXPECT_EQ(title.Caption, u"Title contains it's");
+    const FilterRecord title = MakeFilter(Element("Title"), 2, u"\tit's \"so\" "_s);
+    EXPECT_EQ(title.WhereText, u"Movie.Title =\"\tit's \"\"so\"\"\"");
+    EXPECT_EQ(title.Caption, u"Title contains \tit's \"so\" ");
 }
 
 class FiltersTest : public TreeFixture
@@ -240,6 +240,13 @@ TEST_F(FilmCommandsTest, FindWalksGroupsFilmsAndFetchedCastsAndTellsTheEnd)
     EXPECT_EQ(found.last(), u"Ann");
     EXPECT_EQ(dialogs.boxes.size(), 1);
     EXPECT_EQ(find.Position(), 1);
+    // Below the last film a row waits for its cast, which is a node as well.
+    tree.FillTree();
+    next(u"brazil");
+    EXPECT_EQ(found.last(), u"Brazil");
+    EXPECT_EQ(dialogs.boxes.size(), 1);
+    next(u"brazil");
+    EXPECT_EQ(dialogs.boxes.size(), 2);
     model.RemoveFilm(Film("1"));
     found.clear();
     next(u"al");

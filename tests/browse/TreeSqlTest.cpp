@@ -44,8 +44,7 @@ class TreeSqlTest : public TreeFixture
 protected:
     qint64 Rows(const QString& sql) const
     {
-        Connection connection;
-        connection.Open(ConnectionString(catalog.Path()));
+        Connection connection = OpenCatalog(catalog.Path());
         Recordset rows;
         rows.Open(sql, connection);
         return rows.RecordCount();
@@ -101,7 +100,7 @@ TEST_F(TreeSqlTest, FiltersCompareNumbersWhereAColumnHoldsThemAndTextsElsewhere)
         const QString filter = u"WHERE "_s + QString::fromUtf16(where);
         EXPECT_EQ(Rows(BuildLevelSql(u"Movie.Title"_s, 2, state.gOptions->View, filter)), films) << qPrintable(filter);
     }
-    for (const char16_t* where : {u"Genre.Genre = \"Drama\"", u"Movie.IMDbLink = \"1\"", u"Movie.Title = \"a\"b\""})
+    for (const char16_t* where : {u"Movie.IMDbLink = \"1\"", u"Movie.Title = \"a\"b\""})
         EXPECT_THROW(Rows(BuildLevelSql(u"Movie.Title"_s, 2, state.gOptions->View, u"WHERE "_s + QString::fromUtf16(where))), RuntimeError);
 }
 

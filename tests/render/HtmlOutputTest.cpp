@@ -20,7 +20,7 @@ protected:
     {
         qputenv("KELVADO_HOME", m_home.path().toUtf8());
         catalog.Run("INSERT INTO Movie(Movie_ID, Title) VALUES (1, 'One')");
-        connection.Open(ConnectionString(catalog.Path()));
+        connection = OpenCatalog(catalog.Path());
     }
     ~Tokens() override { qunsetenv("KELVADO_HOME"); }
 

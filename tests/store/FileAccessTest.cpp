@@ -128,8 +128,7 @@ TEST_F(FileAccess, PicturesKeepTheirZerosOnTheWayThroughTheCatalog)
         for (qint64 i = 0; i < size; ++i)
             bytes[i] = static_cast<char>(i % 251 + 1);
         const QString path = Put(u"cover.jpeg"_s, bytes);
-        Connection connection;
-        connection.Open(ConnectionString(catalog.Path()));
+        Connection connection = OpenCatalog(catalog.Path());
         const qint64 id = StoreImageFile(path, connection);
         QString base = catalog.Folder() + u"\\MImage"_s;
         const QString exported = ExportImageFile(base, QString::number(id), connection);
@@ -142,8 +141,7 @@ TEST_F(FileAccess, PicturesKeepTheirZerosOnTheWayThroughTheCatalog)
 TEST_F(FileAccess, ABadPictureLeavesNoFileAndNoRow)
 {
     catalog.Run("INSERT INTO Images (Image, Extention) VALUES (x'00', '/../../evil'), (NULL, NULL)");
-    Connection connection;
-    connection.Open(ConnectionString(catalog.Path()));
+    Connection connection = OpenCatalog(catalog.Path());
     const auto errorOf = [](auto action) {
         try {
             action();

@@ -2,6 +2,7 @@
 
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
+#include "store/FilmActions.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
@@ -117,6 +118,49 @@ TEST_F(FilmWriter, NamesAreMatchedBlindToCaseAndNeverTouched)
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM WriterLink WHERE Writer_ID = 1"), u"2"_s);
 }
 
+TEST_F(FilmWriter, ANameFindsItsRowWhateverLettersAndQuotesItHolds)
+{
+    const std::pair<QString, QString> spellings[] = {
+        {u"Émile Zola"_s, u"émile ZOLA"_s},
+        {u"Ólafur ÓLAFSSON"_s, u"ólafur ólafsson"_s},
+        {u"Άννα Σόφος"_s, u"άννα ΣΌΦΟΣ"_s},
+        {u"Фёдор Достоевский"_s, u"фёдор достоевский"_s},
+        {u"Jörg \"O'Neil\""_s, u"JÖRG \"O'NEIL\""_s},
+    };
+    for (const auto& [first, second] : spellings) {
+        for (const QString& spelling : {first, second}) {
+            FilmRecord film;
+            film.Title = spelling;
+            film.Actors = {Person(spelling)};
+            film.Genres = {{spelling, 0}};
+            AddFilm(film, all, context);
+        }
+    }
+    AddFilm(WholeFilm(), all, context); // names without an É beside those with one
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Actor"), u"7"_s);
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Genre"), u"30"_s);
+    EXPECT_EQ(catalog.Ask("SELECT group_concat(n) FROM (SELECT count(*) AS n FROM ActorLink GROUP BY Actor_ID)"), u"2,2,2,2,2,1,1"_s);
+}
+
+TEST_F(FilmWriter, ADeletedFilmIsGoneWithItsListsOrNotAtAll)
+{
+    AddFilm(WholeFilm(), all, context);
+    const char* const rows = "SELECT (SELECT count(*) FROM Movie) || (SELECT count(*) FROM Images) || (SELECT count(*) FROM GenreLink) || "
+                             "(SELECT count(*) FROM ActorLink) || (SELECT count(*) FROM WriterLink) || (SELECT count(*) FROM CompanyLink)";
+    catalog.Run("CREATE TRIGGER t BEFORE DELETE ON CompanyLink BEGIN SELECT raise(ABORT, 'no'); END");
+    try {
+        DeleteFilm(u"1"_s, catalog.Path());
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_TRUE(error.Description().endsWith(u"The film is still in the catalog, with all that belongs to it."_s));
+    }
+    EXPECT_EQ(catalog.Ask(rows), u"112211"_s);
+    // An empty text where another tool left it is no picture.
+    catalog.Run("DROP TRIGGER t; UPDATE Movie SET Image_ID = ''");
+    DeleteFilm(u"1"_s, catalog.Path());
+    EXPECT_EQ(catalog.Ask(rows), u"010000"_s);
+}
+
 TEST_F(FilmWriter, LinksOfNewPeopleFollowTheirOddRules)
 {
     FilmRecord film = WholeFilm();
@@ -177,8 +221,8 @@ TEST_F(FilmWriter, AnUpdateKeepsWhatTheNewRecordDoesNotKnow)
     UpdateFilm(fresh, u"1"_s, all, context, shell);
 
     EXPECT_EQ(catalog.Ask("SELECT Votes || Year || Runtime || Filesize FROM Movie"), u"20001985142 min700 MB"_s);
-    // Amounts, dates and truth values are never empty, so they are written over.
-    EXPECT_EQ(catalog.Ask("SELECT PurchasePrice || SeenIt || LastViewing FROM Movie"), u"001899-12-30"_s);
+    // What is the user's own, no page knows.
+    EXPECT_EQ(catalog.Ask("SELECT PurchasePrice || SeenIt || LastViewing || MyRating FROM Movie"), u"12.512004-02-297"_s);
     EXPECT_EQ(catalog.Ask("SELECT group_concat(Actor) FROM ActorLink l JOIN Actor USING (Actor_ID) WHERE l.Movie_ID = 1"), u"New One"_s);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 77"), u"1"_s);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM WriterLink WHERE Movie_ID = 1"), u"1"_s);
@@ -221,8 +265,8 @@ TEST_F(FilmWriter, LongTextsAreCutOrAskedFor)
 TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
 {
     FilmRecord film = WholeFilm();
-    film.Genres = {{u"Drama"_s, 0}, {u"Children's"_s, 0}};
     film.Directors.clear();
+    catalog.Run("CREATE TRIGGER t BEFORE INSERT ON GenreLink WHEN (SELECT count(*) FROM GenreLink) > 0 BEGIN SELECT raise(ABORT, 'x'); END");
     try {
         AddFilm(film, all, context);
         FAIL();
@@ -242,7 +286,10 @@ TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
     catalog.Run("ALTER TABLE Movie DROP COLUMN Resolution");
     film.Resolution = u"640x480"_s;
     EXPECT_THROW(AddFilm(film, all, context), RuntimeError);
-    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie"), u"1"_s);
+    catalog.Run("CREATE TRIGGER u BEFORE INSERT ON Movie BEGIN SELECT raise(ABORT, 'x'); END");
+    film.Resolution.clear();
+    EXPECT_THROW(AddFilm(film, all, context), RuntimeError);
+    EXPECT_EQ(catalog.Ask("SELECT (SELECT count(*) FROM Movie) || (SELECT count(*) FROM Images)"), u"12"_s);
 }
 
 TEST_F(FilmWriter, AListThatCannotBeUpdatedStaysAsItWas)

@@ -33,7 +33,7 @@ protected:
                       "INSERT INTO Company (Company) VALUES ('C'); INSERT INTO CompanyLink VALUES (5, 1, 'Production', NULL);"
                       "INSERT INTO Feature_Link VALUES (5, 1);"
                       "INSERT INTO Loans (Loan_ID, Movie_ID, LoanedTo) VALUES (3, 13, 'Ann'), (4, 5, 'ann');");
-        m_connection.Open(ConnectionString(m_catalog.Path()));
+        m_connection = OpenCatalog(m_catalog.Path());
     }
 
     // The first column of all rows, joined by "|".

@@ -7,7 +7,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QSet<QString> kNumberColumns{u"rating"_s, u"year"_s};
+const NumberColumns kNumberColumns{{u"rating"_s, u"year"_s}, {u"year"_s, u"loan_id"_s}, {u"loan_id"_s}};
 
 QString Translated(const QString& sql)
 {
@@ -40,10 +40,16 @@ TEST(JetSql, WritesTheDialectInTheGrammarOfTheEngine)
         {u"WHERE '1999' = Movie!Year AND [Year] <> 5"_s,
          u"WHERE NumberOf('1999') = NumberOf(Movie.Year) AND NumberOf([Year]) <> NumberOf(5)"_s},
         {u"WHERE Movie.Year = Movie.Rating AND Rating Is Null"_s, u"WHERE Movie.Year = Movie.Rating AND Rating Is Null"_s},
+        {u"WHERE Title = \"Été\" AND Year = \"é\" OR 'É' <> g.a"_s,
+         u"WHERE FoldCase(Title) = FoldCase('Été') AND NumberOf(Year) = NumberOf('é') OR FoldCase('É') <> FoldCase(g.a)"_s},
+        {u"SELECT Loan_ID, Sum(Movie.Year) FROM Movie WHERE Loan_ID = 0 AND Movie.Loan_ID <> 0 AND Loan_ID Is Null AND Loan_ID = 5 "
+         "GROUP BY Year ORDER BY Movie.Loan_ID DESC"_s,
+         u"SELECT Loan_ID, Sum(nullif(Movie.Year,'')) FROM Movie WHERE ifnull(nullif(Loan_ID,''),0) = 0 AND NumberOf(Movie.Loan_ID) <> "
+         "NumberOf(0) AND nullif(Loan_ID,'') Is Null AND Loan_ID = 5 GROUP BY nullif(Year,'') ORDER BY nullif(Movie.Loan_ID,'') DESC"_s},
         {u"UPDATE Movie SET Year = 1999 WHERE Year = 1998"_s, u"UPDATE Movie SET Year = 1999 WHERE NumberOf(Year) = NumberOf(1998)"_s},
-        {u"SELECT a FROM [Order] WHERE [Year] Is Null"_s, u"SELECT a FROM [Order] WHERE [Year] Is Null"_s},
+        {u"SELECT a FROM [Order] WHERE [Year] Is Null"_s, u"SELECT a FROM [Order] WHERE nullif([Year],'') Is Null"_s},
         {u"WHERE ActorLink.Order > 1 AND Year > 5 AND Order = 2 AND '9' < Rating ORDER BY Year"_s,
-         u"WHERE ActorLink.[Order] > 1 AND NumberOf(Year) > NumberOf(5) AND [Order] = 2 AND NumberOf('9') < NumberOf(Rating) ORDER BY Year"_s},
+         u"WHERE ActorLink.[Order] > 1 AND NumberOf(Year) > NumberOf(5) AND [Order] = 2 AND NumberOf('9') < NumberOf(Rating) ORDER BY nullif(Year,'')"_s},
         {u"SELECT a -- it's, \"\nFROM b /* ' */WHERE c = '--' ; ;"_s, u"SELECT a FROM b WHERE c = '--'"_s},
         // What cannot be read goes to the engine as it stands.
         {u"SELECT Top 1 \"open"_s, u"SELECT Top 1 \"open"_s},

@@ -18,7 +18,7 @@ protected:
     RecordsetTest()
     {
         catalog.Run("INSERT INTO Writer (Writer, IMDB_LINK) VALUES ('a', 'x'), ('b', NULL), ('c', 'z'), ('d', 'z')");
-        connection.Open(ConnectionString(catalog.Path()));
+        connection = OpenCatalog(catalog.Path());
     }
 
     TempCatalog catalog;
@@ -138,7 +138,7 @@ TEST_F(RecordsetTest, KeysAreGivenAtOnceAndNeverComeBack)
     connection.Execute(u"DELETE * FROM Writer"_s);
     connection.Close();
 
-    connection.Open(ConnectionString(catalog.Path()));
+    connection = OpenCatalog(catalog.Path());
     rows.Open(u"SELECT * FROM Writer"_s, connection);
     rows.AddNew();
     EXPECT_EQ(rows[u"Writer_ID"].Get(), Value(8));
@@ -148,15 +148,82 @@ TEST_F(RecordsetTest, KeysAreGivenAtOnceAndNeverComeBack)
     EXPECT_EQ(rows[u"Loan_ID"].Get(), Value(1));
     rows.Close();
     connection.Close();
-    connection.Open(ConnectionString(catalog.Path()));
+    connection = OpenCatalog(catalog.Path());
     rows.Open(u"SELECT * FROM Loans"_s, connection);
     rows.AddNew();
     EXPECT_EQ(rows[u"Loan_ID"].Get(), Value(2));
     connection.Close(); // under the new row
-    connection.Open(ConnectionString(catalog.Path()));
+    connection = OpenCatalog(catalog.Path());
     rows.Open(u"SELECT * FROM Loans"_s, connection);
     rows.AddNew();
     EXPECT_EQ(rows[u"Loan_ID"].Get(), Value(3));
+}
+
+TEST_F(RecordsetTest, ANewKeyIsLargerThanAllWhateverTheCounterSays)
+{
+    const struct
+    {
+        const char* before;
+        QString table;
+        qint64 key; // 0 where there is none any more
+    } cases[] = {
+        {"UPDATE sqlite_sequence SET seq = 1", u"Writer"_s, 5},
+        {"DELETE FROM sqlite_sequence", u"Writer"_s, 5},
+        {"UPDATE sqlite_sequence SET seq = 'x'", u"Writer"_s, 5},
+        {"INSERT INTO WriterLink (Writer_ID) VALUES (9), ('')", u"Writer"_s, 10}, // a name that is gone
+        {"INSERT INTO Loans (Movie_ID) VALUES (30); INSERT INTO Feature_Link (Movie_ID) VALUES (20)", u"Movie"_s, 31},
+        {"INSERT INTO Movie (Image_ID, ImageBack_ID, Loan_ID) VALUES (4, 6, 8)", u"Images"_s, 7},
+        {"INSERT INTO Movie (Loan_ID) VALUES (8)", u"Loans"_s, 9},
+        {"UPDATE sqlite_sequence SET seq = 9223372036854775806 WHERE name = 'Writer'", u"Writer"_s, 9223372036854775807},
+        {"UPDATE sqlite_sequence SET seq = 9223372036854775807 WHERE name = 'Writer'", u"Writer"_s, 0},
+        {"UPDATE sqlite_sequence SET seq = 1e30 WHERE name = 'Writer'", u"Writer"_s, 0},
+        {"INSERT INTO Writer (Writer_ID) VALUES (9223372036854775807); DELETE FROM sqlite_sequence", u"Writer"_s, 0},
+    };
+    for (const auto& c : cases) {
+        const TempCatalog fresh;
+        fresh.Run("INSERT INTO Writer (Writer) VALUES ('a'), ('b'), ('c'), ('d')");
+        fresh.Run(c.before);
+        Connection other = OpenCatalog(fresh.Path());
+        rows.Open(u"SELECT * FROM "_s + c.table, other);
+        EXPECT_EQ(ErrorOf([&] { rows.AddNew(); }), c.key == 0 ? kErrDatabase : 0) << c.before;
+        if (c.key != 0) {
+            EXPECT_EQ(rows[0].Get(), Value(c.key)) << c.before;
+        }
+        EXPECT_EQ(ErrorOf([&] { rows.Update(); }), 0) << c.before;
+        rows.Close();
+        other.Close();
+        EXPECT_EQ(fresh.Ask("SELECT count(*) FROM Writer WHERE Writer_ID < 0"), u"0"_s) << c.before;
+    }
+}
+
+TEST_F(RecordsetTest, AnEmptyTextAmongNumbersIsNull)
+{
+    catalog.Run("INSERT INTO Movie (Title, Year, Loan_ID, Image_ID, SeenIt, LastViewing, PurchasePrice) VALUES "
+                "('a', '', '', '', '', '', ''), ('b', 1950, 0, NULL, 0, '2000-01-01', 2), ('c', NULL, 7, 3, 1, NULL, NULL)");
+    for (const QString& end : {u""_s, u" ORDER BY Title"_s, u" INNER JOIN Genre ON Genre_ID = 1"_s}) { // held, walked, joined
+        rows.Open(u"SELECT * FROM Movie"_s + end, connection);
+        for (const QString& column : {u"Year"_s, u"Loan_ID"_s, u"Image_ID"_s, u"SeenIt"_s, u"LastViewing"_s, u"PurchasePrice"_s}) {
+            EXPECT_TRUE(rows[column].IsNull()) << qPrintable(column);
+            EXPECT_TRUE(rows[column].Get().IsNull()) << qPrintable(column);
+            EXPECT_EQ(rows.Number(rows.ColumnIndex(column)), 0) << qPrintable(column);
+        }
+    }
+    const std::pair<QString, QString> queries[] = {
+        {u"SELECT Title FROM Movie ORDER BY Movie.Year, Title"_s, u"acb"_s},
+        {u"SELECT Year FROM Movie GROUP BY Year ORDER BY Year DESC"_s, u"1950"_s},
+        {u"SELECT Title FROM Movie WHERE Loan_ID <> 0"_s, u"c"_s},
+        {u"SELECT Title FROM Movie WHERE Movie.Loan_ID = 0 ORDER BY Title"_s, u"ab"_s},
+        {u"SELECT Title FROM Movie WHERE Loan_ID = 7"_s, u"c"_s},
+        {u"SELECT Title FROM Movie WHERE Year Is Null ORDER BY Title"_s, u"ac"_s},
+        {u"SELECT Count(Movie.Year) FROM Movie"_s, u"1"_s},
+        {u"SELECT Title FROM Movie WHERE Movie.Year >=\"1\""_s, u"b"_s},
+    };
+    for (const auto& [sql, expected] : queries) {
+        QString texts;
+        for (rows.Open(sql, connection); !rows.Eof(); rows.MoveNext())
+            texts += rows.Text(0);
+        EXPECT_EQ(texts, expected) << qPrintable(sql);
+    }
 }
 
 TEST_F(RecordsetTest, ALostUpdateIsReportedAndChangesNothing)
@@ -169,7 +236,7 @@ TEST_F(RecordsetTest, ALostUpdateIsReportedAndChangesNothing)
         const int number = ErrorOf([&] { rows.Update(); });
         rows.Close();
         connection.Close();
-        connection.Open(ConnectionString(catalog.Path()));
+        connection = OpenCatalog(catalog.Path());
         return number;
     };
     EXPECT_EQ(change("UPDATE Writer SET Writer = 'b', IMDB_LINK = NULL WHERE Writer_ID = 2"), 0); // written, but not changed
@@ -280,7 +347,7 @@ TEST_F(RecordsetTest, TablesOfOtherToolsWorkAsFarAsTheyGo)
     catalog.Run("CREATE TABLE Plain (Key INTEGER PRIMARY KEY, Name VARCHAR(5), Size DOUBLE, Made DATETIME);"
                 "CREATE TABLE Flat (Name TEXT PRIMARY KEY) WITHOUT ROWID; INSERT INTO Flat VALUES ('a');"
                 "CREATE VIEW Seen AS SELECT Name FROM Flat; DROP TABLE Feature_Link;"
-                "CREATE TABLE \"odd \"\"name\" (\"a \"\"b\" TEXT)");
+                "CREATE TABLE Untyped (Name); CREATE TABLE \"odd \"\"name\" (\"a \"\"b\" TEXT)");
     rows.Open(u"SELECT * FROM Plain"_s, connection);
     rows.AddNew();
     EXPECT_EQ(rows[u"Key"].Get(), Value(1));
@@ -297,6 +364,12 @@ TEST_F(RecordsetTest, TablesOfOtherToolsWorkAsFarAsTheyGo)
         EXPECT_EQ(ErrorOf([&] { rows.Text(1); }), kErrItemNotFound);
         EXPECT_EQ(ErrorOf([&] { rows.Text(-1); }), kErrItemNotFound);
     }
+    rows.Open(u"SELECT * FROM Untyped"_s, connection);
+    EXPECT_EQ(rows[0].DefinedSize(), 536870910);
+    rows.AddNew();
+    rows[0].Set(QString());
+    rows.Update();
+    EXPECT_EQ(rows[0].Get(), Value(QString()));
     rows.Open(u"SELECT * FROM [odd \"name]"_s, connection);
     rows.AddNew();
     rows[0].Set(u"x"_s);

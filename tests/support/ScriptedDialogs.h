@@ -24,7 +24,9 @@ public:
     using Dialogs::MessageBox;
     int MessageBox(const QString& text, int type, const QString& title) override
     {
-        boxes.append({text, type, title});
+        boxes.append({text, type & ~kBoxDefaultNo, title});
+        if ((type & kBoxDefaultNo) != 0)
+            lossQuestions.append(text);
         return answers.isEmpty() ? kAnswerNo : answers.dequeue();
     }
     QString InputBox(const QString&, const QString&, const QString&) override { return inputs.isEmpty() ? QString() : inputs.dequeue(); }
@@ -41,10 +43,13 @@ public:
     QQueue<int> answers;
     QQueue<QString> inputs, files, edits;
     QStringList fieldEdits;
+    QStringList lossQuestions; ///< the texts of the boxes in which Enter means No
+    QStringList proposed;      ///< what the file dialogs began with
 
 private:
     void Choose(FileDialog& dialog)
     {
+        proposed.append(dialog.fileName);
         if (files.isEmpty())
             throw RuntimeError(kErrCancelled);
         dialog.fileName = files.dequeue();

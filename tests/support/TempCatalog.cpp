@@ -27,27 +27,31 @@ TempCatalog::TempCatalog()
     BuildBlankCatalog(Path(), schema);
 }
 
-void TempCatalog::Run(const char* sql) const
+OtherProgram::OtherProgram(const QString& path)
 {
-    sqlite3* db = nullptr;
-    ASSERT_EQ(sqlite3_open(Path().toUtf8().constData(), &db), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db) << " in " << sql;
-    sqlite3_close(db);
+    EXPECT_EQ(sqlite3_open(path.toUtf8().constData(), &m_db), SQLITE_OK);
 }
 
-QString TempCatalog::Ask(const char* sql) const
+OtherProgram::~OtherProgram()
 {
-    sqlite3* db = nullptr;
+    sqlite3_close(m_db);
+}
+
+void OtherProgram::Run(const char* sql)
+{
+    EXPECT_EQ(sqlite3_exec(m_db, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(m_db) << " in " << sql;
+}
+
+QString OtherProgram::Ask(const char* sql)
+{
     sqlite3_stmt* statement = nullptr;
     QString answer = u"<none>"_s;
-    EXPECT_EQ(sqlite3_open(Path().toUtf8().constData(), &db), SQLITE_OK);
-    EXPECT_EQ(sqlite3_prepare_v2(db, sql, -1, &statement, nullptr), SQLITE_OK) << sqlite3_errmsg(db) << " in " << sql;
+    EXPECT_EQ(sqlite3_prepare_v2(m_db, sql, -1, &statement, nullptr), SQLITE_OK) << sqlite3_errmsg(m_db) << " in " << sql;
     if (sqlite3_step(statement) == SQLITE_ROW) {
         const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
         answer = text ? QString::fromUtf8(text) : u"<null>"_s;
     }
     sqlite3_finalize(statement);
-    sqlite3_close(db);
     return answer;
 }
 

@@ -76,8 +76,7 @@ CoverText CoverTextOf(const FilmRecord& film)
 // What no writer of films stores: the list for the evening, the NFO text, the second picture, and who has the film.
 void StoreRest(const SampleFilm& film, qint64 movieId, quint32 seed, const QString& catalog, const QString& folder)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalog));
+    Connection connection = OpenCatalog(catalog);
     Recordset row;
     row.Open(u"SELECT * FROM Movie WHERE Movie_ID = "_s + QString::number(movieId), connection);
     if (film.movieNight)

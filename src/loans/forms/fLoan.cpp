@@ -58,15 +58,19 @@ fLoan::fLoan(const LoanContext& context, const Skinner& skinner, QWidget* parent
     m_ui->lvLoans->setModel(&m_model);
     SizeColumns();
     connect(m_ui->toolMain, &ctxToolbar::ButtonClick, this, [this](const QString& key) { OnButton(key); });
+    connect(&m_model, &LoanModel::modelReset, this, &fLoan::EnableButtons);
+    connect(m_ui->lvLoans->selectionModel(), &QItemSelectionModel::selectionChanged, this, &fLoan::EnableButtons);
     connect(m_ui->lvLoans, &QTreeView::activated, this, [this] { Run(&fLoan::Edit); });
     const auto onKey = [this](const QKeySequence& key, void (fLoan::*routine)()) {
         auto* shortcut = new QShortcut(key, m_ui->lvLoans);
         shortcut->setContext(Qt::WidgetShortcut);
         connect(shortcut, &QShortcut::activated, this, [this, routine] { Run(routine); });
+        return shortcut;
     };
     onKey(Qt::Key_Insert, &fLoan::CheckOut);
-    onKey(QKeySequence::Delete, &fLoan::Delete);
+    m_deleteKey = onKey(QKeySequence::Delete, &fLoan::Delete);
     onKey(Qt::Key_F5, &fLoan::Loans_Refresh);
+    EnableButtons();
     Run(&fLoan::Loans_Refresh);
     m_ui->lvLoans->setFocus();
 }
@@ -86,6 +90,17 @@ void fLoan::AddButtons(const Skinner& skinner)
     }
     if (skinner.Values().progressFront.isValid())
         m_ui->toolMain->SetSelectionColor(skinner.Values().progressFront);
+}
+
+void fLoan::EnableButtons()
+{
+    const bool anySelected = m_ui->lvLoans->selectionModel()->hasSelection();
+    // A control that is disabled leaves the focus to anybody.
+    if (!anySelected && m_ui->toolMain->isAncestorOf(focusWidget()))
+        m_ui->lvLoans->setFocus();
+    for (const char* key : {"CheckIn", "Edit", "delete"})
+        m_ui->toolMain->SetButtonEnabled(m_ui->toolMain->ButtonIndex(QString::fromLatin1(key)), anySelected);
+    m_deleteKey->setEnabled(anySelected);
 }
 
 void fLoan::SizeColumns()
@@ -187,7 +202,7 @@ void fLoan::Delete()
 {
     const qint64 loanId = SelectedLoan();
     const QString question = u"Are you sure you with to permanetly remove this loan ?"_s;
-    if (m_context.dialogs.MessageBox(question, kBoxYesNoExclamation) != kAnswerYes)
+    if (!m_context.dialogs.ConfirmLoss(question, kBoxYesNoExclamation, {}))
         return;
     Delete_Loan(loanId, m_context.state.CatalogPath());
     Loans_Refresh();

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+class QShortcut;
+
 namespace Ui {
 class fLoan;
 }
@@ -35,6 +37,8 @@ protected:
 
 private:
     void AddButtons(const Skinner& skinner);
+    /// The buttons that act on a loan are on while one is selected.
+    void EnableButtons();
     void SizeColumns();
     void OnButton(const QString& key);
     /// Runs a handler's routine and shows what it raises.
@@ -51,6 +55,7 @@ private:
     LoanContext m_context;
     const Skinner& m_skinner;
     LoanModel m_model;
+    QShortcut* m_deleteKey = nullptr;
     QString m_triedPath; ///< the catalog that the window last went over to
 };
 

@@ -85,8 +85,7 @@ QString SevenDigits(const QString& number)
 // The titles of the catalog's films by number, without the film `exceptMovieId`.
 QHash<QString, QString> StoredFilms(const QString& catalogPath, const QString& exceptMovieId = {})
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset films;
     films.Open(u"SELECT Movie_ID, Title, IMDB FROM Movie WHERE IMDB IS NOT NULL"_s, connection);
     QHash<QString, QString> titles;
@@ -211,8 +210,7 @@ void ApplyDefaults(const FilmDefaults& defaults, FilmRecord& film)
 
 QStringList FormatsInUse(const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset formats;
     formats.Open(u"SELECT DISTINCT Format FROM Movie WHERE Format <> '' ORDER BY Format"_s, connection);
     QStringList texts;

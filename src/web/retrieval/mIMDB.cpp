@@ -37,8 +37,7 @@ void ReadTitlePage(const QString& page, const TitleInfo& title, const WebHosts& 
 
 QString StoredNumber(const QString& movieId, const QString& catalogPath)
 {
-    Connection connection;
-    connection.Open(ConnectionString(catalogPath));
+    Connection connection = OpenCatalog(catalogPath);
     Recordset film;
     film.Open("SELECT * FROM Movie WHERE Movie_ID = "_L1 + movieId, connection);
     return FieldString(u"IMDB"_s, film);
