@@ -2,7 +2,12 @@
 
 #include "core/Literals.h"
 
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -16,50 +21,134 @@ std::unique_ptr<QCoreApplication> MakeTestApplication(int& argc, char** argv)
 namespace kelvado {
 namespace {
 
+const QString kFolder = u"" KELVADO_DATA_SOURCE "/art/covers"_s;
+
 CoverText Film()
 {
-    return {u"The Valley"_s, 1987, {u"Drama"_s}, u"Ida Lindqvist"_s};
+    return {u"The Valley"_s, 1987, {u"Drama"_s}, u"Ida Lindqvist"_s, u"A plot."_s};
 }
 
 TEST(Covers, OneSeedGivesOnePictureAndAnotherSeedAnother)
 {
-    const QImage cover = PaintCover(Film(), 1);
+    const Covers covers(kFolder);
+    const QImage cover = covers.Front(Film(), 1);
     EXPECT_EQ(cover.size(), QSize(600, 900));
-    EXPECT_EQ(cover, PaintCover(Film(), 1));
-    EXPECT_NE(cover, PaintCover(Film(), 2));
-    EXPECT_NE(cover, PaintBackCover(Film(), u"A plot."_s, 1));
+    EXPECT_EQ(cover, covers.Front(Film(), 1));
+    EXPECT_NE(cover, covers.Front(Film(), 2));
+    EXPECT_NE(cover, covers.Back(Film(), 1));
 }
 
-TEST(Covers, TheTitleIsOnTheCoverInEveryEra)
+TEST(Covers, WhatTheListNamesIsThereAndEveryLayoutHoldsTheTitle)
 {
-    for (const int year : {0, 1903, 1945, 1968, 1987, 2015}) {
-        for (quint32 seed = 0; seed < 12; ++seed) {
-            CoverText film = Film();
-            film.year = year;
-            CoverText other = film;
-            other.title = u"Nothing Alike"_s;
-            EXPECT_NE(PaintCover(film, seed), PaintCover(other, seed)) << "year " << year << ", seed " << seed;
+    QFile file(kFolder + u"/covers.json"_s);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QJsonDocument list = QJsonDocument::fromJson(file.readAll());
+    const Values values{{u"Ground"_s, u"#111111"_s},
+                        {u"Second"_s, u"#222222"_s},
+                        {u"Mark"_s, u"#333333"_s},
+                        {u"Paper"_s, u"#444444"_s},
+                        {u"Ink"_s, u"#555555"_s},
+                        {u"Title"_s, u"the title"_s},
+                        {u"Year"_s, {}},
+                        {u"Director"_s, {}},
+                        {u"DirectorAndYear"_s, {}},
+                        {u"Genres"_s, {}},
+                        {u"Plot"_s, {}}};
+    for (const QJsonValue style : list[u"styles"].toArray()) {
+        for (const QJsonValue motif : style[u"motifs"].toArray())
+            EXPECT_NO_THROW(Drawing({kFolder}, u"motifs/%1.svg"_s.arg(motif.toString()), values));
+    }
+    for (const QJsonValue era : list[u"eras"].toArray()) {
+        for (const QJsonValue face : era[u"faces"].toArray())
+            EXPECT_TRUE(list[u"faces"][face.toString()].isObject()) << face.toString().toStdString();
+        for (const QJsonValue name : era[u"layouts"].toArray()) {
+            const Drawing layout({kFolder}, u"layouts/%1.svg"_s.arg(name.toString()), values);
+            const QDomNodeList boxes = layout.Elements(u"rect"_s);
+            int motifs = 0;
+            int titles = 0;
+            for (int i = 0; i < boxes.count(); ++i) {
+                motifs += boxes.at(i).toElement().attribute(u"class"_s) == u"motif" ? 1 : 0;
+                titles += boxes.at(i).toElement().attribute(u"holds"_s) == u"the title" ? 1 : 0;
+            }
+            EXPECT_EQ(motifs, 1) << name.toString().toStdString();
+            EXPECT_EQ(titles, 1) << name.toString().toStdString();
         }
     }
 }
 
-TEST(Covers, TextsOfAnyLengthStayInsideTheirMargins)
+/// A folder of covers with one layout, whose only box is black on white, and one motif.
+class OneBox : public ::testing::Test
 {
-    CoverText film = Film();
-    film.title = QString(10000, u'W');
-    film.director = film.title;
-    const QString plot = film.title + u" word"_s.repeated(5000);
-    for (quint32 seed = 0; seed < 12; ++seed) {
-        PaintCover(film, seed);
-        const QImage back = PaintBackCover(film, plot, seed);
-        for (int y = 222; y < 810; ++y) { // between the picture and the foot, the margin is plain paper
-            ASSERT_EQ(back.pixel(599, y), back.pixel(0, y));
-            ASSERT_EQ(back.pixel(40, y), back.pixel(0, y)) << "line " << y;
-        }
-        EXPECT_EQ(back.pixel(300, 800), back.pixel(0, 800));
+protected:
+    OneBox()
+    {
+        Write(u"covers.json"_s, R"({"styles": [{"genres": [], "colors": [["#ffffff", "#ffffff", "#ffffff", "#ffffff", "#000000"]],
+            "motifs": ["plain"]}], "eras": [{"until": 9999, "layouts": ["box"], "faces": ["plain"]}],
+            "faces": {"plain": {"families": ["Inter"], "weight": 800}}})");
+        Write(u"motifs/plain.svg"_s, R"(<svg viewBox="0 0 10 10"><rect width="10" height="10" fill="#fff"/></svg>)");
+        Write(u"layouts/box.svg"_s, R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 200 100">
+            <rect class="motif" x="0" y="0" width="200" height="100" fill="none"/>
+            <rect class="text" x="20" y="20" width="160" height="60" fill="none" skin:holds="{Title}" skin:face="title" skin:color="{Ink}"
+                skin:align="center middle" skin:most="50" skin:least="12" skin:leading="1"/></svg>)");
     }
-    EXPECT_FALSE(PaintCover({}, 0).isNull());
-    EXPECT_FALSE(PaintBackCover({}, {}, 0).isNull());
+
+    void Write(const QString& name, const QByteArray& bytes) const
+    {
+        const QString path = m_folder.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    QString Folder() const { return m_folder.path(); }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(OneBox, ATitleOfAnyLengthAndScriptStaysInItsBox)
+{
+    const Covers covers(Folder());
+    const QString titles[] = {u"M"_s,
+                              u"The Valley"_s,
+                              u"Donaudampfschifffahrtsgesellschaft"_s,
+                              QString(10000, u'W'),
+                              u"many short words "_s.repeated(500),
+                              u"Броненосец «Потёмкин» и другие"_s,
+                              u"七人の侍 羅生門 東京物語"_s,
+                              u"العربية فيلم طويل"_s,
+                              u"<b>&amp; {Ink} \"x\""_s,
+                              QString::fromUcs4(U"🎬").repeated(600)};
+    for (const QString& title : titles) {
+        const QImage card = covers.Front({title, 0, {}, {}, {}}, 1);
+        int inked = 0;
+        for (int y = 0; y < card.height(); ++y) {
+            for (int x = 0; x < card.width(); ++x) {
+                const bool plain = card.pixel(x, y) == qRgb(255, 255, 255);
+                inked += plain ? 0 : 1;
+                // Letters may reach past their line by a hair.
+                ASSERT_TRUE(plain || QRect(17, 17, 166, 66).contains(x, y)) << title.left(40).toStdString() << " at " << x << ", " << y;
+            }
+        }
+        EXPECT_GT(inked, 20) << title.left(40).toStdString();
+    }
+}
+
+TEST_F(OneBox, AFaultNamesItsFile)
+{
+    const auto fault = [this] {
+        try {
+            Covers(Folder()).Front(Film(), 1);
+        } catch (const ArtFault& error) {
+            return QString::fromUtf8(error.what());
+        }
+        return QString();
+    };
+    EXPECT_EQ(fault(), QString());
+    QFile::remove(Folder() + u"/motifs/plain.svg"_s);
+    EXPECT_TRUE(fault().contains(u"plain.svg")) << fault().toStdString();
+    Write(u"covers.json"_s, "{\"styles\": []}");
+    EXPECT_TRUE(fault().contains(u"covers.json")) << fault().toStdString();
 }
 
 } // namespace
