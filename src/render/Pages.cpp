@@ -155,9 +155,9 @@ QString Pages::PictureFor(std::int64_t imageId, Connection& connection)
     return PathForPage(SkinFile("No Image.jpg"_L1));
 }
 
-void Pages::ShowFilmPage()
+std::optional<Page> Pages::FilmPage(const QString& key)
 {
-    const QString movieId = FilmNumber(m_host.SelectedKey());
+    const QString movieId = FilmNumber(key);
     Connection connection = OpenCatalog(m_state.CatalogPath());
     Recordset film;
     film.Open(kFilmQuery + movieId, connection);
@@ -166,7 +166,7 @@ void Pages::ShowFilmPage()
     }
     std::optional<QString> text = ReadTemplate("Templates/default.html"_L1);
     if (!text)
-        return;
+        return std::nullopt;
     text->replace("!!IMAGE!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"Image_ID")), connection));
     text->replace("!!IMAGEBACK!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"ImageBack_ID")), connection));
     FillFilmTokens(*text, film, {m_state.skin, SiteAddress(SettingsFile())});
@@ -178,10 +178,10 @@ void Pages::ShowFilmPage()
     FillProducerTokens(*text, connection, movieId);
     text->replace("!!NAVCREDITS!!"_L1, kMessage + "PAGE_CREDITS:"_L1 + movieId);
     connection.Close();
-    WritePageFile(*text, false);
+    return WritePageFile(*text, false);
 }
 
-QString Pages::ShowCreditsPage(const QString& movieId)
+std::optional<Page> Pages::CreditsPage(const QString& movieId)
 {
     const std::int32_t number = ToLong(movieId);
     if (SkinIsXml())
@@ -193,7 +193,7 @@ QString Pages::ShowCreditsPage(const QString& movieId)
         m_dialogs.MessageBox(u"The credits template file for skin "_s + m_state.skin +
                                  u" could not be located.  Please contact Kelvado support."_s,
                              kBoxCritical, u"Credits Page Error"_s);
-        return QString();
+        return std::nullopt;
     }
     const FilmRecord film = ReadFilm(number, m_state.CatalogPath());
     const QString siteAddress = SiteAddress(SettingsFile());
@@ -203,33 +203,37 @@ QString Pages::ShowCreditsPage(const QString& movieId)
     return WritePageFile(text, false);
 }
 
-void Pages::ShowNfoPage()
+std::optional<Page> Pages::NfoPage(const QString& key)
 {
     Connection connection = OpenCatalog(m_state.CatalogPath());
     Recordset film;
-    film.Open(kFilmQuery + FilmNumber(m_host.SelectedKey()), connection);
+    film.Open(kFilmQuery + FilmNumber(key), connection);
     std::optional<QString> text = ReadTemplate("Templates/nfo.html"_L1);
     if (!text)
-        return;
+        return std::nullopt;
     const Value nfo = film[u"Nfo"].Get();
     film.Close();
     connection.Close();
     text->replace("!!NFO!!"_L1, nfo.IsNull() ? u"N/A"_s : nfo.Text());
     const QString path = AppPath() + u"/htmltemp.html"_s;
     WriteWholeFile(path, *text);
-    m_host.Navigate(path);
+    return Page{path, {}};
 }
 
-QString Pages::WritePageFile(const QString& text, bool xml)
+QString Pages::EmptyCatalogPage() const
+{
+    QString path = SkinFile("Templates/empty.html"_L1);
+    return QFileInfo::exists(path) ? path : QString();
+}
+
+Page Pages::WritePageFile(const QString& text, bool xml)
 {
     const QString name = u"htmltemp%1.%2"_s.arg(m_pageCounter).arg(xml ? "xml"_L1 : "html"_L1);
-    QString path = TempFolder() + u'/' + name;
+    const QString path = TempFolder() + u'/' + name;
     MakeDirs(TempFolder());
     WriteWholeFile(path, text);
-    m_shell.PushHistory(m_host.SelectedKey(), m_state.CurrentSection, name);
-    m_host.Navigate(path);
     m_pageCounter = (m_pageCounter + 1) % kPages;
-    return path;
+    return {path, name};
 }
 
 } // namespace kelvado
