@@ -7,7 +7,10 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace pagesource {
 
@@ -45,6 +48,32 @@ void SyncFile(const std::string& path)
     ::close(file);
 }
 
+// Takes the unfinished file for this process alone, whatever an earlier one has left of it, and empties it.
+int LockFile(const std::string& path, const std::string& target)
+{
+    while (true) {
+        const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+        if (file < 0)
+            throw Failure(path + ": " + std::strerror(errno));
+        struct stat locked
+        {
+        };
+        struct stat named
+        {
+        };
+        const bool mine = ::flock(file, LOCK_EX | LOCK_NB) == 0;
+        // Between the two calls, another writer may have put its file in place and freed the name.
+        const bool same = mine && ::fstat(file, &locked) == 0 && ::stat(path.c_str(), &named) == 0 && locked.st_ino == named.st_ino;
+        if (same && ::ftruncate(file, 0) == 0)
+            return file;
+        ::close(file);
+        if (!mine)
+            throw Failure(target + " is being made by another import.");
+        if (same)
+            throw Failure(path + ": " + std::strerror(errno));
+    }
+}
+
 } // namespace
 
 struct FilmWriter::Statements
@@ -69,23 +98,35 @@ struct FilmWriter::Statements
     Statement companyLink;
 };
 
-FilmWriter::FilmWriter(std::string target) : m_target(std::move(target)), m_partial(m_target + ".partial")
+FilmWriter::FilmWriter(std::string target)
+    : m_target(std::move(target)), m_partial(m_target + ".partial"), m_lock(LockFile(m_partial, m_target))
 {
-    std::error_code ignored;
-    std::filesystem::remove(m_partial, ignored);
-    m_database = std::make_unique<Database>(m_partial, Database::Mode::Create);
-    m_database->Execute(kFastWriting);
-    m_database->Execute(kTables);
-    m_database->Execute("BEGIN");
-    m_add = std::make_unique<Statements>(*m_database);
+    try {
+        m_database = std::make_unique<Database>(m_partial, Database::Mode::Create);
+        m_database->Execute(kFastWriting);
+        m_database->Execute(kTables);
+        m_database->Execute("BEGIN");
+        m_add = std::make_unique<Statements>(*m_database);
+    } catch (...) {
+        Close();
+        throw;
+    }
 }
 
 FilmWriter::~FilmWriter()
 {
+    Close();
+}
+
+void FilmWriter::Close()
+{
+    if (m_lock < 0)
+        return;
     m_add.reset();
     m_database.reset();
     std::error_code ignored;
     std::filesystem::remove(m_partial, ignored);
+    ::close(std::exchange(m_lock, -1));
 }
 
 bool FilmWriter::AddFilm(const Film& film)
@@ -214,6 +255,7 @@ void FilmWriter::Finish(const std::function<void(const char* stage)>& stage)
     std::filesystem::rename(m_partial, m_target, fault);
     if (fault)
         throw Failure(m_target + ": " + fault.message());
+    ::close(std::exchange(m_lock, -1)); // the name of the unfinished file is free, and may be another writer's from now on
 }
 
 } // namespace pagesource

@@ -11,6 +11,7 @@ namespace pagesource {
 class FilmWriter
 {
 public:
+    /// Raises Failure where another writer is at work on the same target.
     explicit FilmWriter(std::string target);
     ~FilmWriter();
     FilmWriter(const FilmWriter&) = delete;
@@ -33,11 +34,13 @@ public:
 private:
     struct Statements;
 
+    void Close();
     void NumberFilms();
     void IndexTitles();
 
     std::string m_target;
     std::string m_partial;
+    int m_lock = -1; // a descriptor of the unfinished file, which no other writer gets as long as it is open
     std::unique_ptr<Database> m_database;
     std::unique_ptr<Statements> m_add;
 };

@@ -25,7 +25,8 @@ std::string OtherTitlesHtml(FilmStore& store, const Film& film)
         if (std::find(shown.begin(), shown.end(), other.title) != shown.end())
             continue;
         shown.push_back(other.title);
-        html.append("<br>&#160;aka <em>\"").append(PageText(other.title)).append("\"</em>");
+        // With the year, as titles have it: it tells readers where a title that they take ends.
+        html.append("<br>&#160;aka <em>\"").append(PageText(other.title)).append(" (").append(YearHtml(film)).append(")\"</em>");
         if (!other.region.empty())
             html.append(" - ").append(PageText(other.region));
         if (!other.note.empty())

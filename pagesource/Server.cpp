@@ -5,8 +5,10 @@
 #include <httplib.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cctype>
 #include <chrono>
+#include <functional>
 #include <mutex>
 #include <poll.h>
 
@@ -16,8 +18,10 @@ namespace {
 
 constexpr const char* kLoopback = "127.0.0.1";
 constexpr int kThreads = 32;
-// Readers send a request at once. Whoever connects and says nothing keeps a thread for no longer than this.
-constexpr std::chrono::seconds kRequestTime(2);
+// Readers send a request at once. Whoever connects and says nothing keeps a thread for no longer than this, and less where others wait
+// for one.
+constexpr std::chrono::milliseconds kRequestTime(2000);
+constexpr std::chrono::milliseconds kRequestTimeInQueue(200);
 constexpr timeval kSendTime{5, 0};
 // How long a client that is waited for keeps the server from ending.
 constexpr std::chrono::milliseconds kStopInterval(50);
@@ -71,6 +75,27 @@ void Send(socket_t socket, std::string_view bytes)
     }
 }
 
+// The library's threads, with a count of the connections that wait for one.
+class CountedQueue : public httplib::TaskQueue
+{
+public:
+    explicit CountedQueue(std::atomic<int>& waiting) : m_waiting(waiting), m_pool(kThreads) {}
+
+    void enqueue(std::function<void()> serve) override
+    {
+        ++m_waiting;
+        m_pool.enqueue([this, serve = std::move(serve)] {
+            --m_waiting;
+            serve();
+        });
+    }
+    void shutdown() override { m_pool.shutdown(); }
+
+private:
+    std::atomic<int>& m_waiting;
+    httplib::ThreadPool m_pool;
+};
+
 } // namespace
 
 // The library's server with connections of one request each, read here and parsed there. Whatever is answered, the connection closes
@@ -78,6 +103,7 @@ void Send(socket_t socket, std::string_view bytes)
 struct Server::Http : public httplib::Server
 {
     std::mutex turn; // one page at a time: the site's statements are single
+    std::atomic<int> waiting = 0;
 
     void WidenBacklog() { ::listen(svr_sock_, kBacklog); }
 
@@ -123,8 +149,9 @@ private:
         using Clock = std::chrono::steady_clock;
         constexpr std::string_view end = "\r\n\r\n";
         std::string request;
-        const Clock::time_point deadline = Clock::now() + kRequestTime;
-        while (request.size() < kMostOfRequest && Clock::now() < deadline && svr_sock_ != INVALID_SOCKET) {
+        const Clock::time_point start = Clock::now();
+        const auto timeIsUp = [&] { return Clock::now() - start > (waiting > 0 ? kRequestTimeInQueue : kRequestTime); };
+        while (request.size() < kMostOfRequest && !timeIsUp() && svr_sock_ != INVALID_SOCKET) {
             pollfd waited{socket, POLLIN, 0};
             if (poll(&waited, 1, static_cast<int>(kStopInterval.count())) <= 0)
                 continue;
@@ -143,7 +170,7 @@ private:
 
 Server::Server() : m_http(std::make_unique<Http>())
 {
-    m_http->new_task_queue = [] { return new httplib::ThreadPool(kThreads); };
+    m_http->new_task_queue = [this] { return new CountedQueue(m_http->waiting); };
     m_http->set_socket_options(AllowQuickRestart);
     m_http->set_tcp_nodelay(true);
 }
@@ -179,7 +206,8 @@ void Server::Run(Site& site)
         }
         if (!answer.location.empty())
             response.set_redirect(answer.location, answer.status);
-        response.status = answer.status;
+        // The library cuts the body to the range that is asked for; the status is ours.
+        response.status = answer.status == 200 && !request.ranges.empty() ? 206 : answer.status;
         response.set_content(answer.body, answer.type);
         return httplib::Server::HandlerResponse::Handled;
     });

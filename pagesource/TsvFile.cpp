@@ -124,7 +124,8 @@ bool TsvFile::Fill()
     const int read = gzread(m_file.get(), m_block.data() + m_end, room);
     int fault = Z_OK;
     const char* const reason = gzerror(m_file.get(), &fault);
-    if (fault == Z_BUF_ERROR)
+    // What stands in front of the cut counts: the next call, which brings nothing more, tells of it.
+    if (fault == Z_BUF_ERROR && read == 0)
         throw Failure(m_name + " is cut behind line " + std::to_string(m_line) + ": the packed file has no end.");
     if (read < 0)
         throw Failure(m_name + " is damaged behind line " + std::to_string(m_line) + ": " + reason);

@@ -11,6 +11,7 @@
 #include <functional>
 #include <map>
 #include <pthread.h>
+#include <string_view>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -225,6 +226,12 @@ void Import(Arguments& arguments)
 int main(int argc, char** argv)
 {
     try {
+        for (int i = 1; i < argc; ++i) {
+            if (const std::string_view word = argv[i]; word == "--help" || word == "-h") {
+                std::fputs(kUsage, stdout);
+                return 0;
+            }
+        }
         Arguments arguments = Parse(argc, argv);
         const std::string job = arguments.words.empty() ? "" : arguments.words[0];
         if (job == "serve" && arguments.words.size() == 1)

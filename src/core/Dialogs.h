@@ -47,7 +47,7 @@ public:
     /// Asks for a line of text. The empty text where the user cancels.
     virtual QString InputBox(const QString& prompt, const QString& title, const QString& value) = 0;
 
-    /// Lets the user choose a file and puts its path into `dialog`. A cancel raises 32755 and leaves `dialog` as it was.
+    /// Lets the user choose a file and puts its path into `dialog`. A cancel raises `kErrCancelled` and leaves `dialog` as it was.
     virtual void ShowOpen(FileDialog& dialog) = 0;
     virtual void ShowSave(FileDialog& dialog) = 0;
 

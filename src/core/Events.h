@@ -15,7 +15,8 @@ public:
     /// as it holds the catalog open. The window is painted and timers run.
     virtual void ServeWithoutInput() = 0;
 
-    /// Returns when that time has passed, never earlier; events are served all along. Raises 32755 where the program ends meanwhile.
+    /// Returns when that time has passed, never earlier; events are served all along. Raises `kErrCancelled` where the program ends
+    /// meanwhile.
     virtual void Pause(int milliseconds) = 0;
 };
 

@@ -1,44 +1,29 @@
 #include "DataFile.h"
 
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
+#include <QFile>
+
 #include <zlib.h>
 
 namespace pagesource::test {
 
-TempFolder::TempFolder()
-{
-    std::string pattern = (std::filesystem::temp_directory_path() / "pagesource-XXXXXX").string();
-    if (!mkdtemp(pattern.data()))
-        throw Failure("no temporary folder");
-    m_path = pattern;
-}
-
-TempFolder::~TempFolder()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-}
-
 void TempFolder::Write(const std::string& name, const std::string& content) const
 {
-    std::ofstream(m_path / name, std::ios::binary) << content;
+    QFile file(m_folder.filePath(QString::fromStdString(name)));
+    if (file.open(QIODevice::WriteOnly))
+        file.write(QByteArray::fromStdString(content));
 }
 
 void TempFolder::WritePacked(const std::string& name, const std::string& content) const
 {
-    const gzFile file = gzopen((m_path / name).c_str(), "wb");
+    const gzFile file = gzopen(Path(name).c_str(), "wb");
     gzwrite(file, content.data(), static_cast<unsigned>(content.size()));
     gzclose(file);
 }
 
-std::string ReadBytes(const std::string& path)
+std::string TempFolder::Read(const std::string& name) const
 {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return std::move(bytes).str();
+    QFile file(m_folder.filePath(QString::fromStdString(name)));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "<missing>";
 }
 
 Film FullFilm(std::int64_t number, const std::string& title, int year)

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "FilmWriter.h"
+#include "core/Literals.h"
 
-#include <filesystem>
+#include <QTemporaryDir>
+
 #include <functional>
 #include <string>
 
@@ -12,20 +14,14 @@ namespace pagesource::test {
 class TempFolder
 {
 public:
-    TempFolder();
-    ~TempFolder();
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-
-    std::string Path(const std::string& name) const { return (m_path / name).string(); }
+    std::string Path(const std::string& name) const { return m_folder.filePath(QString::fromStdString(name)).toStdString(); }
     void Write(const std::string& name, const std::string& content) const;
     void WritePacked(const std::string& name, const std::string& content) const;
+    std::string Read(const std::string& name) const;
 
 private:
-    std::filesystem::path m_path;
+    QTemporaryDir m_folder;
 };
-
-std::string ReadBytes(const std::string& path);
 
 /// A film with something in every field.
 Film FullFilm(std::int64_t number, const std::string& title, int year);

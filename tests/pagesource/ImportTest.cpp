@@ -25,6 +25,15 @@ protected:
     {
         return ImportDataSets(folder.Path(""), target, [](const std::string&, std::int64_t) {});
     }
+    std::string FailureOfRun()
+    {
+        try {
+            Run();
+            return "none";
+        } catch (const Failure& failure) {
+            return failure.what();
+        }
+    }
 
     TempFolder folder;
     std::string target = folder.Path("data.db");
@@ -109,13 +118,13 @@ TEST_F(Import, LeavesTheOldDataWhereItCannotEnd)
 {
     folder.WritePacked("title.basics.tsv.gz", kTitles);
     Run();
-    const std::string before = ReadBytes(target);
+    const std::string before = folder.Read("data.db");
 
     std::string many = "titleId\tordering\ttitle\tregion\tlanguage\ttypes\tattributes\tisOriginalTitle\n";
     for (int i = 1; i < 5000; ++i)
         many += "tt0000010\t" + std::to_string(i) + "\tTitle " + std::to_string(i * 7919) + "\t\\N\t\\N\t\\N\t\\N\t0\n";
     folder.WritePacked("title.akas.tsv.gz", many);
-    const std::string whole = ReadBytes(folder.Path("title.akas.tsv.gz"));
+    const std::string whole = folder.Read("title.akas.tsv.gz");
     std::string damaged = whole;
     damaged[damaged.size() / 2] = static_cast<char>(damaged[damaged.size() / 2] ^ 0x55);
     struct Case
@@ -124,35 +133,40 @@ TEST_F(Import, LeavesTheOldDataWhereItCannotEnd)
         const char* message;
     };
     const Case cases[] = {
-        {whole.substr(0, whole.size() / 2), "title.akas.tsv.gz"}, // cut
-        {whole.substr(0, whole.size() - 4), "is cut"},            // its last bytes are missing
+        {whole.substr(0, whole.size() / 2), "title.akas.tsv.gz"},       // cut
+        {whole.substr(0, whole.size() - 4), "is cut behind line 5000"}, // its last bytes are missing
         {damaged, "title.akas.tsv.gz"},
         {"", "is empty"},
         {"titleId\tordering\ttitle\n", "has no column \"region\""},
     };
     for (const Case& entry : cases) {
         folder.Write("title.akas.tsv.gz", entry.content);
-        try {
-            Run();
-            ADD_FAILURE() << "imported: " << entry.message;
-        } catch (const Failure& failure) {
-            EXPECT_THAT(failure.what(), HasSubstr(entry.message));
-        }
-        EXPECT_EQ(ReadBytes(target), before);
-        EXPECT_FALSE(std::filesystem::exists(target + ".partial"));
+        EXPECT_THAT(FailureOfRun(), HasSubstr(entry.message));
+        EXPECT_EQ(folder.Read("data.db"), before);
+        EXPECT_EQ(folder.Read("data.db.partial"), "<missing>");
     }
+}
+
+TEST_F(Import, LeavesTheFileOfAnotherOneToTheSameTargetAlone)
+{
+    folder.Write("title.basics.tsv", kTitles);
+    folder.Write("data.db.partial", "what an import that was killed has left");
+    {
+        FilmWriter other(target);
+        EXPECT_THROW(Run(), Failure);
+        other.AddFilm(FullFilm(77, "Other", 1990));
+        other.Finish([](const char*) {});
+    }
+    EXPECT_TRUE(FilmStore(target).FindFilm(77));
+    EXPECT_EQ(Run().films, 3);
+    EXPECT_FALSE(FilmStore(target).FindFilm(77));
 }
 
 TEST_F(Import, NeedsTheTitles)
 {
     folder.Write("title.ratings.tsv", "tconst\taverageRating\tnumVotes\n");
-    try {
-        Run();
-        ADD_FAILURE();
-    } catch (const Failure& failure) {
-        EXPECT_THAT(failure.what(), HasSubstr("holds neither title.basics.tsv.gz nor title.basics.tsv"));
-    }
-    EXPECT_FALSE(std::filesystem::exists(target));
+    EXPECT_THAT(FailureOfRun(), HasSubstr("holds neither title.basics.tsv.gz nor title.basics.tsv"));
+    EXPECT_EQ(folder.Read("data.db"), "<missing>");
 }
 
 TEST(FilmStore, RefusesWhatIsNoDataFile)

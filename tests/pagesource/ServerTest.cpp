@@ -1,47 +1,32 @@
 #include "Server.h"
 #include "DataFile.h"
 
+#include "support/PageSource.h"
+#include "web/transport/Exchange.h"
+
 #include <gmock/gmock.h>
 
-#include <arpa/inet.h>
-#include <chrono>
-#include <fcntl.h>
-#include <sys/socket.h>
-#include <sys/wait.h>
+#include <QElapsedTimer>
+#include <QTcpSocket>
+
+#include <memory>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 using namespace pagesource;
 using namespace pagesource::test;
+using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 using testing::StartsWith;
 
 namespace {
 
-int Connect(int port)
-{
-    const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    EXPECT_EQ(::connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-    return socket;
-}
-
 // Sends a request as it stands and returns all that comes until the server closes.
 std::string Exchange(int port, const std::string& request)
 {
-    const int socket = Connect(port);
-    std::string answer;
-    if (::send(socket, request.data(), request.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(request.size())) {
-        char block[4096];
-        for (ssize_t read; (read = ::recv(socket, block, sizeof block, 0)) > 0;)
-            answer.append(block, static_cast<std::size_t>(read));
-    }
-    ::close(socket);
-    return answer;
+    kelvado::FetchWait wait({.TimeoutMilliseconds = 20'000});
+    const kelvado::Peer peer{u"127.0.0.1"_s, static_cast<quint16>(port)};
+    return kelvado::Exchange(peer, QByteArray::fromStdString(request), 1 << 24, wait).bytes.toStdString();
 }
 
 std::string Get(int port, const std::string& target)
@@ -105,23 +90,27 @@ TEST_F(Serving, TakesAllBehindTheFirstMarkForTheQuery)
 // A client that waits for the end of the answer is not kept waiting, and those who say nothing keep nobody else waiting.
 TEST_F(Serving, ClosesAtOnceWhateverIsAsked)
 {
-    std::vector<int> idle;
-    for (int i = 0; i < 12; ++i)
-        idle.push_back(Connect(port));
+    std::vector<std::unique_ptr<QTcpSocket>> idle;
+    for (int i = 0; i < 40; ++i) { // more than there are threads
+        idle.push_back(std::make_unique<QTcpSocket>());
+        idle.back()->connectToHost(u"127.0.0.1"_s, static_cast<quint16>(port));
+        ASSERT_TRUE(idle.back()->waitForConnected());
+    }
     const std::pair<std::string, const char*> requests[] = {
         {"GET /Title?0017136 HTTP/1.1\r\nHost: x\r\nConnection: keep-alive\r\n\r\n", "HTTP/1.1 200 "},
         {"GET /Title?1 HTTP/1.0\r\nConnection: Keep-Alive\r\n\r\n", "HTTP/1.1 404 "},
         {"GET /a?b HTTP/9.9\r\n\r\n", "HTTP/1.1 400 "},
         {"nonsense\r\n\r\n", "HTTP/1.1 400 "},
+        {"GET /images/goldstar.gif HTTP/1.1\r\nHost: x\r\nRange: bytes=0-2\r\n\r\n", "HTTP/1.1 206 "},
+        {"GET /images/goldstar.gif HTTP/1.1\r\nHost: x\r\nRange: bytes=999999-\r\n\r\n", "HTTP/1.1 416 "},
         {"GET /?" + std::string(9000, '?') + " HTTP/1.0\r\n\r\n", "HTTP/1.1 414 "},
     };
     for (const auto& [request, answer] : requests) {
-        const auto start = std::chrono::steady_clock::now();
+        QElapsedTimer clock;
+        clock.start();
         EXPECT_THAT(Exchange(port, request), StartsWith(answer));
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1)) << request.substr(0, 40);
+        EXPECT_LT(clock.elapsed(), 1000) << request.substr(0, 40);
     }
-    for (const int socket : idle)
-        ::close(socket);
 }
 
 TEST(Server, StoppedBeforeItRunsDoesNotRun)
@@ -133,38 +122,23 @@ TEST(Server, StoppedBeforeItRunsDoesNotRun)
     server.Bind(0);
     server.Stop();
     server.Run(site);
-    server.Stop();
 }
 
 // The program itself: serves the delivered data on a free port, names it, and ends at a signal.
 TEST(Program, ServesUntilItIsTold)
 {
-    int output[2];
-    ASSERT_EQ(pipe2(output, O_CLOEXEC), 0);
-    const std::string program = std::string(PAGESOURCE_FOLDER) + "/kelvado-pagesource";
-    const std::string data = std::string(PAGESOURCE_FOLDER) + "/pagesource.db";
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(output[1], STDOUT_FILENO);
-        execl(program.c_str(), program.c_str(), "serve", "--port", "0", "--data", data.c_str(), "--build", "2248", nullptr);
-        _exit(127);
+    const QString folder = u"" PAGESOURCE_FOLDER ""_s;
+    EXPECT_EQ(QProcess::execute(folder + u"/kelvado-pagesource"_s, {u"serve"_s, u"--help"_s}), 0);
+    QElapsedTimer ending;
+    {
+        const kelvado::PageSource source(folder, {u"--data"_s, folder + u"/pagesource.db"_s, u"--build"_s, u"2248"_s});
+        const int port = source.Host().section(u':', 1).toInt();
+        EXPECT_THAT(Get(port, "/downloads/autoupdate/index.html"), HasSubstr("\r\n\r\n2248\r\n"));
+        EXPECT_THAT(Get(port, "/Covers/0020629.jpg"), HasSubstr("Content-Type: image/jpeg\r\n"));
+        EXPECT_THAT(Get(port, "/Title?0020629"), HasSubstr(source.Host().toStdString()));
+        ending.start();
     }
-    close(output[1]);
-    std::string line;
-    char letter = 0;
-    while (read(output[0], &letter, 1) == 1 && letter != '\n')
-        line += letter;
-    const std::size_t colon = line.rfind(':');
-    ASSERT_NE(colon, std::string::npos) << line;
-    const int port = std::stoi(line.substr(colon + 1));
-    EXPECT_THAT(Get(port, "/downloads/autoupdate/index.html"), HasSubstr("\r\n\r\n2248\r\n"));
-    EXPECT_THAT(Get(port, "/Covers/0020629.jpg"), HasSubstr("Content-Type: image/jpeg\r\n"));
-    EXPECT_THAT(Get(port, "/Title?0020629"), HasSubstr("127.0.0.1:" + std::to_string(port)));
-    kill(child, SIGTERM);
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    close(output[0]);
+    EXPECT_LT(ending.elapsed(), 5000);
 }
 
 } // namespace

@@ -11,7 +11,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
 using Then = LoopbackServer::Then;
 
 QByteArray Page(const QByteArray& status, const QByteArray& body, qsizetype length)

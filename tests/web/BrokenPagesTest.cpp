@@ -10,8 +10,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 // A failure that is no run-time failure ends the test.
 TEST(BrokenPages, EndInAValueOrARunTimeFailure)
 {

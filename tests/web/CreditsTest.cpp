@@ -6,8 +6,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 // "Name|link|third field" of each person; "none" for no list at all.
 QStringList Lines(const std::optional<QList<FilmPerson>>& people, QString FilmPerson::*third = &FilmPerson::Extended)
 {
@@ -138,11 +136,13 @@ TEST(CompaniesPage, FailsOnARowThatIsNotClosed)
     EXPECT_EQ(Lines(ParseCompanies(u"")), QStringList());
     EXPECT_EQ(Lines(ParseCompanies(u"Distributors</h2><a href=\"x\">A</a></li>")), QStringList());
     EXPECT_EQ(Lines(ParseCompanies(u"Distributors</h2><a href=\"x\">A</a> b</a>c</li>\"></ul></li>")), QStringList{u"Distributor|A| b"_s});
-    EXPECT_EQ(ErrorOf([] { return ParseCompanies(u"Distributors</h2>"); }), kErrInvalidCall);
-    EXPECT_EQ(ErrorOf([] { return ParseCompanies(u"Distributors</h2><a href=\"x\">A</li></ul>\">"); }), kErrSubscript);
-    EXPECT_EQ(ErrorOf([] { return ParseCompanies(u"Distributors</h2><a href=\"x\"></li></ul>\">"); }), kErrSubscript);
-    EXPECT_EQ(ErrorOf([] { return ParseCompanies(u"Distributors</h2><a href=\"x\">A</a></ul>\">"); }), kErrInvalidCall);
-    EXPECT_EQ(ErrorOf([] { return ParseCompanies(u"Distributors</h2><a href=\"x\">A</a></li></ul>"); }), kErrInvalidCall);
+    const std::pair<QString, int> broken[] = {{u""_s, kErrInvalidCall},
+                                              {u"<a href=\"x\">A</li></ul>\">"_s, kErrSubscript},
+                                              {u"<a href=\"x\"></li></ul>\">"_s, kErrSubscript},
+                                              {u"<a href=\"x\">A</a></ul>\">"_s, kErrInvalidCall},
+                                              {u"<a href=\"x\">A</a></li></ul>"_s, kErrInvalidCall}};
+    for (const auto& [rows, error] : broken)
+        EXPECT_EQ(ErrorOf([&] { return ParseCompanies(QString("Distributors</h2>"_L1 + rows)); }), error) << qPrintable(rows);
 }
 
 } // namespace

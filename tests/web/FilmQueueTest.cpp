@@ -20,24 +20,21 @@ TEST(FilmQueue, AChosenTitleEndsBehindItsYear)
 
 TEST(FilmQueue, TheUserChoosesAmongDecodedTitlesAndTheShortOneStays)
 {
-    FilmRecord film;
-    film.Title = u"L&#246;we (1987) (TV)"_s;
-    film.TitleNY = u"L&#246;we"_s;
-    QStringList offered;
-    const auto choose = [&](std::optional<qsizetype> place) {
-        return [&offered, place](const QStringList& titles) {
-            offered = titles;
-            return place;
-        };
-    };
-    AskTitle(film, film.Title, u"Lion (USA)\nLeo"_s, choose(std::nullopt));
-    EXPECT_EQ(film.Title, u"L&#246;we (1987) (TV)"_s) << "closed without a choice";
-    EXPECT_EQ(offered, QStringList({u"L\u00F6we (1987) (TV)"_s, u"Lion (USA)"_s, u"Leo"_s}));
-    AskTitle(film, film.Title, u"Lion (USA)\nLeo"_s, choose(0));
-    EXPECT_EQ(film.Title, u"L&#246;we (1987)"_s);
-    AskTitle(film, film.Title, u"Lion (USA)\nLeo"_s, choose(1));
-    EXPECT_EQ(film.Title, u"Lion (USA)"_s);
-    EXPECT_EQ(film.TitleNY, u"L&#246;we"_s);
+    const struct
+    {
+        std::optional<qsizetype> choice;
+        QString title;
+    } cases[] = {{std::nullopt, u"L&#246;we (1987) (TV)"_s}, {0, u"L&#246;we (1987)"_s}, {1, u"Lion (USA)"_s}, {2, u"Leo)"_s}};
+    for (const auto& c : cases) {
+        FilmRecord film;
+        film.Title = u"L&#246;we (1987) (TV)"_s;
+        film.TitleNY = u"L&#246;we"_s;
+        AskTitle(film, film.Title, u"Lion (USA)\nLeo"_s, [&](const QStringList& titles) {
+            EXPECT_EQ(titles, QStringList({u"L\u00F6we (1987) (TV)"_s, u"Lion (USA)"_s, u"Leo"_s}));
+            return c.choice;
+        });
+        EXPECT_EQ(film.Title + film.TitleNY, QString(c.title + u"L&#246;we"_s));
+    }
 }
 
 TEST(FilmQueue, OnlyDefaultsThatAreFilledCount)

@@ -6,8 +6,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 class SearchPage : public ::testing::Test
 {
 protected:

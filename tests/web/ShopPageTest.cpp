@@ -6,8 +6,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 QString Product(const QString& link, const QString& title)
 {
     return "<td width=100% valign=top><b><a href="_L1 + link + u'>' + title + "<font>"_L1;
@@ -99,10 +97,12 @@ TEST(ShopPages, AListOpensWithEitherRowAndGoesOnWithOne)
 
 TEST(ShopPages, FailOnAListWithoutProductsAndAProductWithoutItsText)
 {
-    EXPECT_EQ(ErrorOf([] { return ParseCandidates(u"Sort by:", {}); }), kErrSubscript);
-    EXPECT_EQ(ErrorOf([] { return ParseCandidates(u"Sort by:<tr valign=top>", {}); }), kErrSubscript);
-    EXPECT_EQ(ErrorOf([] { return ParseCandidates(u"Sort by:<tr valign=top><a href=x", {}); }), kErrInvalidCall);
-    EXPECT_EQ(ErrorOf([] { return ParseCandidates(u"Sort by:<tr valign=top><a href=x>y", {}); }), kErrInvalidCall);
+    const std::pair<QStringView, int> lists[] = {{u"Sort by:", kErrSubscript},
+                                                 {u"Sort by:<tr valign=top>", kErrSubscript},
+                                                 {u"Sort by:<tr valign=top><a href=x", kErrInvalidCall},
+                                                 {u"Sort by:<tr valign=top><a href=x>y", kErrInvalidCall}};
+    for (const auto& [page, error] : lists)
+        EXPECT_EQ(ErrorOf([&] { return ParseCandidates(page, {}); }), error) << qPrintable(page.toString());
 }
 
 TEST(ShopPages, TheLargerPictureIsLookedForFrom100CharactersAhead)

@@ -9,8 +9,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 TEST(UpdateCheck, ComparesTheAnswerWithThisBuild)
 {
     const QString offer = u"There is a new version of Kelvado available, would you like to update Kelvado now?"_s;

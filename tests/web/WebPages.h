@@ -11,7 +11,7 @@
 
 namespace kelvado {
 
-/// A stored page as the transport hands it on. Raises 53 where there is none of that name.
+/// A stored page as the transport hands it on. Raises `kErrFileNotFound` where there is none of that name.
 inline QString FetchedPage(std::string_view name)
 {
     QFile file(u"" KELVADO_SOURCE_DIR "/tests/data/web/%1.html"_s.arg(QLatin1StringView(name)));

@@ -5,28 +5,6 @@
 namespace kelvado {
 namespace {
 
-using namespace Qt::StringLiterals;
-
-TEST(PageText, CountsFromOneAndFailsFromNowhere)
-{
-    const PageText page(u"abcABC");
-    EXPECT_EQ(page.Find(u"a"), 1);
-    EXPECT_EQ(page.Find(u"A", 2), 4);
-    EXPECT_EQ(page.Find(u"c", 4, Qt::CaseInsensitive), 6);
-    EXPECT_EQ(page.Find(u"a", 7), kNowhere);
-    EXPECT_EQ(page.FindBehind(u"AB"), 6);
-    EXPECT_EQ(page.FindBehind(u"x"), kNowhere);
-    EXPECT_EQ(page.FindBack(u"BC", page.End()), 5);
-    EXPECT_EQ(page.FindBack(u"BC", 6), kNowhere);
-    EXPECT_EQ(page.Cut(6, 7), u"C");
-    EXPECT_EQ(page.Cut(9, 12), u"");
-    EXPECT_EQ(page.Cut(2, 2), u"");
-    EXPECT_EQ(page.Take(5, 9), u"BC");
-    EXPECT_EQ(ErrorOf([&] { return page.Find(u"a", kNowhere); }), kErrInvalidCall);
-    EXPECT_EQ(ErrorOf([&] { return page.Cut(3, 2); }), kErrInvalidCall);
-    EXPECT_EQ(ErrorOf([&] { return page.Cut(kNowhere, 2); }), kErrInvalidCall);
-}
-
 TEST(WebText, FlatPagesJoinTheWordsOfTwoLines)
 {
     EXPECT_EQ(FlattenPage(u"one\r\ntwo\n\rthree\tfour \r five"_s), u"onetwothreefour  five");

@@ -227,21 +227,6 @@ TEST_F(AddPanel, RowsFilmsAndPeopleAreVisitedInTheBrowser)
                                            site.Url(u"/Title?0912346"_s)}));
 }
 
-TEST_F(AddPanel, TheSourcesTakeTurnsInTheHost)
-{
-    StartAdding();
-    QWidget& panel = Get("Form2");
-    for (const char* source : {"ImgTaddDVDEmp", "ImgTaddAdultEmp"}) {
-        Press(source);
-        EXPECT_FALSE(panel.isVisible()) << source;
-        Press("ImgTaddIMDB");
-        EXPECT_TRUE(panel.isVisible());
-    }
-    Press("ImgTabMovieList");
-    EXPECT_FALSE(panel.isVisible());
-    EXPECT_FALSE(Get("picGrabSelect").isVisible());
-}
-
 TEST_F(AddPanel, HintsAreReadable)
 {
     StartAdding();

@@ -17,7 +17,7 @@ public:
     explicit GrabSelectRow(QWidget* parent = nullptr);
 
     /// Loads the pictures of `skin` with the source of `mode` selected: "IMDB", "DVDEmp" or "AdultEmp"; any other does nothing.
-    /// Raises 53 or 481 where a picture is missing.
+    /// Raises `kErrFileNotFound` or `kErrInvalidPicture` where a picture is missing.
     void LoadSearchBar(const QString& skin, const QString& mode);
     /// Places the pieces side by side; the last one fills what is left.
     void ArrangeSearchBar();

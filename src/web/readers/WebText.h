@@ -16,7 +16,8 @@ constexpr Place Behind(Place place, qsizetype length)
 }
 
 /// A page that is read by markers, places and lengths. It looks at the text that it was made of, which must outlive it.
-/// Searching or cutting from nowhere raises `kErrInvalidCall`, so that a marker that was not found ends the reading at the next step that needs it.
+/// Searching or cutting from nowhere raises `kErrInvalidCall`, so that a marker that was not found ends the reading at the next step that
+/// needs it.
 class PageText
 {
 public:

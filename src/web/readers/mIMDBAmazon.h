@@ -27,11 +27,11 @@ struct AmazonCandidate
 std::optional<QString> ParseShopLink(QStringView titlePage);
 
 /// The scored products of the flattened result page in page order, behind an empty row 0; no row at all where no list was found.
-/// Raises 9 for a list without a product, 5 for a product without its text.
+/// Raises `kErrSubscript` for a list without a product, `kErrInvalidCall` for a product without its text.
 std::vector<AmazonCandidate> ParseCandidates(QStringView resultPage, const QString& filmTitle);
 
-/// The link of the larger picture on a product's flattened page; "" without one. Raises 5 where its words stand among the first 100
-/// characters of the page.
+/// The link of the larger picture on a product's flattened page; "" without one. Raises `kErrInvalidCall` where its words stand among the
+/// first 100 characters of the page.
 QString ParseLargerPicture(QStringView productPage);
 
 /// The address of a picture of the film that is larger than its poster; "" where the shop has none. `filmTitle` is the title with its

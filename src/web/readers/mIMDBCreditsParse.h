@@ -11,10 +11,10 @@ namespace kelvado {
 
 /// The people of one section of the flattened credits page, in page order, each with `Name`, `IMDB_Link` ("nm0000001") and the third
 /// field: `Character` for actors, `Extended` for the others. Nothing where the page has no such section, which is not the same as a
-/// section without people. A row that is not built as expected raises 5.
+/// section without people. A row that is not built as expected raises `kErrInvalidCall`.
 
 std::optional<QList<FilmPerson>> ParseActors(QStringView page);
-/// A value that cannot be read stays empty and the row is taken all the same; only a row without its last cell raises 5.
+/// A value that cannot be read stays empty and the row is taken all the same; only a row without its last cell raises `kErrInvalidCall`.
 std::optional<QList<FilmPerson>> ParseDirectors(QStringView page);
 /// `IMDB_Link` ends in "/" here.
 std::optional<QList<FilmPerson>> ParseProducers(QStringView page);

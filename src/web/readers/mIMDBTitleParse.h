@@ -22,10 +22,10 @@ struct TitleInfo
     QString Votes;    ///< the text in the parentheses behind the rating, or empty
 };
 
-/// All of these read the flattened page of a film. A marker that stands behind a missing one, and a text without its end, raise 5;
-/// where the marker of a whole fact is missing, the result is told with each.
+/// All of these read the flattened page of a film. A marker that stands behind a missing one, and a text without its end, raise
+/// `kErrInvalidCall`; where the marker of a whole fact is missing, the result is told with each.
 
-/// Raises 9 for a title tag without "(". Without "<title>" the title begins at the seventh character of the page.
+/// Raises `kErrSubscript` for a title tag without "(". Without "<title>" the title begins at the seventh character of the page.
 TitleInfo ParseTitleBlock(QStringView page);
 
 /// The certificate: "PG-13", "R", "NC-17", "PG", or "" for none of the known ones; never raises.
@@ -44,7 +44,7 @@ QString ParseTitleNumber(QStringView page);
 /// Empty without a genre. Where the end of the list is not found, the first genre alone.
 QList<FilmGenre> ParseGenres(QStringView page);
 
-/// The poster's address with its scheme; "" where the page says that there is none. Raises 5 where it says neither.
+/// The poster's address with its scheme; "" where the page says that there is none. Raises `kErrInvalidCall` where it says neither.
 QString ParsePosterUrl(QStringView page, const WebHosts& hosts);
 
 } // namespace kelvado

@@ -30,12 +30,12 @@ bool IsTitlePage(QStringView page);
 bool HasNoMatches(QStringView page);
 
 /// The other titles in the text of a result row, read from 4 characters behind `start` (0 for the whole text): each behind a line feed,
-/// without quotes and bold tags, entities decoded. A title without its tags raises 5.
+/// without quotes and bold tags, entities decoded. A title without its tags raises `kErrInvalidCall`.
 QString CollectAkaTitles(QStringView text, qsizetype start);
 
 /// Adds what the flattened result page tells to the lists, 50 films at most; with the fiftieth, `page` is emptied. Row 0 of `lstAka` must
 /// be there already, so that a row's number says which film has other titles. Says so where there was no match. Shows the moving
-/// picture meanwhile. A result row that is not built as expected raises 5; the rows before it stay.
+/// picture meanwhile. A result row that is not built as expected raises `kErrInvalidCall`; the rows before it stay.
 void ParseSearchPage(QString& page, QList<SearchRow>& lstSearch, QStringList& lstAka, Shell& shell, Dialogs& dialogs);
 
 } // namespace kelvado

@@ -12,7 +12,8 @@ inline constexpr QLatin1StringView kNumberFileFilter("Web Pages (*.htm, *.html)|
                                                      "Release NFO Files (*.nfo)|*.nfo|All Files (*.*)|*.*|");
 
 /// Every seven digits of the file in order of appearance, doubles included: a run of eight digits gives one number, one of fourteen two.
-/// Digits are the same in every encoding that such files have, so any file will do. Raises 53 for a file that cannot be read.
+/// Digits are the same in every encoding that such files have, so any file will do. Raises `kErrFileNotFound` for a file that cannot be
+/// read.
 QStringList ReadNumbers(const QString& path);
 
 } // namespace kelvado

@@ -6,7 +6,8 @@ namespace kelvado {
 class cWaitableTimer
 {
 public:
-    /// Returns when that time has passed, never earlier; events are served all along. Raises 32755 where the program ends meanwhile.
+    /// Returns when that time has passed, never earlier; events are served all along. Raises `kErrCancelled` where the program ends
+    /// meanwhile.
     void Wait(int milliseconds) const;
 };
 
