@@ -8,6 +8,7 @@
 --   DATE        yyyy-mm-dd                          LONGBLOB  bytes
 -- Numbered keys are AUTOINCREMENT, so that an id never comes back.
 
+-- The mark of a catalog in the engine's file header: "KVDC".
 PRAGMA application_id = 0x4B564443;
 
 BEGIN;

@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -141,13 +140,6 @@ void DesktopEvents::ServeWithoutInput()
 void DesktopEvents::Pause(int milliseconds)
 {
     cWaitableTimer().Wait(milliseconds);
-}
-
-qint64 DesktopClock::Ticks() const
-{
-    QElapsedTimer timer;
-    timer.start();
-    return timer.msecsSinceReference();
 }
 
 } // namespace kelvado

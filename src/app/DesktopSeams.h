@@ -44,7 +44,6 @@ class DesktopClock : public Clock
 {
 public:
     QDateTime Now() const override { return QDateTime::currentDateTime(); }
-    qint64 Ticks() const override;
 };
 
 } // namespace kelvado

@@ -41,7 +41,7 @@ constexpr FormatPicture kFormatPictures[] = {
 };
 
 // The columns of the films' query, in their order.
-enum FilmColumn { kPrimaryColumn, kSecondaryColumn, kIdColumn, kTitleColumn, kFormatColumn, kLoanColumn };
+enum LevelColumn { kPrimaryColumn, kSecondaryColumn, kIdColumn, kTitleColumn, kFormatColumn, kLoanColumn };
 
 // The group of a title: the code of its first letter, 10 for a digit, 1 for anything else and for no title.
 int TitleGroup(const QString& title)
@@ -244,7 +244,7 @@ private:
         film.title = films.Text(kTitleColumn);
         TakeFormat(films);
         film.image = m_lastImage;
-        const int group = PlaceOf(film, films);
+        const int group = HomeOf(film, films);
         film.title = Shown(film.title);
         m_content.AddFilm(std::move(film), group);
     }
@@ -263,16 +263,16 @@ private:
     }
 
     /// Gives the film the second part of its key, and returns its group.
-    int PlaceOf(TreeFilm& film, const Recordset& films)
+    int HomeOf(TreeFilm& film, const Recordset& films)
     {
         if (m_primary == kByTitle) {
-            Place& place = m_titlePlaces[static_cast<std::size_t>(TitleGroup(film.title))];
-            if (place.group < 0) {
-                place.value = QString::number(TitleGroup(film.title));
-                place.group = GroupOf(TitleGroupText(TitleGroup(film.title)));
+            Home& home = m_titleHomes[static_cast<std::size_t>(TitleGroup(film.title))];
+            if (home.group < 0) {
+                home.value = QString::number(TitleGroup(film.title));
+                home.group = GroupOf(TitleGroupText(TitleGroup(film.title)));
             }
-            film.value = place.value;
-            return place.group;
+            film.value = home.value;
+            return home.group;
         }
         if (m_primary == kByLocation) {
             film.value = FilmValue(m_primary, {}, QString::fromUtf8(m_lastFormat));
@@ -332,7 +332,7 @@ private:
         m_content = std::move(kept);
     }
 
-    struct Place
+    struct Home
     {
         QString value; ///< the second part of the keys of its films
         int group = -1;
@@ -342,8 +342,8 @@ private:
     QString m_primary;
     TreeContent m_content;
     QHash<QString, int> m_groups;
-    QHash<QByteArray, Place> m_knownValues; ///< by a value as films carry it
-    std::array<Place, u'Z' + 1> m_titlePlaces;
+    QHash<QByteArray, Home> m_knownValues; ///< by a value as films carry it
+    std::array<Home, u'Z' + 1> m_titleHomes;
     qint64 m_expectedFilms = 0; ///< what the groups count together, filters aside
     QByteArray m_lastFormat;
     int m_lastImage = 0;

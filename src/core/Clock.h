@@ -9,8 +9,6 @@ class Clock
 public:
     virtual ~Clock() = default;
     virtual QDateTime Now() const = 0;
-    /// Milliseconds since some fixed moment; never runs backwards.
-    virtual qint64 Ticks() const = 0;
 };
 
 } // namespace kelvado

@@ -221,12 +221,12 @@ QString DecodeEntities(const QString& text)
         if (!IsNumeric(digits))
             return decoded;
         const double code = RoundHalfEven(ToDouble(digits));
-        if (!(code >= 0 && code <= 255))
+        if (!(code >= 0 && code <= 0x10FFFF) || QChar::isSurrogate(static_cast<char32_t>(code)))
             return decoded;
-        const auto place = static_cast<unsigned>(code);
-        const QChar character(place >= 0x80 && place < 0xA0 ? kCodePageUpper[place - 0x80] : static_cast<char16_t>(place));
+        const auto place = static_cast<char32_t>(code);
+        const char32_t letter = place >= 0x80 && place < 0xA0 ? kCodePageUpper[place - 0x80] : place;
         const QString entity = decoded.sliced(start, end - start + 1);
-        decoded.replace(entity, QString(character));
+        decoded.replace(entity, QStringView(QChar::fromUcs4(letter)).toString());
     }
     return decoded;
 }

@@ -64,9 +64,10 @@ QString FromWindows1252(QByteArrayView bytes);
 /// The bytes of a text in Windows-1252, with "?" for what the code page does not hold. Never raises.
 QByteArray ToWindows1252(QStringView text);
 
-/// Replaces numeric entities ("&#246;") by the characters of those codes in Windows-1252. The first "&#" and the first ";" of the text
-/// make the entity, and every occurrence of it goes at once. The decoding ends quietly at the first one that cannot be read: no ";",
-/// a ";" in front of the "&#", a hexadecimal code, a code above 255, a position above 32767, the 513th different entity. Never raises.
+/// Replaces numeric entities ("&#246;") by the characters of those codes in Windows-1252, and above 255 by their letters. The first "&#"
+/// and the first ";" of the text make the entity, and every occurrence of it goes at once. The decoding ends quietly at the first one that
+/// cannot be read: no ";", a ";" in front of the "&#", a hexadecimal code, a code that is no letter, a position above 32767, the 513th
+/// different entity. Never raises.
 QString DecodeEntities(const QString& text);
 
 } // namespace kelvado

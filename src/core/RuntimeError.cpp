@@ -9,7 +9,7 @@ namespace kelvado {
 
 namespace {
 
-constexpr std::array<std::pair<int, const char*>, 14> kDescriptions{{
+constexpr std::array<std::pair<int, const char*>, 13> kDescriptions{{
     {kErrInvalidCall, "Invalid procedure call or argument"},
     {kErrOverflow, "Overflow"},
     {kErrSubscript, "Subscript out of range"},
@@ -20,7 +20,6 @@ constexpr std::array<std::pair<int, const char*>, 14> kDescriptions{{
     {kErrObjectNotSet, "Object variable not set"},
     {kErrInvalidNull, "Invalid use of Null"},
     {kErrObjectRequired, "Object required"},
-    {kErrDuplicateKey, "This key is already associated with an element of this collection"},
     {kErrInvalidPicture, "Invalid picture"},
     {kErrNoCurrentRecord, "There is no current record"},
     {kErrCancelled, "Cancel was selected"},

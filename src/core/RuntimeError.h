@@ -17,7 +17,6 @@ inline constexpr int kErrFileAccess = 75;
 inline constexpr int kErrObjectNotSet = 91;
 inline constexpr int kErrInvalidNull = 94;
 inline constexpr int kErrObjectRequired = 424;
-inline constexpr int kErrDuplicateKey = 457;
 inline constexpr int kErrInvalidPicture = 481;
 inline constexpr int kErrNoCurrentRecord = 3021;
 inline constexpr int kErrItemNotFound = 3265;

@@ -4,9 +4,6 @@
 
 namespace kelvado {
 
-/// The mark of a catalog in the engine's file header: "KVDC".
-inline constexpr int kCatalogApplicationId = 0x4B564443;
-
 /// Builds a blank catalog at `path` from the schema and seed rows in `schemaSql` (statements of the engine's own grammar), over
 /// whatever stands there. Raises `kErrDatabase` with the engine's text, 75 where it cannot take its place.
 void BuildBlankCatalog(const QString& path, const QString& schemaSql);

@@ -13,7 +13,7 @@ namespace kelvado {
 /// Where a film's column comes from in the record.
 using FilmMember = std::variant<QString FilmRecord::*, Currency FilmRecord::*, QDate FilmRecord::*, bool FilmRecord::*>;
 
-struct FilmColumn
+struct RecordColumn
 {
     QLatin1StringView column;
     FilmMember member;
@@ -22,7 +22,7 @@ struct FilmColumn
 
 // The tables stand in the order in which the columns are stored: with automatic cutting off, the user is asked in this order.
 
-inline constexpr FilmColumn kAddColumns[] = {
+inline constexpr RecordColumn kAddColumns[] = {
     {"Title"_L1, &FilmRecord::Title, &cOptIMDbFilm::Title},
     {"TitleNY"_L1, &FilmRecord::TitleNY, &cOptIMDbFilm::ShortTitle},
     {"IMDB"_L1, &FilmRecord::IMDB},
@@ -39,7 +39,7 @@ inline constexpr FilmColumn kAddColumns[] = {
 };
 
 // An update stores the rating under the certificate's option, and never looks at its own.
-inline constexpr FilmColumn kUpdateColumns[] = {
+inline constexpr RecordColumn kUpdateColumns[] = {
     {"Title"_L1, &FilmRecord::Title, &cOptIMDbFilm::Title},
     {"IMDB"_L1, &FilmRecord::IMDB},
     {"Votes"_L1, &FilmRecord::Votes, &cOptIMDbFilm::IMDbVotes},
@@ -55,7 +55,7 @@ inline constexpr FilmColumn kUpdateColumns[] = {
     {"Index"_L1, &FilmRecord::Index},
 };
 
-inline constexpr FilmColumn kEditColumns[] = {
+inline constexpr RecordColumn kEditColumns[] = {
     {"Title"_L1, &FilmRecord::Title},
     {"TitleNY"_L1, &FilmRecord::TitleNY},
     {"Year"_L1, &FilmRecord::Year},
@@ -88,13 +88,13 @@ inline constexpr FilmColumn kEditColumns[] = {
     {"AudChannels"_L1, &FilmRecord::AudChannels},
 };
 
-inline constexpr FilmColumn kOriginColumns[] = {
+inline constexpr RecordColumn kOriginColumns[] = {
     {"Color"_L1, &FilmRecord::Color},
     {"Country"_L1, &FilmRecord::Country},
 };
 
 // What is the user's own: fresh web data never touches it.
-inline constexpr FilmColumn kPersonalColumns[] = {
+inline constexpr RecordColumn kPersonalColumns[] = {
     {"PurchasePrice"_L1, &FilmRecord::PurchasePrice}, {"PurchasedWhere"_L1, &FilmRecord::PurchasedWhere},
     {"LastViewing"_L1, &FilmRecord::LastViewing},     {"SeenIt"_L1, &FilmRecord::SeenIt},
     {"MyRating"_L1, &FilmRecord::MyRating},           {"MyRatingNotes"_L1, &FilmRecord::MyRatingNotes},
@@ -103,7 +103,7 @@ inline constexpr FilmColumn kPersonalColumns[] = {
 };
 
 // Only a new film brings these; an update keeps what the catalog has.
-inline constexpr FilmColumn kAddFileColumns[] = {
+inline constexpr RecordColumn kAddFileColumns[] = {
     {"FileSize"_L1, &FilmRecord::Filesize},       {"FileName"_L1, &FilmRecord::FileName},
     {"vidBitrate"_L1, &FilmRecord::VidBitrate},   {"audBitrate"_L1, &FilmRecord::AudBitrate},
     {"audChannels"_L1, &FilmRecord::AudChannels}, {"vidType"_L1, &FilmRecord::VidType},

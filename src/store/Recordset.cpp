@@ -25,7 +25,7 @@ RecordsetImpl& Recordset::Opened(int column) const
     return opened;
 }
 
-void Recordset::Open(const QString& sql, Connection& connection, CursorType, LockType lock)
+void Recordset::Open(const QString& sql, Connection& connection, LockType lock)
 {
     Open(sql, {}, connection, lock);
 }
@@ -71,40 +71,6 @@ qint64 Recordset::RecordCount() const
 qint64 Recordset::AbsolutePosition() const
 {
     return Opened().AbsolutePosition();
-}
-
-void Recordset::SetPageSize(qint64 rows)
-{
-    if (rows < 1)
-        throw RuntimeError(kErrInvalidCall);
-    Opened().pageSize = rows;
-}
-
-qint64 Recordset::PageSize() const
-{
-    return Opened().pageSize;
-}
-
-qint64 Recordset::PageCount() const
-{
-    return (RecordCount() + PageSize() - 1) / PageSize();
-}
-
-void Recordset::SetAbsolutePage(qint64 page)
-{
-    if (page < 1 || page > PageCount())
-        throw RuntimeError(kErrNoCurrentRecord);
-    Opened().MoveTo((page - 1) * PageSize() + 1);
-}
-
-qint64 Recordset::AbsolutePage() const
-{
-    return (AbsolutePosition() + PageSize() - 1) / PageSize();
-}
-
-int Recordset::FieldCount() const
-{
-    return static_cast<int>(Opened().Columns().size());
 }
 
 int Recordset::ColumnIndex(QStringView name) const

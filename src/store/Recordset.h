@@ -11,8 +11,7 @@ namespace kelvado {
 
 class RecordsetImpl;
 
-enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
-enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3 };
+enum class LockType { ReadOnly, Optimistic };
 
 /// One column of a recordset at its current row; a light handle, valid while its recordset is open.
 class Field
@@ -60,7 +59,7 @@ public:
     Recordset& operator=(Recordset&&) noexcept;
 
     /// `sql` is given in the catalog's own dialect (see JetSql.h). The connection must stay open as long as the recordset.
-    void Open(const QString& sql, Connection& connection, CursorType cursor = CursorType::Keyset, LockType lock = LockType::Optimistic);
+    void Open(const QString& sql, Connection& connection, LockType lock = LockType::Optimistic);
     /// The same, with values for the question marks of `sql`.
     void Open(const QString& sql, const QList<Value>& values, Connection& connection, LockType lock = LockType::Optimistic);
     bool IsOpen() const;
@@ -75,15 +74,7 @@ public:
     qint64 RecordCount() const;
     /// 1 for the first row; 0 where there is no current row.
     qint64 AbsolutePosition() const;
-    /// Rows of a page; 10 until it is set. `PageCount` follows from `RecordCount`.
-    void SetPageSize(qint64 rows);
-    qint64 PageSize() const;
-    qint64 PageCount() const;
-    /// Moves to the first row of page `page`, 1 for the first. Raises 3021 where there is no such page.
-    void SetAbsolutePage(qint64 page);
-    qint64 AbsolutePage() const;
 
-    int FieldCount() const;
     /// The column's place from 0, found without regard to case. Raises 3265 with the name where there is none.
     int ColumnIndex(QStringView name) const;
     /// Raises 3265 where there is no such column.

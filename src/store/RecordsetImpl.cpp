@@ -27,7 +27,7 @@ RecordsetImpl::RecordsetImpl(std::shared_ptr<ConnectionImpl> connection, const Q
             m_query->statement.Bind(i + 1, m_values[i]);
         m_query->statement.Step();
         m_query->statement.Reset();
-        m_place = Place::Behind;
+        m_state = State::Behind;
         m_count = 0;
     }
     m_connection->Join(this);
@@ -57,83 +57,134 @@ void RecordsetImpl::LetGo() noexcept
     m_blob.Close();
 }
 
-bool RecordsetImpl::Eof()
+// ---- the states of the walk: they change in this part alone
+
+// The one way into a state: what does not go with it is let go.
+void RecordsetImpl::Go(State next)
 {
-    if (m_adding)
-        return false;
-    if (m_place == Place::Before)
-        Start();
-    return m_place == Place::Behind;
+    if (next != State::Streamed && next != State::Held && next != State::HeldAhead)
+        m_query->statement.Reset();
+    if (next == State::Behind) {
+        m_blob.Close();
+        m_held.clear();
+    }
+    m_state = next;
 }
 
 void RecordsetImpl::Start()
 {
     Statement& statement = m_query->statement;
-    EndStatement();
+    Go(State::NotBegun);
     for (int i = 0; i < m_values.size(); ++i)
         statement.Bind(i + 1, m_values[i]);
     m_position = 0;
-    m_keys.reset();
-    m_running = true;
-    StepOn();
+    m_keys.clear();
+    m_nextKey = 0;
+    m_chunkAt.clear();
+    StepStatement();
     // Most queries ask for one row: with the look behind it the statement is over, and holds no lock while the row is worked on.
-    if (m_place == Place::Streamed && m_query->ofOneTable) {
+    if (IsStreamed() && m_query->ofOneTable) {
         Hold();
-        m_ahead = statement.Step();
-        if (!m_ahead)
-            EndStatement();
+        Go(statement.Step() ? State::HeldAhead : State::HeldAlone);
     }
 }
 
-void RecordsetImpl::StepOn()
+void RecordsetImpl::StepStatement()
 {
-    m_chunkAt.clear();
-    if (m_keys) {
-        while (m_nextKey < m_keys->size()) {
-            m_rowId = (*m_keys)[m_nextKey++];
-            if (std::optional<std::vector<Value>> row = ReadByRowId(m_rowId)) {
-                m_held = std::move(*row);
-                m_place = Place::Held;
-                ++m_position;
-                return;
-            }
-        }
-        ReachEnd();
-        return;
-    }
-    if (!m_ahead && !(m_running && m_query->statement.Step())) {
+    if (m_state != State::HeldAhead && !m_query->statement.Step()) {
         m_count = m_position;
-        ReachEnd();
+        Go(State::Behind);
         return;
     }
-    m_ahead = false;
-    m_place = Place::Streamed;
+    Go(State::Streamed);
     ++m_position;
     if (m_query->ofOneTable)
         m_rowId = m_query->statement.Integer(0);
 }
 
-void RecordsetImpl::ReachEnd()
+void RecordsetImpl::StepOn()
 {
-    EndStatement();
-    m_blob.Close();
-    m_held.clear();
-    m_place = Place::Behind;
+    m_chunkAt.clear();
+    if (m_state != State::HeldAlone && m_state != State::Unread) {
+        StepStatement();
+        return;
+    }
+    while (m_nextKey < m_keys.size()) {
+        m_rowId = m_keys[m_nextKey++];
+        if (std::optional<std::vector<Value>> row = ReadByRowId(m_rowId)) {
+            m_held = std::move(*row);
+            Go(State::HeldAlone);
+            ++m_position;
+            return;
+        }
+    }
+    Go(State::Behind);
 }
 
-void RecordsetImpl::EndStatement() noexcept
+void RecordsetImpl::RequireRow()
 {
-    m_query->statement.Reset();
-    m_running = false;
-    m_ahead = false;
+    if (m_state == State::NotBegun)
+        Start();
+    if (m_state == State::Unread) {
+        std::optional<std::vector<Value>> row = ReadByRowId(m_rowId);
+        if (!row)
+            throw RuntimeError(kErrNoCurrentRecord);
+        m_held = std::move(*row);
+        Go(State::HeldAlone);
+    }
+    if (m_state == State::Behind)
+        throw RuntimeError(kErrNoCurrentRecord);
+}
+
+void RecordsetImpl::Hold()
+{
+    if (!IsStreamed())
+        return;
+    m_held = CopyRow(m_query->statement);
+    Go(State::Held);
+}
+
+// Once a row is written, the running statement could meet rows that it gave already, or miss some. From then on the walk goes by keys.
+void RecordsetImpl::FreezeKeys()
+{
+    Hold();
+    if (m_state != State::Held && m_state != State::HeldAhead)
+        return;
+    m_keys.clear();
+    m_nextKey = 0;
+    Statement& statement = m_query->statement;
+    if (m_state == State::HeldAhead)
+        m_keys.push_back(statement.Integer(0));
+    while (statement.Step())
+        m_keys.push_back(statement.Integer(0));
+    Go(State::HeldAlone);
+}
+
+// A new row stands behind all others.
+void RecordsetImpl::StandOnNewRow(qint64 rowId)
+{
+    m_rowId = rowId;
+    m_keys.clear();
+    m_nextKey = 0;
+    m_position = 0;
+    Go(State::Unread);
+}
+
+// ---- the walk
+
+bool RecordsetImpl::Eof()
+{
+    if (m_adding)
+        return false;
+    if (m_state == State::NotBegun)
+        Start();
+    return m_state == State::Behind;
 }
 
 void RecordsetImpl::MoveNext()
 {
     Update();
-    if (m_place == Place::Before)
-        Start();
-    if (m_place == Place::Behind)
+    if (Eof())
         throw RuntimeError(kErrNoCurrentRecord);
     StepOn();
 }
@@ -163,58 +214,7 @@ qint64 RecordsetImpl::AbsolutePosition()
     return m_position > 0 ? m_position : RecordCount();
 }
 
-void RecordsetImpl::MoveTo(qint64 position)
-{
-    Update();
-    if (position < 1 || position > RecordCount())
-        throw RuntimeError(kErrNoCurrentRecord);
-    if (m_place == Place::Before || m_place == Place::Behind || m_position < 1 || position < m_position)
-        Start();
-    while (m_place != Place::Behind && m_position < position)
-        StepOn();
-    RequireRow();
-}
-
-// Once a row is written, the running statement could meet rows that it gave already, or miss some. From then on the walk goes by keys.
-void RecordsetImpl::FreezeKeys()
-{
-    if (m_keys)
-        return;
-    if (m_place == Place::Streamed)
-        Hold();
-    std::vector<qint64> keys;
-    Statement& statement = m_query->statement;
-    if (m_ahead)
-        keys.push_back(statement.Integer(0));
-    while (m_running && statement.Step())
-        keys.push_back(statement.Integer(0));
-    EndStatement();
-    m_keys = std::move(keys);
-    m_nextKey = 0;
-}
-
 // ---- the row
-
-void RecordsetImpl::RequireRow()
-{
-    if (m_place == Place::Before)
-        Start();
-    if (m_place == Place::Unread) {
-        std::optional<std::vector<Value>> row = ReadByRowId(m_rowId);
-        if (!row)
-            throw RuntimeError(kErrNoCurrentRecord);
-        m_held = std::move(*row);
-        m_place = Place::Held;
-    }
-    if (m_place == Place::Behind)
-        throw RuntimeError(kErrNoCurrentRecord);
-}
-
-void RecordsetImpl::Hold()
-{
-    m_held = CopyRow(m_query->statement);
-    m_place = Place::Held;
-}
 
 std::vector<Value> RecordsetImpl::CopyRow(const Statement& statement) const
 {
@@ -271,7 +271,7 @@ bool RecordsetImpl::IsNull(int column)
     if (const std::optional<Value> pending = Pending(column))
         return pending->IsNull();
     RequireRow();
-    return m_place == Place::Streamed ? StreamsNull(column) : Held(column).IsNull();
+    return IsStreamed() ? StreamsNull(column) : Held(column).IsNull();
 }
 
 bool RecordsetImpl::StreamsNull(int column) const
@@ -288,7 +288,7 @@ Value RecordsetImpl::Get(int column)
         value = *pending;
     } else {
         RequireRow();
-        if (m_place == Place::Streamed) {
+        if (IsStreamed()) {
             if (!StreamsNull(column))
                 value = m_query->statement.Get(StatementColumn(column));
         } else if (IsBlobOfRow(column)) {
@@ -305,7 +305,7 @@ Value RecordsetImpl::Get(int column)
 QByteArrayView RecordsetImpl::Utf8(int column)
 {
     const bool plain = Columns()[column].type.kind != ColumnKind::Date;
-    if (plain && !IsEditing() && m_place == Place::Streamed) {
+    if (plain && !IsEditing() && IsStreamed()) {
         if (const std::optional<QByteArrayView> text = m_query->statement.Utf8(StatementColumn(column)))
             return *text;
     }
@@ -316,7 +316,7 @@ QByteArrayView RecordsetImpl::Utf8(int column)
 QString RecordsetImpl::Text(int column)
 {
     const bool plain = Columns()[column].type.kind != ColumnKind::Date;
-    if (plain && !IsEditing() && m_place == Place::Streamed)
+    if (plain && !IsEditing() && IsStreamed())
         return m_query->statement.Text(StatementColumn(column));
     const Value value = Get(column);
     return value.IsNull() ? QString() : value.Text();
@@ -324,7 +324,7 @@ QString RecordsetImpl::Text(int column)
 
 std::int64_t RecordsetImpl::Integer(int column)
 {
-    if (!IsEditing() && m_place == Place::Streamed && m_query->statement.HoldsWhole(StatementColumn(column)))
+    if (!IsEditing() && IsStreamed() && m_query->statement.HoldsWhole(StatementColumn(column)))
         return m_query->statement.Integer(StatementColumn(column));
     const Value value = Get(column);
     return value.IsNull() ? 0 : value.Integer();
@@ -332,7 +332,7 @@ std::int64_t RecordsetImpl::Integer(int column)
 
 double RecordsetImpl::Number(int column)
 {
-    if (!IsEditing() && m_place == Place::Streamed && m_query->statement.HoldsNumber(StatementColumn(column)))
+    if (!IsEditing() && IsStreamed() && m_query->statement.HoldsNumber(StatementColumn(column)))
         return m_query->statement.Number(StatementColumn(column));
     const Value value = Get(column);
     return value.IsNull() ? 0 : value.Number();
@@ -342,7 +342,7 @@ qint64 RecordsetImpl::ActualSize(int column)
 {
     if (!Pending(column)) {
         RequireRow();
-        if (m_place == Place::Held && IsBlobOfRow(column)) {
+        if (IsHeld() && IsBlobOfRow(column)) {
             OpenBlob(column);
             return m_blob.Size();
         }
@@ -355,7 +355,7 @@ qint64 RecordsetImpl::ActualSize(int column)
 
 bool RecordsetImpl::IsBlobOfRow(int column) const
 {
-    return m_query->ofOneTable && Columns()[column].type.kind == ColumnKind::Binary && m_place == Place::Held && !Held(column).IsNull();
+    return m_query->ofOneTable && Columns()[column].type.kind == ColumnKind::Binary && IsHeld() && !Held(column).IsNull();
 }
 
 void RecordsetImpl::OpenBlob(int column)
@@ -367,7 +367,7 @@ QByteArray RecordsetImpl::GetChunk(int column, qint64 size)
 {
     if (!Pending(column)) {
         RequireRow();
-        if (m_place == Place::Streamed && m_query->ofOneTable)
+        if (IsStreamed() && m_query->ofOneTable)
             Hold();
     }
     qint64& at = m_chunkAt[column];
@@ -404,8 +404,7 @@ void RecordsetImpl::Set(int column, const Value& value)
     Value stored = ToStored(Columns()[column].type.kind, value, Columns()[column].name);
     if (!m_adding) {
         RequireRow();
-        if (m_place == Place::Streamed)
-            Hold();
+        Hold();
     }
     m_changes.resize(static_cast<std::size_t>(Columns().size()));
     m_changes[static_cast<std::size_t>(column)] = std::move(stored);
@@ -482,15 +481,11 @@ void RecordsetImpl::Insert()
     const QString list = names.isEmpty() ? u" DEFAULT VALUES"_s : u" ("_s + names + u") VALUES ("_s + places + u')';
     Run(u"INSERT INTO "_s + QuotedName(m_query->translated.table) + list, columns, std::nullopt);
 
-    m_rowId = m_connection->LastRowId();
-    if (m_reservedKey == m_rowId)
+    const qint64 rowId = m_connection->LastRowId();
+    if (m_reservedKey == rowId)
         m_reservedKey.reset();
     DropEdit();
-    EndStatement();
-    m_keys.emplace();
-    m_nextKey = 0;
-    m_place = Place::Unread;
-    m_position = 0;
+    StandOnNewRow(rowId);
     if (m_count)
         ++*m_count;
 }
@@ -513,7 +508,7 @@ void RecordsetImpl::Change()
             m_rowId = key->Integer();
     }
     DropEdit();
-    m_place = Place::Unread;
+    Go(State::Unread);
 }
 
 void RecordsetImpl::CancelUpdate()

@@ -12,8 +12,6 @@
 
 namespace kelvado {
 
-inline constexpr qint64 kUsualPageSize = 10;
-
 /// The walk over the rows and the row under the hand.
 class RecordsetImpl final : public ConnectionClient
 {
@@ -30,7 +28,6 @@ public:
     void MoveFirst();
     qint64 RecordCount();
     qint64 AbsolutePosition();
-    void MoveTo(qint64 position);
 
     const QList<Query::Column>& Columns() const { return m_query->columns; }
     int ColumnIndex(QStringView name) const;
@@ -51,29 +48,29 @@ public:
     void CancelUpdate();
     void Delete();
 
-    qint64 pageSize = kUsualPageSize;
-
 private:
-    // Where the current row's values are.
-    enum class Place {
-        Before,   // no row has been read yet
-        Streamed, // in the statement
-        Held,     // in `m_held`; bytes stay in the catalog
-        Unread,   // in the catalog, under `m_rowId`
-        Behind,   // there is none
+    enum class State {
+        NotBegun,  // no row has been read yet
+        Streamed,  // the row is in the statement
+        Held,      // the row is in `m_held`, its bytes in the catalog; the statement stands on it still
+        HeldAhead, // the same, but the statement stands on the next row
+        HeldAlone, // the same, but the statement is over; the rows to come are in `m_keys`
+        Unread,    // as before, but the row has to be read again, by `m_rowId`
+        Behind,    // there is no row
     };
 
     void Disconnect() noexcept override;
     void LetGo() noexcept; // of the row that is being edited and of its bytes
+    void Go(State next);
     void Start();
+    void StepStatement();
     void StepOn();
-    void ReachEnd();
-    void EndStatement() noexcept;
     void RequireRow();
     void Hold();
     std::vector<Value> CopyRow(const Statement& statement) const;
     std::optional<std::vector<Value>> ReadByRowId(qint64 rowId);
     void FreezeKeys();
+    void StandOnNewRow(qint64 rowId);
 
     int StatementColumn(int column) const { return column + (m_query->ofOneTable ? 1 : 0); }
     bool StreamsNull(int column) const;
@@ -82,6 +79,8 @@ private:
     bool IsBlobOfRow(int column) const;
     void OpenBlob(int column);
 
+    bool IsStreamed() const { return m_state == State::Streamed; }
+    bool IsHeld() const { return m_state == State::Held || m_state == State::HeldAhead || m_state == State::HeldAlone; }
     bool IsEditing() const { return !m_changes.empty(); }
     void RequireWritable(int column) const;
     [[noreturn]] void RaiseLost() const;
@@ -96,13 +95,11 @@ private:
     QList<Value> m_values;
     bool m_mayWrite;
 
-    Place m_place = Place::Before;
-    bool m_running = false; // the statement stands on a row: the current one, or the one behind it where `m_ahead` is set
-    bool m_ahead = false;
+    State m_state = State::NotBegun;
     qint64 m_position = 0; // 0 for a new row, which stands behind all others
     qint64 m_rowId = 0;
     std::vector<Value> m_held;
-    std::optional<std::vector<qint64>> m_keys; // the rows still to come, once they had to be written down
+    std::vector<qint64> m_keys; // the rows still to come, once they had to be written down
     std::size_t m_nextKey = 0;
     std::optional<qint64> m_count;
 

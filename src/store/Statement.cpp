@@ -14,6 +14,21 @@ void RaiseEngineError(sqlite3* database, const QString& path)
     throw RuntimeError(kErrDatabase, QString::fromUtf8(sqlite3_errmsg(database)) + u" ("_s + path + u')');
 }
 
+namespace {
+
+// The engine names a table that it does not know; where the table of the films is missing, the file is at fault.
+[[noreturn]] void RaiseStatementError(sqlite3* database, const QString& path)
+{
+    const int code = sqlite3_errcode(database);
+    const QString reason = QString::fromUtf8(sqlite3_errmsg(database));
+    const bool isCatalog =
+        code != SQLITE_NOTADB && (code != SQLITE_ERROR || sqlite3_table_column_metadata(database, "main", "Movie", nullptr, nullptr,
+                                                                                        nullptr, nullptr, nullptr, nullptr) == SQLITE_OK);
+    throw RuntimeError(kErrDatabase, (isCatalog ? QString() : u"This file is no Kelvado catalog: "_s) + reason + u" ("_s + path + u')');
+}
+
+} // namespace
+
 QString QuotedName(const QString& name)
 {
     QString inner = name;
@@ -25,7 +40,7 @@ Statement::Statement(sqlite3* database, const QString& path, const QString& sql)
     const QByteArray text = sql.toUtf8();
     const char* rest = nullptr;
     if (sqlite3_prepare_v2(database, text.constData(), static_cast<int>(text.size()), &m_handle, &rest) != SQLITE_OK)
-        RaiseEngineError(database, path);
+        RaiseStatementError(database, path);
     if (!m_handle)
         throw RuntimeError(kErrDatabase, u"the statement is empty ("_s + path + u')');
     if (rest != text.constEnd()) {
@@ -61,7 +76,7 @@ bool Statement::IsReadOnly() const
 void Statement::Raise()
 {
     try {
-        RaiseEngineError(m_database, m_path);
+        RaiseStatementError(m_database, m_path);
     } catch (...) {
         Reset();
         throw;

@@ -24,10 +24,10 @@ QString Cut(const QString& text, qsizetype size)
     return text.left(splitsOne ? size - 1 : size);
 }
 
-void PutColumns(std::span<const FilmColumn> columns, const FilmRecord& film, const cOptIMDbFilm& options, Recordset& movie,
+void PutColumns(std::span<const RecordColumn> columns, const FilmRecord& film, const cOptIMDbFilm& options, Recordset& movie,
                 const WriterContext& context)
 {
-    for (const FilmColumn& column : columns) {
+    for (const RecordColumn& column : columns) {
         if (column.gate && options.*column.gate <= 0)
             continue;
         Value value = std::visit([&film](auto member) { return Value(film.*member); }, column.member);
@@ -162,8 +162,9 @@ FilmRecord ReadFilm(qint64 movieId, const QString& catalogPath)
         void operator()(bool FilmRecord::*member) const { film.*member = FieldNumber(column, movie) != 0; }
         void operator()(QDate FilmRecord::*) const {} // the day of the last viewing is written only
     };
-    for (const std::span<const FilmColumn> columns : {std::span<const FilmColumn>(kEditColumns), {kOriginColumns}, {kPersonalColumns}}) {
-        for (const FilmColumn& column : columns)
+    for (const std::span<const RecordColumn> columns :
+         {std::span<const RecordColumn>(kEditColumns), {kOriginColumns}, {kPersonalColumns}}) {
+        for (const RecordColumn& column : columns)
             std::visit(Reader{film, movie, column.column}, column.member);
     }
     film.Image_ID = NumberText(FieldNumber(u"Image_ID"_s, movie));

@@ -41,15 +41,11 @@ bool TrayIcon::IsAvailable()
 void TrayIcon::SetIcon(const QIcon& icon)
 {
     m_picture = icon;
-    if (m_updateOnChange)
-        Update();
 }
 
 void TrayIcon::SetTipText(const QString& text)
 {
     m_tipText = text.left(kLongestTip);
-    if (m_updateOnChange)
-        Update();
 }
 
 bool TrayIcon::IsVisible() const

@@ -30,8 +30,6 @@ public:
     /// At most 63 characters are kept.
     void SetTipText(const QString& text);
     QString TipText() const { return m_tipText; }
-    /// With this on, every change of a property reaches the tray at once; otherwise with `Update`.
-    void SetUpdateOnChange(bool on) { m_updateOnChange = on; }
     bool IsVisible() const;
 
     void ShowTrayIcon();
@@ -49,7 +47,6 @@ private:
     QTimer* m_flash;
     QIcon m_picture;
     QString m_tipText;
-    bool m_updateOnChange = false;
     int m_flashesLeft = 0;
 };
 

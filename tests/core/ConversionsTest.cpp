@@ -65,7 +65,9 @@ TEST(DecodeEntities, ReadsDecimalCodesOfTheCodePageAndStopsAtTheFirstItCannotRea
         {u"&#38;#65;", u"A"},                 // what comes out is read again
         {u"a; b &#246; c", u"a; b &#246; c"}, // the first ";" stands in front
         {u"&#246; &#x41; &#228;", u"ö &#x41; &#228;"},
-        {u"&#300;&#246;", u"&#300;&#246;"},
+        {u"&#300;&#127909; &#65 ;", u"Ĭ🎥 A"},
+        {u"&#55357;&#246;", u"&#55357;&#246;"},
+        {u"&#1114112;&#246;", u"&#1114112;&#246;"},
         {u"&#246", u"&#246"},
         {u"&amp;", u"&amp;"},
     };

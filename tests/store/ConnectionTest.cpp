@@ -1,4 +1,5 @@
 #include "core/RuntimeError.h"
+#include "store/LockWait.h"
 #include "store/Recordset.h"
 #include "support/TempCatalog.h"
 
@@ -43,29 +44,40 @@ void Write(const QString& path, const QByteArray& bytes)
     file.write(bytes);
 }
 
+QByteArray Read(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
 TEST(Connection, SaysWhatIsWrongWithAFile)
 {
     const TempCatalog catalog;
     catalog.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000) INSERT INTO Movie (Title) SELECT 'film ' "
                 "|| i FROM n");
     const QString folder = catalog.Folder() + u'/';
-    QFile whole(catalog.Path());
-    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    const QByteArray bytes = whole.readAll();
+    const QByteArray bytes = Read(catalog.Path());
     Write(folder + u"text.kvd"_s, QByteArray("This is no catalog.\n").repeated(100));
     Write(folder + u"empty.kvd"_s, {});
     Write(folder + u"cut.kvd"_s, bytes.left(bytes.size() / 3));
     ASSERT_TRUE(QDir(folder).mkdir(u"folder.kvd"_s));
+    OtherProgram(folder + u"other.db"_s).Run("CREATE TABLE Mail (Subject TEXT); INSERT INTO Mail VALUES ('x')");
+    const QByteArray other = Read(folder + u"other.db"_s);
 
     const std::pair<QString, QString> cases[] = {
-        {u"text.kvd"_s, u"file is not a database"_s},          {u"empty.kvd"_s, u"no such table: Movie"_s},
-        {u"cut.kvd"_s, u"database disk image is malformed"_s}, {u"folder.kvd"_s, u"unable to open database file"_s},
+        {u"text.kvd"_s, u"This file is no Kelvado catalog: file is not a database"_s},
+        {u"empty.kvd"_s, u"This file is no Kelvado catalog: no such table: Movie"_s},
+        {u"other.db"_s, u"This file is no Kelvado catalog: no such table: Movie"_s},
+        {u"cut.kvd"_s, u"database disk image is malformed"_s},
+        {u"folder.kvd"_s, u"unable to open database file"_s},
         {u"missing.kvd"_s, u"unable to open database file"_s},
     };
     for (const auto& [name, reason] : cases) {
         EXPECT_EQ(FailureOf(folder + name), reason + u" ("_s + folder + name + u')');
         EXPECT_NE(FailureOf(folder + name, true), QString()) << qPrintable(name);
     }
+    EXPECT_EQ(Read(folder + u"other.db"_s), other);
     EXPECT_EQ(FailureOf(QString()), u"unable to open database file ()"_s);
     EXPECT_EQ(FailureOf(u":memory:"_s), u"unable to open database file (:memory:)"_s);
     EXPECT_FALSE(QFile::exists(folder + u"missing.kvd"_s));
@@ -210,19 +222,31 @@ TEST(Connection, WhatStandsInACatalogCannotUseTheProgramsFunctions)
     EXPECT_EQ(rows.Text(0).size(), 1);
 }
 
-TEST(Connection, ALockedFileIsNamed)
+TEST(Connection, ALockedFileIsWaitedForOnceAndNamed)
 {
     const TempCatalog catalog;
-    Connection first = OpenCatalog(catalog.Path());
-    first.Execute(u"DELETE FROM Genre"_s);
-    Connection second = OpenCatalog(catalog.Path());
-    second.Execute(u"PRAGMA busy_timeout = 1"_s);
-    try {
-        second.Execute(u"DELETE FROM Genre"_s);
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Description(), u"database is locked ("_s + catalog.Path() + u')');
-    }
+    OtherProgram other(catalog.Path());
+    other.Run("BEGIN EXCLUSIVE");
+    int rounds = 0;
+    int ends = 0;
+    QString nested;
+    WhileLocked() = {50,
+                     [&] {
+                         if (++rounds == 1)
+                             nested = FailureOf(catalog.Path()); // what runs meanwhile never waits inside of the wait
+                     },
+                     [&] { ++ends; }};
+    const QString locked = u"database is locked ("_s + catalog.Path() + u')';
+    EXPECT_EQ(FailureOf(catalog.Path()), locked);
+    EXPECT_EQ(nested, locked);
+    EXPECT_GE(rounds, 1);
+    EXPECT_LE(rounds, 3);
+    EXPECT_EQ(ends, 1);
+    // The next part of the same click does not wait all over again.
+    rounds = 0;
+    EXPECT_EQ(FailureOf(catalog.Path(), true), locked);
+    EXPECT_EQ(rounds, 0);
+    WhileLocked() = {};
 }
 
 TEST(Connection, ARowTypedInWithAnotherToolIsAFilm)

@@ -121,10 +121,8 @@ TEST_F(FilmWriter, NamesAreMatchedBlindToCaseAndNeverTouched)
 TEST_F(FilmWriter, ANameFindsItsRowWhateverLettersAndQuotesItHolds)
 {
     const std::pair<QString, QString> spellings[] = {
-        {u"Émile Zola"_s, u"émile ZOLA"_s},
-        {u"Ólafur ÓLAFSSON"_s, u"ólafur ólafsson"_s},
-        {u"Άννα Σόφος"_s, u"άννα ΣΌΦΟΣ"_s},
-        {u"Фёдор Достоевский"_s, u"фёдор достоевский"_s},
+        {u"Émile Zola"_s, u"émile ZOLA"_s},           {u"Ólafur ÓLAFSSON"_s, u"ólafur ólafsson"_s},
+        {u"Άννα Σόφος"_s, u"άννα ΣΌΦΟΣ"_s},           {u"Фёдор Достоевский"_s, u"фёдор достоевский"_s},
         {u"Jörg \"O'Neil\""_s, u"JÖRG \"O'NEIL\""_s},
     };
     for (const auto& [first, second] : spellings) {
@@ -266,7 +264,8 @@ TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
 {
     FilmRecord film = WholeFilm();
     film.Directors.clear();
-    catalog.Run("CREATE TRIGGER t BEFORE INSERT ON GenreLink WHEN (SELECT count(*) FROM GenreLink) > 0 BEGIN SELECT raise(ABORT, 'x'); END");
+    catalog.Run(
+        "CREATE TRIGGER t BEFORE INSERT ON GenreLink WHEN (SELECT count(*) FROM GenreLink) > 0 BEGIN SELECT raise(ABORT, 'x'); END");
     try {
         AddFilm(film, all, context);
         FAIL();

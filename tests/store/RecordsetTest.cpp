@@ -26,26 +26,23 @@ protected:
     Recordset rows;
 };
 
-TEST_F(RecordsetTest, WalksCountsAndTurnsPages)
+TEST_F(RecordsetTest, WalksAndCounts)
 {
     rows.Open(u"SELECT * FROM Writer ORDER BY Writer DESC"_s, connection);
     EXPECT_EQ(rows.AbsolutePosition(), 1);
     EXPECT_EQ(rows[u"writer"].Get(), Value(u"d"_s));
     EXPECT_EQ(rows.RecordCount(), 4);
-    rows.SetPageSize(3);
-    EXPECT_EQ(rows.PageCount(), 2);
-    rows.SetAbsolutePage(2);
+    for (int row = 1; row < 4; ++row)
+        rows.MoveNext();
     EXPECT_EQ(rows.Text(1), u"a"_s);
     EXPECT_EQ(rows.AbsolutePosition(), 4);
-    EXPECT_EQ(rows.AbsolutePage(), 2);
     rows.MoveNext();
     EXPECT_TRUE(rows.Eof());
     EXPECT_EQ(rows.AbsolutePosition(), 0);
     EXPECT_EQ(ErrorOf([&] { rows.MoveNext(); }), kErrNoCurrentRecord);
     EXPECT_EQ(ErrorOf([&] { rows.Text(1); }), kErrNoCurrentRecord);
-    rows.SetAbsolutePage(1);
+    rows.MoveFirst();
     EXPECT_EQ(rows.Text(1), u"d"_s);
-    EXPECT_EQ(ErrorOf([&] { rows.SetAbsolutePage(3); }), kErrNoCurrentRecord);
     EXPECT_EQ(ErrorOf([&] { (void)rows[u"Title"]; }), kErrItemNotFound);
     EXPECT_EQ(ErrorOf([&] { (void)rows[3]; }), kErrItemNotFound);
     rows.Close();
@@ -251,10 +248,10 @@ TEST_F(RecordsetTest, OnlyColumnsOfOneTableCanBeWritten)
     EXPECT_EQ(rows[u"n"].DefinedSize(), 0);
     EXPECT_EQ(ErrorOf([&] { rows[u"n"].Set(1); }), kErrDatabase);
     EXPECT_EQ(ErrorOf([&] { rows.AddNew(); }), kErrDatabase);
-    rows.Open(u"SELECT Writer, 1 As One FROM Writer"_s, connection, CursorType::Keyset, LockType::Optimistic);
+    rows.Open(u"SELECT Writer, 1 As One FROM Writer"_s, connection, LockType::Optimistic);
     EXPECT_EQ(ErrorOf([&] { rows[u"One"].Set(2); }), kErrDatabase);
     EXPECT_EQ(ErrorOf([&] { rows[u"Writer"].Set(u"ok"_s); }), 0);
-    rows.Open(u"SELECT * FROM Writer"_s, connection, CursorType::Keyset, LockType::ReadOnly);
+    rows.Open(u"SELECT * FROM Writer"_s, connection, LockType::ReadOnly);
     EXPECT_EQ(ErrorOf([&] { rows.Delete(); }), kErrDatabase);
 }
 
