@@ -169,7 +169,7 @@ struct Source
     int depth = 0;
 };
 
-void FillTree(QDomElement element, const Source& source, const Values& values);
+void FillTree(const QDomElement& element, const Source& source, const Values& values);
 
 QDomDocument FilledDocument(const Source& source, Values values)
 {
@@ -204,7 +204,7 @@ void Include(QDomElement image, const QString& href, const Source& source, const
     image.parentNode().replaceChild(group, image);
 }
 
-void FillTree(QDomElement element, const Source& source, const Values& values)
+void FillTree(const QDomElement& element, const Source& source, const Values& values)
 {
     const QString tag = element.tagName();
     if (!tag.contains(u':') && std::find(kElements.begin(), kElements.end(), tag) == kElements.end())

@@ -128,7 +128,7 @@ private:
 /// style sheet that have a color's name ("--Ink: #1b2430").
 QByteArray Colored(const QString& path, const Values& palette)
 {
-    const QByteArray bytes = FileBytes(path);
+    QByteArray bytes = FileBytes(path);
     if (path.endsWith(u"skin.ini", Qt::CaseInsensitive))
         return Filled(QString::fromUtf8(bytes), palette).remove(u'#').toUtf8();
     static const QStringList pages{u"html"_s, u"xsl"_s, u"xslt"_s, u"css"_s};
