@@ -51,13 +51,6 @@ void Write(const QString& path, const QByteArray& bytes)
     file.write(bytes);
 }
 
-void Replace(const QString& path, const QByteArray& before, const QByteArray& after)
-{
-    QByteArray text = Read(path);
-    ASSERT_TRUE(text.contains(before)) << path.toStdString();
-    Write(path, text.replace(before, after));
-}
-
 QImage Picture(const QString& path)
 {
     const QImage picture(path);
@@ -93,39 +86,48 @@ QStringList Words(const char* words)
     return QString::fromLatin1(words).split(u' ');
 }
 
-TEST_F(PaintedSkin, HasEveryPictureThatTheWindowNamesAndItsTwinInDoubleSize)
+TEST_F(PaintedSkin, HasEveryPictureThatIsAskedForAndItsTwinInDoubleSize)
 {
-    QStringList names{u"ToolRight.BMP"_s};
-    for (const QString& folder : {QString(), u"Searchbar/"_s}) {
-        for (const QString& piece : Words("ToolLeft ToolLeftSel ToolEnd ToolEndSel ToolFrontNoNo ToolFrontNoYes ToolFrontYesNo ToolSpacer"))
-            names << folder + piece + u".BMP"_s;
+    struct Kind
+    {
+        const char* pattern;
+        const char* names;
+        const char* states; // between bars
+        int height;
+        bool twin;
+    };
+    const char* const pieces = "ToolLeft ToolLeftSel ToolEnd ToolEndSel ToolFrontNoNo ToolFrontNoYes ToolFrontYesNo ToolSpacer";
+    const Kind kinds[] = {
+        {"skin/%1.BMP", pieces, "", 40, true},
+        {"skin/ToolRight.BMP", "", "", 40, true},
+        {"skin/%1%2.BMP", "ToolMovieList ToolMovieGrab ToolMovieEdit ToolActorInfo", "|Sel", 40, true},
+        {"skin/Searchbar/%1.BMP", pieces, "", 36, true},
+        {"skin/Searchbar/%1%2.BMP", "ToolIMDB ToolDVDEmp ToolManual", "|Sel", 36, true},
+        {"skin/Toolbar/%1%2.png",
+         "Back Forward New Open Save Print Refresh AddFilter Delete AddIMDb AddDVDEmp AddManual CheckOut CheckIn Edit",
+         "|-over|-down|-disabled", 24, true},
+        {"skin/Tree/%1.png", "1 2 3 4 5 6 7 8 9 10 11 12 13", "", 16, true},
+        {"skin/ratings/%1.Gif", "NA G PG PG-13 R NC-17", "", 48, false},
+        {"skin/RatingBar/%1.gif", "barna barLeft barYes barHalf barNo barRight", "", 40, false},
+        {"skin/No Image.jpg", "", "", 750, false},
+        {"bin/%1.gif", "working stop", "", 32, true},
+        {"bin/kelvado-%1.png", "16 24 32 48 64 128 256", "", 0, false},
+    };
+    for (const Kind& kind : kinds) {
+        for (const QString& name : Words(kind.names)) {
+            QSize before;
+            for (const QString& state : QString::fromLatin1(kind.states).split(u'|')) {
+                const QString path = Path(QString::fromLatin1(kind.pattern).replace(u"%1"_s, name).replace(u"%2"_s, state));
+                const QSize size = Picture(path).size();
+                EXPECT_EQ(size.height(), kind.height == 0 ? name.toInt() : kind.height) << path.toStdString();
+                EXPECT_TRUE(before.isEmpty() || before == size) << path.toStdString();
+                before = size;
+                if (kind.twin) {
+                    EXPECT_EQ(Picture(Double(path)).size(), size * 2) << path.toStdString();
+                }
+            }
+        }
     }
-    for (const QString& tab :
-         Words("ToolMovieList ToolMovieGrab ToolMovieEdit ToolActorInfo Searchbar/ToolIMDB Searchbar/ToolDVDEmp Searchbar/ToolManual")) {
-        names << tab + u".BMP"_s << tab + u"Sel.BMP"_s;
-        EXPECT_EQ(Skin(tab + u".BMP"_s).size(), Skin(tab + u"Sel.BMP"_s).size()) << tab.toStdString();
-    }
-    for (const QString& key :
-         Words("Back Forward New Open Save Print Refresh AddFilter Delete AddIMDb AddDVDEmp AddManual CheckOut CheckIn Edit")) {
-        for (const QString& state : {QString(), u"-over"_s, u"-down"_s, u"-disabled"_s})
-            names << u"Toolbar/"_s + key + state + u".png"_s;
-    }
-    for (int number = 1; number <= 13; ++number)
-        names << u"Tree/%1.png"_s.arg(number);
-
-    for (const QString& name : names) {
-        const QImage single = Skin(name);
-        EXPECT_EQ(Skin(Double(name)).size(), single.size() * 2) << name.toStdString();
-        const int height = name.startsWith(u"Toolbar/") ? 24 : name.startsWith(u"Tree/") ? 16 : name.startsWith(u"Searchbar/") ? 36 : 40;
-        EXPECT_EQ(single.height(), height) << name.toStdString();
-    }
-    for (const QString& certificate : Words("NA G PG PG-13 R NC-17"))
-        EXPECT_EQ(Skin(u"ratings/%1.Gif"_s.arg(certificate)).height(), 48);
-    for (const QString& segment : Words("barna barLeft barYes barHalf barNo barRight"))
-        EXPECT_EQ(Skin(u"RatingBar/%1.gif"_s.arg(segment)).height(), 40);
-    EXPECT_GE(Skin(u"No Image.jpg"_s).height(), 600);
-    for (const int side : {16, 24, 32, 48, 64, 128, 256})
-        EXPECT_EQ(Picture(Path(u"bin/kelvado-%1.png"_s.arg(side))).size(), QSize(side, side));
     EXPECT_FALSE(QFile::exists(Path(u"skin/art"_s)));
 }
 
@@ -134,26 +136,25 @@ TEST_F(PaintedSkin, TabsJoinWithoutASeamWhicheverIsSelected)
     const std::pair<QString, QStringList> rows[] = {{QString(), Words("ToolMovieList ToolMovieGrab ToolMovieEdit ToolActorInfo")},
                                                     {u"Searchbar/"_s, Words("ToolIMDB ToolDVDEmp ToolManual")}};
     for (const auto& [folder, tabs] : rows) {
-        for (int selected = 0; selected < tabs.size(); ++selected) {
-            const auto sel = [selected](int tab) { return tab == selected ? u"Sel"_s : QString(); };
-            QStringList pieces{u"ToolLeft"_s + sel(0)};
-            for (int tab = 0; tab < tabs.size(); ++tab) {
-                pieces << tabs[tab] + sel(tab);
-                if (tab + 1 == tabs.size())
-                    pieces << u"ToolEnd"_s + sel(tab);
-                else
-                    pieces << (tab == selected ? u"ToolFrontYesNo"_s : tab + 1 == selected ? u"ToolFrontNoYes"_s : u"ToolFrontNoNo"_s);
+        for (const QString& kind : {u".BMP"_s, u"@2x.BMP"_s}) {
+            const auto join = [&, folder = folder](const QString& left, const QString& right) {
+                const QImage a = Skin(folder + left + kind);
+                const QImage b = Skin(folder + right + kind);
+                EXPECT_EQ(a.copy(a.width() - 1, 0, 1, a.height()), b.copy(0, 0, 1, b.height()))
+                    << left.toStdString() << " | " << right.toStdString() << kind.toStdString();
+            };
+            for (const QString& tab : tabs) {
+                for (const QString& left : Words("ToolLeft ToolFrontNoNo ToolFrontYesNo"))
+                    join(left, tab);
+                for (const QString& right : Words("ToolEnd ToolFrontNoNo ToolFrontNoYes"))
+                    join(tab, right);
+                for (const QString& left : Words("ToolLeftSel ToolFrontNoYes"))
+                    join(left, tab + u"Sel"_s);
+                for (const QString& right : Words("ToolEndSel ToolFrontYesNo"))
+                    join(tab + u"Sel"_s, right);
             }
-            pieces << u"ToolSpacer"_s;
-            for (const QString& scale : {QString(), u"@2x"_s}) {
-                for (int i = 0; i + 1 < pieces.size(); ++i) {
-                    const QImage left = Skin(folder + pieces[i] + scale + u".BMP"_s);
-                    const QImage right = Skin(folder + pieces[i + 1] + scale + u".BMP"_s);
-                    for (int y = 0; y < left.height(); ++y)
-                        ASSERT_EQ(left.pixel(left.width() - 1, y), right.pixel(0, y))
-                            << pieces[i].toStdString() << " | " << pieces[i + 1].toStdString() << ", line " << y;
-                }
-            }
+            join(u"ToolEnd"_s, u"ToolSpacer"_s);
+            join(u"ToolEndSel"_s, u"ToolSpacer"_s);
         }
     }
 }
@@ -181,30 +182,33 @@ double Luminance(const QColor& color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-double Contrast(const QColor& a, const QColor& b)
-{
-    return (std::max(Luminance(a), Luminance(b)) + 0.05) / (std::min(Luminance(a), Luminance(b)) + 0.05);
-}
-
 TEST_F(PaintedSkin, TextAndStarsStandOutFromEachGroundThatTheyAreOn)
 {
-    const QSettings palette(Path(u"skin/palette.ini"_s), QSettings::IniFormat);
-    const QSettings skin(Path(u"skin/skin.ini"_s), QSettings::IniFormat);
-    const auto check = [](const QSettings& file, const QString& section, const char* mark, const char* grounds, double least) {
-        const auto color = [&](const QString& key) { return QColor(u'#' + file.value(section + u'/' + key).toString()); };
-        for (const QString& ground : Words(grounds))
-            EXPECT_GE(Contrast(color(QString::fromLatin1(mark)), color(ground)), least) << mark << " on " << ground.toStdString();
+    struct Mark
+    {
+        const char* file;
+        const char* mark;
+        const char* grounds;
+        double least;
     };
-    check(palette, u"Colours"_s, "Ink", "Window Strip Surface AccentSoft", 4.5);
-    check(palette, u"Colours"_s, "InkMuted", "Window Strip Surface", 4.5);
-    check(palette, u"Colours"_s, "Accent", "Window Surface AccentSoft OnAccent", 4.5);
-    check(palette, u"Colours"_s, "Rating", "Window Surface", 3);
-    check(palette, u"Colours"_s, "RatingEmpty", "Window Surface", 3);
-    check(skin, u"Skin"_s, "LabelFontColor", "LabelBackColor StatusBackColor", 4.5);
-    check(skin, u"Skin"_s, "TextFontColor", "TextBackColor", 4.5);
-    check(skin, u"Skin"_s, "SubNavSelect", "GeneralBackColor", 4.5);
-    check(skin, u"Skin"_s, "SubNavInActive", "GeneralBackColor", 4.5);
-    check(skin, u"Skin"_s, "TreeItemFront", "TreeItemBack TreeBackColor", 4.5);
+    const Mark marks[] = {{"palette.ini", "Colours/Ink", "Colours/Window Colours/Strip Colours/Surface Colours/AccentSoft", 4.5},
+                          {"palette.ini", "Colours/InkMuted", "Colours/Window Colours/Strip Colours/Surface", 4.5},
+                          {"palette.ini", "Colours/Accent", "Colours/Window Colours/Surface Colours/AccentSoft Colours/OnAccent", 4.5},
+                          {"palette.ini", "Colours/Rating", "Colours/Window Colours/Surface", 3},
+                          {"palette.ini", "Colours/RatingEmpty", "Colours/Window Colours/Surface", 3},
+                          {"skin.ini", "Skin/LabelFontColor", "Skin/LabelBackColor Skin/StatusBackColor", 4.5},
+                          {"skin.ini", "Skin/TextFontColor", "Skin/TextBackColor", 4.5},
+                          {"skin.ini", "Skin/SubNavSelect", "Skin/GeneralBackColor", 4.5},
+                          {"skin.ini", "Skin/SubNavInActive", "Skin/GeneralBackColor", 4.5},
+                          {"skin.ini", "Skin/TreeItemFront", "Skin/TreeItemBack Skin/TreeBackColor", 4.5}};
+    for (const Mark& mark : marks) {
+        const QSettings file(Path(u"skin/"_s + QString::fromLatin1(mark.file)), QSettings::IniFormat);
+        const auto light = [&file](const QString& key) { return Luminance(QColor(u'#' + file.value(key).toString())) + 0.05; };
+        for (const QString& ground : Words(mark.grounds)) {
+            const auto [dark, bright] = std::minmax({light(QString::fromLatin1(mark.mark)), light(ground)});
+            EXPECT_GE(bright / dark, mark.least) << mark.mark << " on " << ground.toStdString();
+        }
+    }
 }
 
 /// A copy of the delivered skin, and the folder that it is made into.
@@ -229,7 +233,7 @@ private:
 
 TEST_F(OwnSkin, TakesAPaletteAndADrawingOfItsOwnAndTheRestFromTheCommonOnes)
 {
-    Replace(Source(u"palette.ini"_s), "Strip=E4E9EF", "Strip=101820");
+    Write(Source(u"palette.ini"_s), Read(Source(u"palette.ini"_s)).replace("Strip=E4E9EF", "Strip=101820"));
     Write(Source(u"art/icons/back.svg"_s),
           R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 8 8"><path d="M0 0H8V8H0Z" skin:fill="{Ink}"/></svg>)");
     // A list of its own may ask for more than the common one.
@@ -270,14 +274,14 @@ TEST_F(OwnSkin, EndsWithAMessageThatNamesTheFaultyFile)
     };
     const QByteArray start = R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 16 16">)";
     const Fault faults[] = {
-        {"art/tree/heart.svg", "<path d=\"M0 0\">", "Premature"},
-        {"art/tree/heart.svg", "<path skin:fill=\"{Lilac}\"/></svg>", "Lilac"},
-        {"art/tree/heart.svg", "<path skin:fill=\"{Ink 50%}\"/></svg>", "Ink 50%"},
-        {"art/tree/heart.svg", "<path skin:x=\"{Ink - 2}\"/></svg>", "no number"},
-        {"art/tree/heart.svg", "\n<filter id=\"blur\"/></svg>", "line 2: <filter>"},
-        {"art/tree/heart.svg", "<path d=\"M0 0L1 hello\"/></svg>", "path"},
-        {"art/tree/heart.svg", "<image href=\"heart.svg\"/></svg>", "without an end"},
-        {"art/tree/heart.svg", "<image href=\"../lost.svg\"/></svg>", "lost.svg"},
+        {"art/no-picture.svg", "<path d=\"M0 0\">", "Premature"},
+        {"art/no-picture.svg", "<path skin:fill=\"{Lilac}\"/></svg>", "Lilac"},
+        {"art/no-picture.svg", "<path skin:fill=\"{Ink 50%}\"/></svg>", "Ink 50%"},
+        {"art/no-picture.svg", "<path skin:x=\"{Ink - 2}\"/></svg>", "no number"},
+        {"art/no-picture.svg", "\n<filter id=\"blur\"/></svg>", "line 2: <filter>"},
+        {"art/no-picture.svg", "<path d=\"M0 0L1 hello\"/></svg>", "path"},
+        {"art/no-picture.svg", "<image href=\"no-picture.svg\"/></svg>", "without an end"},
+        {"art/no-picture.svg", "<image href=\"lost.svg\"/></svg>", "lost.svg"},
         {"art/tabs/strip.svg", "</svg>", "ToolEnd.BMP"},
         {"art/skin.json", "[1]", "skin.json"},
         {"palette.ini", "[Colours]\nWindow=lilac blue\n", "Window"},
