@@ -1,13 +1,12 @@
 #include "Covers.h"
 
 #include "core/Literals.h"
+#include "support/TempHome.h"
 
-#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -62,33 +61,22 @@ class OneBox : public ::testing::Test
 protected:
     OneBox()
     {
-        Write(u"covers.json"_s, R"({"styles": [{"genres": [], "colors": [["#ffffff", "#ffffff", "#ffffff", "#ffffff", "#000000"]],
+        home.Write(u"covers.json"_s, R"({"styles": [{"genres": [], "colors": [["#ffffff", "#ffffff", "#ffffff", "#ffffff", "#000000"]],
             "motifs": ["plain"]}], "eras": [{"until": 9999, "layouts": ["box"], "faces": ["plain"]}],
             "faces": {"plain": {"families": ["Inter"], "weight": 800}}})");
-        Write(u"motifs/plain.svg"_s, R"(<svg viewBox="0 0 10 10"><rect width="10" height="10" fill="#fff"/></svg>)");
-        Write(u"layouts/box.svg"_s, R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 200 100">
+        home.Write(u"motifs/plain.svg"_s, R"(<svg viewBox="0 0 10 10"><rect width="10" height="10" fill="#fff"/></svg>)");
+        home.Write(u"layouts/box.svg"_s, R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 200 100">
             <rect class="motif" x="0" y="0" width="200" height="100" fill="none"/>
             <rect class="text" x="20" y="20" width="160" height="60" fill="none" skin:holds="{Title}" skin:face="title" skin:color="{Ink}"
                 skin:align="center middle" skin:most="50" skin:least="12" skin:leading="1"/></svg>)");
     }
 
-    void Write(const QString& name, const QByteArray& bytes) const
-    {
-        const QString path = m_folder.filePath(name);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-    QString Folder() const { return m_folder.path(); }
-
-private:
-    QTemporaryDir m_folder;
+    TempHome home;
 };
 
 TEST_F(OneBox, ATitleOfAnyLengthAndScriptStaysInItsBox)
 {
-    const Covers covers(Folder());
+    const Covers covers(home.Path({}));
     const QString titles[] = {u"M"_s,
                               u"The Valley"_s,
                               u"Donaudampfschifffahrtsgesellschaft"_s,
@@ -117,9 +105,9 @@ TEST_F(OneBox, ATitleOfAnyLengthAndScriptStaysInItsBox)
 TEST_F(OneBox, AFaultNamesItsFile)
 {
     for (const QString& file : {u"motifs/plain.svg"_s, u"layouts/box.svg"_s, u"covers.json"_s}) {
-        Write(file, "{}");
+        home.Write(file, "{}");
         try {
-            Covers(Folder()).Front(Film(), 1);
+            Covers(home.Path({})).Front(Film(), 1);
             ADD_FAILURE() << file.toStdString();
         } catch (const ArtFault& fault) {
             EXPECT_TRUE(QString::fromUtf8(fault.what()).contains(file)) << fault.what();

@@ -1,11 +1,11 @@
-#include "core/Literals.h"
-
 // Runs the painter as the build does and looks at what it made.
 
+#include "Drawing.h"
+#include "core/Literals.h"
+#include "support/TempHome.h"
+
 #include <QColor>
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QImage>
 #include <QImageReader>
 #include <QProcess>
@@ -34,21 +34,6 @@ Outcome RunPainter(const QStringList& arguments)
     painter.start(u"" PAINTSKIN ""_s, arguments);
     EXPECT_TRUE(painter.waitForFinished(60000));
     return {painter.exitCode(), QString::fromUtf8(painter.readAllStandardError())};
-}
-
-QByteArray Read(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
-void Write(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    file.write(bytes);
 }
 
 QImage Picture(const QString& path)
@@ -211,7 +196,7 @@ TEST_F(PaintedSkin, TextAndStarsStandOutFromEachGroundThatTheyAreOn)
     }
 }
 
-/// A copy of the delivered skin, and the folder that it is made into.
+/// A copy of the delivered skin in "source", made into "made".
 class OwnSkin : public PaintedSkin
 {
 protected:
@@ -219,49 +204,46 @@ protected:
     {
         for (QDirIterator files(kSkin, QDir::Files, QDirIterator::Subdirectories); files.hasNext();) {
             const QString path = files.next();
-            Write(Source(path.mid(kSkin.size() + 1)), Read(path));
+            home.Write(u"source"_s + path.mid(kSkin.size()), FileBytes(path));
         }
     }
 
-    QString Source(const QString& name) const { return m_folder.filePath(u"source/"_s + name); }
-    QString Made(const QString& name) const { return m_folder.filePath(u"made/"_s + name); }
-    Outcome Make() const { return RunPainter({m_folder.filePath(u"source"_s), kArt, m_folder.filePath(u"made"_s)}); }
+    Outcome Make() const { return RunPainter({home.Path(u"source"_s), kArt, home.Path(u"made"_s)}); }
 
-private:
-    QTemporaryDir m_folder;
+    TempHome home;
 };
 
 TEST_F(OwnSkin, TakesAPaletteAndADrawingOfItsOwnAndTheRestFromTheCommonOnes)
 {
-    Write(Source(u"palette.ini"_s), Read(Source(u"palette.ini"_s)).replace("Strip=E4E9EF", "Strip=101820"));
-    Write(Source(u"art/icons/back.svg"_s),
-          R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 8 8"><path d="M0 0H8V8H0Z" skin:fill="{Ink}"/></svg>)");
+    home.Write(u"source/palette.ini"_s, home.Read(u"source/palette.ini"_s).replace("Strip=E4E9EF", "Strip=101820"));
+    home.Write(u"source/art/icons/back.svg"_s,
+               R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 8 8"><path d="M0 0H8V8H0Z" skin:fill="{Ink}"/></svg>)");
     // A list of its own may ask for more than the common one.
-    QByteArray list = Read(kArt + u"/skin.json"_s);
+    QByteArray list = FileBytes(kArt + u"/skin.json"_s);
     list.insert(list.indexOf('{') + 1, R"("Tabs/Movie-Sections.bmp": {"drawing": "strip.svg", "Ink": "{Accent}"},)");
-    Write(Source(u"art/skin.json"_s), list);
-    Write(Source(u"art/strip.svg"_s),
-          R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 50 20"><rect width="50" height="20" skin:fill="{Strip 50% #ffffff}"/>
+    home.Write(u"source/art/skin.json"_s, list);
+    home.Write(u"source/art/strip.svg"_s,
+               R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 50 20"><rect width="50" height="20" skin:fill="{Strip 50% #ffffff}"/>
         <image x="20" width="20" height="20" href="icons/back.svg"/></svg>)");
     const Outcome outcome = Make();
     ASSERT_EQ(outcome.code, 0) << outcome.message.toStdString();
 
-    EXPECT_EQ(Picture(Made(u"ToolSpacer@2x.BMP"_s)).pixelColor(3, 3), QColor(0x10, 0x18, 0x20));
-    EXPECT_TRUE(Read(Made(u"Templates/default.html"_s)).contains("--Strip: #101820;"));
-    EXPECT_EQ(QSettings(Made(u"skin.ini"_s), QSettings::IniFormat).value(u"Skin/StatusBackColor"_s), u"101820"_s);
-    const QImage strip = Picture(Made(u"Tabs/Movie-Sections@2x.bmp"_s));
+    EXPECT_EQ(Picture(home.Path(u"made/ToolSpacer@2x.BMP"_s)).pixelColor(3, 3), QColor(0x10, 0x18, 0x20));
+    EXPECT_TRUE(home.Read(u"made/Templates/default.html"_s).contains("--Strip: #101820;"));
+    EXPECT_EQ(QSettings(home.Path(u"made/skin.ini"_s), QSettings::IniFormat).value(u"Skin/StatusBackColor"_s), u"101820"_s);
+    const QImage strip = Picture(home.Path(u"made/Tabs/Movie-Sections@2x.bmp"_s));
     EXPECT_EQ(strip.size(), QSize(100, 40));
     EXPECT_EQ(strip.pixelColor(5, 5), QColor(0x88, 0x8C, 0x90));
     EXPECT_EQ(strip.pixelColor(60, 20), QColor(0x2B, 0x5F, 0xA6));
 
     // Each state of the button is made of the one drawing that was changed, and no other button follows.
     const QColor muted(0x4B, 0x58, 0x68), accent(0x2B, 0x5F, 0xA6);
-    const auto middle = [&](const QString& name) { return Picture(Made(u"Toolbar/"_s + name)).pixelColor(2, 20); };
+    const auto middle = [&](const QString& name) { return Picture(home.Path(u"made/Toolbar/"_s + name)).pixelColor(2, 20); };
     EXPECT_EQ(middle(u"Back.png"_s), muted);
     EXPECT_EQ(middle(u"Back-over.png"_s), accent);
     EXPECT_NEAR(middle(u"Back-disabled.png"_s).alphaF(), 0.38, 0.01);
-    EXPECT_EQ(Picture(Made(u"Toolbar/Forward-over@2x.png"_s)), Skin(u"Toolbar/Forward-over@2x.png"_s));
-    EXPECT_NE(Picture(Made(u"Toolbar/Forward.png"_s)), Picture(Made(u"Toolbar/Forward-over.png"_s)));
+    EXPECT_EQ(Picture(home.Path(u"made/Toolbar/Forward-over@2x.png"_s)), Skin(u"Toolbar/Forward-over@2x.png"_s));
+    EXPECT_NE(Picture(home.Path(u"made/Toolbar/Forward.png"_s)), Picture(home.Path(u"made/Toolbar/Forward-over.png"_s)));
 }
 
 TEST_F(OwnSkin, EndsWithAMessageThatNamesTheFaultyFile)
@@ -288,18 +270,19 @@ TEST_F(OwnSkin, EndsWithAMessageThatNamesTheFaultyFile)
         {"palette.ini", "", "palette.ini"},
     };
     for (const Fault& fault : faults) {
-        const QString path = Source(QString::fromLatin1(fault.file));
-        const QByteArray before = QFile::exists(path) ? Read(path) : QByteArray();
-        Write(path, path.endsWith(u".svg") ? start + fault.text : QByteArray(fault.text));
+        const QString name = u"source/"_s + QString::fromLatin1(fault.file);
+        const QString path = home.Path(name);
+        const QByteArray before = QFile::exists(path) ? home.Read(name) : QByteArray();
+        home.Write(name, name.endsWith(u".svg") ? start + fault.text : QByteArray(fault.text));
         const Outcome outcome = Make();
         EXPECT_EQ(outcome.code, 1) << fault.text;
         EXPECT_TRUE(outcome.message.contains(QString::fromLatin1(fault.message))) << fault.text << ": " << outcome.message.toStdString();
         if (!path.endsWith(u"strip.svg")) {
             EXPECT_TRUE(outcome.message.contains(path)) << fault.text << ": " << outcome.message.toStdString();
         }
-        before.isEmpty() ? static_cast<void>(QFile::remove(path)) : Write(path, before);
+        before.isEmpty() ? static_cast<void>(QFile::remove(path)) : home.Write(name, before);
     }
-    QFile::remove(Source(u"palette.ini"_s));
+    QFile::remove(home.Path(u"source/palette.ini"_s));
     EXPECT_EQ(Make().code, 1);
     EXPECT_EQ(RunPainter({}).code, 2);
     EXPECT_EQ(RunPainter({kSkin, kArt, u"/dev/null/skin"_s}).code, 1);

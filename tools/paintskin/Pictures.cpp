@@ -8,7 +8,6 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QPainter>
 #include <QRegularExpression>
@@ -149,10 +148,7 @@ QStringList ArtFolders(const QString& skin, const QString& art)
 
 void MakePictures(const QString& list, const QStringList& folders, const Values& palette, const QString& target)
 {
-    QJsonParseError fault{};
-    const QJsonObject entries = QJsonDocument::fromJson(FileBytes(list), &fault).object();
-    if (entries.isEmpty())
-        throw ArtFault(list, u"no list of pictures: "_s + fault.errorString());
+    const QJsonObject entries = ReadList(list);
     for (auto entry = entries.begin(); entry != entries.end(); ++entry)
         Entry(entry.key(), entry->toObject(), folders).Make(palette, target);
 }
