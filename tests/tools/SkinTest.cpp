@@ -171,24 +171,18 @@ TEST_F(PaintedSkin, TextAndStarsStandOutFromEachGroundThatTheyAreOn)
 {
     struct Mark
     {
-        const char* file;
         const char* mark;
         const char* grounds;
         double least;
     };
-    const Mark marks[] = {{"palette.ini", "Colours/Ink", "Colours/Window Colours/Strip Colours/Surface Colours/AccentSoft", 4.5},
-                          {"palette.ini", "Colours/InkMuted", "Colours/Window Colours/Strip Colours/Surface", 4.5},
-                          {"palette.ini", "Colours/Accent", "Colours/Window Colours/Surface Colours/AccentSoft Colours/OnAccent", 4.5},
-                          {"palette.ini", "Colours/Rating", "Colours/Window Colours/Surface", 3},
-                          {"palette.ini", "Colours/RatingEmpty", "Colours/Window Colours/Surface", 3},
-                          {"skin.ini", "Skin/LabelFontColor", "Skin/LabelBackColor Skin/StatusBackColor", 4.5},
-                          {"skin.ini", "Skin/TextFontColor", "Skin/TextBackColor", 4.5},
-                          {"skin.ini", "Skin/SubNavSelect", "Skin/GeneralBackColor", 4.5},
-                          {"skin.ini", "Skin/SubNavInActive", "Skin/GeneralBackColor", 4.5},
-                          {"skin.ini", "Skin/TreeItemFront", "Skin/TreeItemBack Skin/TreeBackColor", 4.5}};
+    const Mark marks[] = {{"Ink", "Window Strip Surface AccentSoft", 4.5},
+                          {"InkMuted", "Window Strip Surface", 4.5},
+                          {"Accent", "Window Surface AccentSoft OnAccent", 4.5},
+                          {"Rating", "Window Surface", 3},
+                          {"RatingEmpty", "Window Surface", 3}};
+    const Values palette = ReadPalette(kSkin + u"/palette.ini"_s);
+    const auto light = [&](const QString& name) { return Luminance(QColor(palette[name])) + 0.05; };
     for (const Mark& mark : marks) {
-        const QSettings file(Path(u"skin/"_s + QString::fromLatin1(mark.file)), QSettings::IniFormat);
-        const auto light = [&file](const QString& key) { return Luminance(QColor(u'#' + file.value(key).toString())) + 0.05; };
         for (const QString& ground : Words(mark.grounds)) {
             const auto [dark, bright] = std::minmax({light(QString::fromLatin1(mark.mark)), light(ground)});
             EXPECT_GE(bright / dark, mark.least) << mark.mark << " on " << ground.toStdString();
@@ -265,7 +259,9 @@ TEST_F(OwnSkin, EndsWithAMessageThatNamesTheFaultyFile)
         {"art/no-picture.svg", "<image href=\"no-picture.svg\"/></svg>", "without an end"},
         {"art/no-picture.svg", "<image href=\"lost.svg\"/></svg>", "lost.svg"},
         {"art/tabs/strip.svg", "</svg>", "ToolEnd.BMP"},
-        {"art/skin.json", "[1]", "skin.json"},
+        {"art/skin.json", "[1]", "is no list"},
+        {"art/skin.json", "{\"a.png\": {\"drawing\": \"lost.svg\"}}", "a.png: lost.svg"},
+        {"art/skin.json", "{\"a.png\": {}}", "a.png: "},
         {"palette.ini", "[Colours]\nWindow=lilac blue\n", "Window"},
         {"palette.ini", "", "palette.ini"},
     };

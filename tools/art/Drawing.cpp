@@ -288,7 +288,7 @@ QJsonObject ReadList(const QString& path)
 QString FindArt(const QStringList& folders, const QString& name)
 {
     for (const QString& folder : folders) {
-        if (QString path = folder + u'/' + name; QFile::exists(path))
+        if (QString path = folder + u'/' + name; QFileInfo(path).isFile())
             return path;
     }
     throw ArtFault(name, u"is in none of "_s + folders.join(u", "));

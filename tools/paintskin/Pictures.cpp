@@ -149,8 +149,13 @@ QStringList ArtFolders(const QString& skin, const QString& art)
 void MakePictures(const QString& list, const QStringList& folders, const Values& palette, const QString& target)
 {
     const QJsonObject entries = ReadList(list);
-    for (auto entry = entries.begin(); entry != entries.end(); ++entry)
-        Entry(entry.key(), entry->toObject(), folders).Make(palette, target);
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+        try {
+            Entry(entry.key(), entry->toObject(), folders).Make(palette, target);
+        } catch (const ArtFault& fault) {
+            throw ArtFault(list, entry.key() + u": "_s + QString::fromUtf8(fault.what()));
+        }
+    }
 }
 
 void MakeSkin(const QString& skin, const QString& art, const QString& target)
