@@ -214,7 +214,11 @@ TEST_F(OwnSkin, TakesAPaletteAndADrawingOfItsOwnAndTheRestFromTheCommonOnes)
                R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 8 8"><path d="M0 0H8V8H0Z" skin:fill="{Ink}"/></svg>)");
     // A list of its own may ask for more than the common one.
     QByteArray list = FileBytes(kArt + u"/skin.json"_s);
-    list.insert(list.indexOf('{') + 1, R"("Tabs/Movie-Sections.bmp": {"drawing": "strip.svg", "Ink": "{Accent}"},)");
+    list.insert(list.indexOf('{') + 1, R"("Tabs/Movie-Sections.bmp": {"drawing": "strip.svg", "Ink": "{Accent}"},
+        "wait.gif": {"drawing": "wait{Frame}.svg", "frames": 2, "hundredths": 5},)");
+    for (const char* number : {"1", "2"})
+        home.Write(u"source/art/wait%1.svg"_s.arg(QLatin1StringView(number)),
+                   QByteArray(R"(<svg viewBox="0 0 9 9"><path d="M0 0H9V9H0Z" fill="#a0a0a)") + number + R"("/></svg>)");
     home.Write(u"source/art/skin.json"_s, list);
     home.Write(u"source/art/strip.svg"_s,
                R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 50 20"><rect width="50" height="20" skin:fill="{Strip 50% #ffffff}"/>
@@ -229,6 +233,10 @@ TEST_F(OwnSkin, TakesAPaletteAndADrawingOfItsOwnAndTheRestFromTheCommonOnes)
     EXPECT_EQ(strip.size(), QSize(100, 40));
     EXPECT_EQ(strip.pixelColor(5, 5), QColor(0x88, 0x8C, 0x90));
     EXPECT_EQ(strip.pixelColor(60, 20), QColor(0x2B, 0x5F, 0xA6));
+
+    QImageReader wait(home.Path(u"made/wait.gif"_s));
+    EXPECT_EQ(wait.read().pixelColor(4, 4), QColor(0xA0, 0xA0, 0xA1));
+    EXPECT_EQ(wait.read().pixelColor(4, 4), QColor(0xA0, 0xA0, 0xA2));
 
     // Each state of the button is made of the one drawing that was changed, and no other button follows.
     const QColor muted(0x4B, 0x58, 0x68), accent(0x2B, 0x5F, 0xA6);
