@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QJsonDocument>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QSettings>
@@ -82,13 +83,6 @@ QString Computed(const QString& expression, const Values& values)
     if (!words.isEmpty())
         throw ArtFault(u"{"_s + expression + u"} cannot be computed"_s);
     return result;
-}
-
-QString FirstInstalled(const QStringList& families)
-{
-    const QStringList installed = QFontDatabase::families();
-    const auto found = std::find_if(families.begin(), families.end(), [&](const QString& family) { return installed.contains(family); });
-    return found == families.end() ? families.value(0) : *found;
 }
 
 QDomDocument ReadDocument(const QString& path)
@@ -169,7 +163,7 @@ struct Source
     int depth = 0;
 };
 
-void FillTree(QDomElement element, const Source& source, const Values& values);
+void FillTree(const QDomElement& element, const Source& source, const Values& values);
 
 QDomDocument FilledDocument(const Source& source, Values values)
 {
@@ -204,7 +198,7 @@ void Include(QDomElement image, const QString& href, const Source& source, const
     image.parentNode().replaceChild(group, image);
 }
 
-void FillTree(QDomElement element, const Source& source, const Values& values)
+void FillTree(const QDomElement& element, const Source& source, const Values& values)
 {
     const QString tag = element.tagName();
     if (!tag.contains(u':') && std::find(kElements.begin(), kElements.end(), tag) == kElements.end())
@@ -225,14 +219,22 @@ void FillTree(QDomElement element, const Source& source, const Values& values)
 // What Qt reports while it reads a drawing, which is then drawn without the part that it means.
 QString g_report;
 
-void NoteReport(QtMsgType, const QMessageLogContext&, const QString& text)
+void NoteReport(QtMsgType, const QMessageLogContext& context, const QString& text)
 {
-    g_report = text;
+    if (QByteArrayView(context.category).startsWith("qt.svg"))
+        g_report = text;
 }
 
 } // namespace
 
 ArtFault::ArtFault(const QString& path, const QString& what) : ArtFault(path + u": "_s + what) {}
+
+QString FirstInstalled(const QStringList& families)
+{
+    const QStringList installed = QFontDatabase::families();
+    const auto found = std::find_if(families.begin(), families.end(), [&](const QString& family) { return installed.contains(family); });
+    return found == families.end() ? u"DejaVu Sans"_s : *found;
+}
 
 Values ReadPalette(const QString& path)
 {
@@ -249,7 +251,7 @@ Values ReadPalette(const QString& path)
     file.endGroup();
     if (values.isEmpty())
         throw ArtFault(path, u"has no colors"_s);
-    values[u"Font"_s] = FirstInstalled(file.value(u"Text/Families"_s, u"Sans Serif"_s).toString().split(u'|'));
+    values[u"Font"_s] = FirstInstalled(file.value(u"Text/Families"_s).toString().split(u'|'));
     values[u"TextSize"_s] = file.value(u"Text/Size"_s, u"13"_s).toString();
     return values;
 }
@@ -274,10 +276,19 @@ QByteArray FileBytes(const QString& path)
     return file.readAll();
 }
 
+QJsonObject ReadList(const QString& path)
+{
+    QJsonParseError fault{};
+    const QJsonDocument document = QJsonDocument::fromJson(FileBytes(path), &fault);
+    if (document.object().isEmpty())
+        throw ArtFault(path, fault.error == QJsonParseError::NoError ? u"is no list"_s : fault.errorString());
+    return document.object();
+}
+
 QString FindArt(const QStringList& folders, const QString& name)
 {
     for (const QString& folder : folders) {
-        if (QString path = folder + u'/' + name; QFile::exists(path))
+        if (QString path = folder + u'/' + name; QFileInfo(path).isFile())
             return path;
     }
     throw ArtFault(name, u"is in none of "_s + folders.join(u", "));

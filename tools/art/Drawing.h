@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDomDocument>
+#include <QJsonObject>
 #include <QMap>
 #include <QRectF>
 #include <QString>
@@ -25,6 +26,9 @@ public:
 /// What the names in a drawing stand for: a color as "#rrggbb", a number or a text.
 using Values = QMap<QString, QString>;
 
+/// The first of the font families that is installed.
+QString FirstInstalled(const QStringList& families);
+
 /// Reads a palette: each entry of [Colours] by its name, and from [Text] "Font", the first family of `Families` that is installed, and
 /// "TextSize". Raises ArtFault where the file has no colors, or one that is not of six hexadecimal digits.
 Values ReadPalette(const QString& path);
@@ -35,6 +39,9 @@ QString Filled(const QString& text, const Values& values);
 
 /// The bytes of a file; raises ArtFault where it cannot be read.
 QByteArray FileBytes(const QString& path);
+
+/// Reads an object of JSON; raises ArtFault where the file holds none.
+QJsonObject ReadList(const QString& path);
 
 /// A file of the first of `folders` that has it. Raises ArtFault where none does.
 QString FindArt(const QStringList& folders, const QString& name);

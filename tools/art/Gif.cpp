@@ -5,6 +5,7 @@
 #include <gif_lib.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <stdexcept>
 
 namespace kelvado {
@@ -56,7 +57,8 @@ void GifImages::Add(const QImage& frame, int hundredths)
         return GifColorType{static_cast<GifByteType>(qRed(color)), static_cast<GifByteType>(qGreen(color)),
                             static_cast<GifByteType>(qBlue(color))};
     });
-    image->RasterBits = static_cast<GifByteType*>(malloc(static_cast<std::size_t>(frame.width()) * frame.height())); // the library frees it
+    image->RasterBits =
+        static_cast<GifByteType*>(std::malloc(static_cast<std::size_t>(frame.width()) * frame.height())); // the library frees it
     Check(image->RasterBits != nullptr);
     for (int y = 0; y < frame.height(); ++y)
         std::copy_n(frame.constScanLine(y), frame.width(), image->RasterBits + static_cast<std::ptrdiff_t>(y) * frame.width());

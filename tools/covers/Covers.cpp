@@ -2,9 +2,7 @@
 
 #include "core/Literals.h"
 
-#include <QFontDatabase>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QPainter>
 #include <QTextLayout>
 
@@ -44,14 +42,7 @@ QColor Aged(const QColor& color, int year)
 
 QFont FontOf(const QJsonObject& face)
 {
-    const QStringList installed = QFontDatabase::families();
-    QFont font(u"DejaVu Sans"_s);
-    for (const QJsonValue family : face[u"families"].toArray()) {
-        if (installed.contains(family.toString())) {
-            font.setFamily(family.toString());
-            break;
-        }
-    }
+    QFont font(FirstInstalled(face[u"families"].toVariant().toStringList()));
     font.setWeight(static_cast<QFont::Weight>(face[u"weight"].toInt(QFont::Normal)));
     font.setCapitalization(face[u"capitals"].toBool() ? QFont::AllUppercase : QFont::MixedCase);
     font.setLetterSpacing(QFont::AbsoluteSpacing, face[u"spacing"].toDouble());
@@ -153,14 +144,11 @@ void DrawMotif(QPainter& painter, const Drawing& motif, const QRectF& place, boo
 
 } // namespace
 
-Covers::Covers(const QString& folder) : m_folder(folder)
+Covers::Covers(const QString& folder) : m_folder(folder), m_list(ReadList(folder + u"/covers.json"_s))
 {
-    const QString path = folder + u"/covers.json"_s;
-    QJsonParseError fault{};
-    m_list = QJsonDocument::fromJson(FileBytes(path), &fault).object();
     for (const char* part : {"styles", "eras", "faces"}) {
         if (!m_list.contains(QLatin1StringView(part)))
-            throw ArtFault(path, u"lacks %1: %2"_s.arg(QLatin1StringView(part), fault.errorString()));
+            throw ArtFault(folder + u"/covers.json"_s, u"has no "_s + QLatin1StringView(part));
     }
 }
 

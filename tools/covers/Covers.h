@@ -3,7 +3,6 @@
 #include "Drawing.h"
 
 #include <QImage>
-#include <QJsonObject>
 #include <QString>
 #include <QStringList>
 

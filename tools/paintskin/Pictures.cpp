@@ -8,7 +8,6 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QPainter>
 #include <QRegularExpression>
@@ -128,7 +127,7 @@ private:
 /// style sheet that have a color's name ("--Ink: #1b2430").
 QByteArray Colored(const QString& path, const Values& palette)
 {
-    const QByteArray bytes = FileBytes(path);
+    QByteArray bytes = FileBytes(path);
     if (path.endsWith(u"skin.ini", Qt::CaseInsensitive))
         return Filled(QString::fromUtf8(bytes), palette).remove(u'#').toUtf8();
     static const QStringList pages{u"html"_s, u"xsl"_s, u"xslt"_s, u"css"_s};
@@ -149,12 +148,14 @@ QStringList ArtFolders(const QString& skin, const QString& art)
 
 void MakePictures(const QString& list, const QStringList& folders, const Values& palette, const QString& target)
 {
-    QJsonParseError fault{};
-    const QJsonObject entries = QJsonDocument::fromJson(FileBytes(list), &fault).object();
-    if (entries.isEmpty())
-        throw ArtFault(list, u"no list of pictures: "_s + fault.errorString());
-    for (auto entry = entries.begin(); entry != entries.end(); ++entry)
-        Entry(entry.key(), entry->toObject(), folders).Make(palette, target);
+    const QJsonObject entries = ReadList(list);
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+        try {
+            Entry(entry.key(), entry->toObject(), folders).Make(palette, target);
+        } catch (const ArtFault& fault) {
+            throw ArtFault(list, entry.key() + u": "_s + QString::fromUtf8(fault.what()));
+        }
+    }
 }
 
 void MakeSkin(const QString& skin, const QString& art, const QString& target)
