@@ -4,6 +4,7 @@
 
 #include <QJsonArray>
 #include <QPainter>
+#include <QSet>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -146,10 +147,23 @@ void DrawMotif(QPainter& painter, const Drawing& motif, const QRectF& place, boo
 
 Covers::Covers(const QString& folder) : m_folder(folder), m_list(ReadList(folder + u"/covers.json"_s))
 {
-    for (const char* part : {"styles", "eras", "faces"}) {
-        if (!m_list.contains(QLatin1StringView(part)))
-            throw ArtFault(folder + u"/covers.json"_s, u"has no "_s + QLatin1StringView(part));
+    // Every drawing is read here, so that a broken one is told of whether a film takes it or not.
+    const Values values = ValuesOf({}, LookOf({}, 0));
+    QSet<QString> drawings{u"layouts/back.svg"_s};
+    for (const QJsonValue style : m_list[u"styles"].toArray()) {
+        for (const QString& motif : style[u"motifs"].toVariant().toStringList())
+            drawings << u"motifs/"_s + motif + u".svg"_s;
     }
+    for (const QJsonValue era : m_list[u"eras"].toArray()) {
+        for (const QString& layout : era[u"layouts"].toVariant().toStringList())
+            drawings << u"layouts/"_s + layout + u".svg"_s;
+        for (const QString& face : era[u"faces"].toVariant().toStringList()) {
+            if (!m_list[u"faces"][face].isObject())
+                throw ArtFault(folder + u"/covers.json"_s, u"there is no face "_s + face);
+        }
+    }
+    for (const QString& drawing : drawings)
+        Drawing({folder}, drawing, values);
 }
 
 /// A genre that says little counts only where a film has no other; the last style takes the films without a known genre.
@@ -190,7 +204,8 @@ Covers::Look Covers::LookOf(const CoverText& text, quint32 seed) const
     return look;
 }
 
-QImage Covers::Card(const CoverText& text, const Look& look, const QString& layoutName) const
+/// What the names in layouts and motifs stand for.
+Values Covers::ValuesOf(const CoverText& text, const Look& look)
 {
     const QString year = text.year > 0 ? QString::number(text.year) : QString();
     QStringList directorAndYear{text.director, year};
@@ -202,7 +217,12 @@ QImage Covers::Card(const CoverText& text, const Look& look, const QString& layo
     values[u"DirectorAndYear"_s] = directorAndYear.join(u"  ·  ");
     values[u"Genres"_s] = text.genres.join(u" · ");
     values[u"Plot"_s] = text.plot;
+    return values;
+}
 
+QImage Covers::Card(const CoverText& text, const Look& look, const QString& layoutName) const
+{
+    const Values values = ValuesOf(text, look);
     const Drawing layout({m_folder}, u"layouts/"_s + layoutName + u".svg"_s, values);
     const Drawing motif({m_folder}, u"motifs/"_s + look.motif + u".svg"_s, values);
     QImage card(layout.Size().toSize(), QImage::Format_RGB32);

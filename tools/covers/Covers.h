@@ -35,6 +35,7 @@ private:
     struct Look;
     Look LookOf(const CoverText& text, quint32 seed) const;
     QJsonObject StyleOf(const QStringList& genres) const;
+    static Values ValuesOf(const CoverText& text, const Look& look);
     QImage Card(const CoverText& text, const Look& look, const QString& layout) const;
 
     QString m_folder;
