@@ -173,13 +173,6 @@ void Form1::ConnectControls()
     connect(m_ui->picSplitter, &PaneSplitter::Moved, this, [this] { Guard([&] { LayOutPanes(); }); });
     connect(m_catalog.get(), &CatalogPane::Filled, this, [this] { Guard([&] { OnFilled(); }); });
     connect(m_ui->TreeView1, &CatalogTreeView::NodeClick, this, [this] { Guard([&] { OnNodeClick(); }); });
-    connect(m_ui->TreeView1, &CatalogTreeView::MouseDown, this, [this] {
-        try {
-            ApplyMenuRules();
-        } catch (const std::exception&) {
-            // The click or the menu that follows meets the same failure and tells of it, once.
-        }
-    });
     connect(m_ui->TreeView1, &CatalogTreeView::MenuRequested, this, [this](const QPoint& place) {
         Guard([&] {
             ApplyMenuRules();
@@ -337,25 +330,35 @@ void Form1::ShowSelection()
     if (!node)
         return;
     TakeId();
-    if (m_state.CurrentSection == kMovieList) {
-        if (node->tag == kTagFilm)
-            ShowFilmPage();
-        else if (node->tag == kTagGroup)
-            ShowBlankPage();
-    } else if (m_state.CurrentSection == kActorInfo && node->tag == kTagFilm) {
+    if (m_state.CurrentSection == kMovieList && node->tag == kTagFilm)
+        return ShowFilmPage(*node);
+    ApplyMenuRules();
+    if (m_state.CurrentSection == kMovieList && node->tag == kTagGroup)
+        ShowBlankPage();
+    else if (m_state.CurrentSection == kActorInfo && node->tag == kTagFilm)
         ShowSection(kMovieEdit);
-    } else if (m_state.CurrentSection == kMovieEdit && node->tag == kTagActor) {
+    else if (m_state.CurrentSection == kMovieEdit && node->tag == kTagActor)
         ShowSection(kActorInfo);
-    }
 }
 
 void Form1::ApplyMenuRules()
 {
     if (m_catalog->IsFilling())
         return;
+    const std::optional<NodeRef> node = SelectedNode();
+    m_selection = {};
+    if (node && node->tag != kTagGroup) {
+        Connection catalog = OpenCatalog(m_state.CatalogPath());
+        m_selection = ReadSelectionFacts(*node, catalog);
+    }
+    ApplyFacts();
+}
+
+void Form1::ApplyFacts()
+{
     const History::InTree inTree = [this](const QString& key) { return IsInTree(key); };
     const MenuFacts facts{m_state.CatalogOpen, m_state.FilterCount >= Filters::kMost, m_state.history.HasOlder(inTree),
-                          m_state.history.HasNewer(inTree), ReadSelectionFacts(SelectedNode(), m_state.CatalogPath())};
+                          m_state.history.HasNewer(inTree), m_selection};
     kelvado::ApplyMenuRules(facts, m_menus, [this](const QString& key, bool enabled) {
         m_ui->cToolbar->SetButtonEnabled(m_ui->cToolbar->ButtonIndex(key), enabled);
     });
@@ -445,7 +448,7 @@ void Form1::Show(const SectionView& view)
         if (!view.node)
             m_dialogs.MessageBox(kNoCatalogOpen, kBoxInformation);
     }
-    ApplyMenuRules();
+    ApplyFacts();
 }
 
 void Form1::ShowPanel(QWidget* panel)
@@ -463,20 +466,23 @@ void Form1::Open(const std::optional<Page>& page)
     if (node && !page->step.isEmpty())
         m_state.history.Push(node->key, m_state.CurrentSection, page->step);
     m_pageView->Navigate(page->path);
-    ApplyMenuRules();
+    ApplyFacts(); // the step makes Back possible
 }
 
 void Form1::ShowBlankPage()
 {
-    const bool empty = !m_state.CatalogPath().isEmpty() && CatalogIsEmpty(m_state.CatalogPath());
+    const bool empty = !m_state.CatalogPath().isEmpty() && !m_catalog->Model().HasFilms() && CatalogIsEmpty(m_state.CatalogPath());
     const QString page = empty ? m_pages.EmptyCatalogPage() : QString();
     m_pageView->Navigate(page.isEmpty() ? u"about:blank"_s : page);
 }
 
-void Form1::ShowFilmPage()
+// The catalog is opened once for the menus and the page.
+void Form1::ShowFilmPage(const NodeRef& film)
 {
-    if (const std::optional<NodeRef> node = SelectedNode())
-        Open(m_pages.FilmPage(node->key));
+    Connection catalog = OpenCatalog(m_state.CatalogPath());
+    m_selection = ReadSelectionFacts(film, catalog);
+    ApplyFacts();
+    Open(m_pages.FilmPage(film.key, catalog));
 }
 
 void Form1::ShowCreditsPage(const QString& movieId)
@@ -547,10 +553,8 @@ void Form1::OnButton(const QString& key)
 
 void Form1::OnNodeClick()
 {
-    if (m_catalog->IsBusy())
-        return;
-    ShowSelection();
-    ApplyMenuRules();
+    if (!m_catalog->IsBusy())
+        ShowSelection();
 }
 
 void Form1::OnPageClick(const PageClick& click)

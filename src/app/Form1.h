@@ -2,6 +2,7 @@
 
 #include "app/DesktopSeams.h"
 #include "app/Menus.h"
+#include "browse/SelectionFacts.h"
 #include "core/AppState.h"
 #include "core/Guard.h"
 #include "core/SectionTabs.h"
@@ -67,7 +68,6 @@ public:
     void RekeySelectedNode(qint64 movieId) override;
 
     void ShowSection(const QString& section);
-    void ShowFilmPage();
     void ShowCreditsPage(const QString& movieId);
     void GoBack();
     void GoForward();
@@ -100,6 +100,8 @@ private:
     void SaveSettings();
 
     std::optional<NodeRef> SelectedNode() const;
+    void ApplyFacts();
+    void ShowFilmPage(const NodeRef& film);
     void TakeId();
     void Show(const SectionView& view);
     void ShowPanel(QWidget* panel);
@@ -132,6 +134,7 @@ private:
     std::unique_ptr<BrowseMenus> m_browseMenus;
     std::unique_ptr<StatusBar> m_statusBar;
     std::unique_ptr<WebMenus> m_webMenus;
+    SelectionFacts m_selection; ///< as read last
     bool m_activating = false;
     bool m_saved = false;
 };

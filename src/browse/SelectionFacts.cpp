@@ -2,7 +2,6 @@
 
 #include "core/Literals.h"
 #include "store/Recordset.h"
-#include "store/mDBConnection.h"
 
 namespace kelvado {
 
@@ -25,24 +24,19 @@ SelectionFacts FactsOfFilm(const Recordset& film)
 
 } // namespace
 
-SelectionFacts ReadSelectionFacts(const std::optional<NodeRef>& node, const QString& catalogPath)
+SelectionFacts ReadSelectionFacts(const NodeRef& node, Connection& catalog)
 {
-    const bool isFilm = node && node->tag == kTagFilm;
-    if (!isFilm && !(node && node->tag == kTagActor))
-        return {};
-    Connection connection = OpenCatalog(catalogPath);
     Recordset row;
-    if (isFilm)
-        row.Open("SELECT * FROM Movie WHERE Movie_ID = "_L1 + KeyPart(node->key, 0), connection);
-    else
-        row.Open("SELECT * FROM Actor WHERE Actor_ID = "_L1 + KeyPart(node->key, 1), connection);
-    if (row.Eof())
-        return {};
-    if (isFilm)
-        return FactsOfFilm(row);
     SelectionFacts facts;
-    facts.person = true;
-    facts.siteLink = !row[u"IMDB_LINK"].IsNull();
+    if (node.tag == kTagFilm) {
+        row.Open("SELECT * FROM Movie WHERE Movie_ID = "_L1 + KeyPart(node.key, 0), catalog);
+        if (!row.Eof())
+            facts = FactsOfFilm(row);
+    } else if (node.tag == kTagActor) {
+        row.Open("SELECT * FROM Actor WHERE Actor_ID = "_L1 + KeyPart(node.key, 1), catalog);
+        facts.person = !row.Eof();
+        facts.siteLink = facts.person && !row[u"IMDB_LINK"].IsNull();
+    }
     return facts;
 }
 

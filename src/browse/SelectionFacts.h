@@ -4,12 +4,11 @@
 
 #include <QString>
 
-#include <optional>
-
 namespace kelvado {
 
-/// What the selected node is, and what its row in the catalog allows. All false for no node, a group, a placeholder, and a row that is
-/// gone.
+class Connection;
+
+/// What the selected node is, and what its row in the catalog allows. All false for a group, a placeholder, and a row that is gone.
 struct SelectionFacts
 {
     bool film = false, person = false;
@@ -20,6 +19,6 @@ struct SelectionFacts
 };
 
 /// Reads the film's or person's row. Raises what the engine raises.
-SelectionFacts ReadSelectionFacts(const std::optional<NodeRef>& node, const QString& catalogPath);
+SelectionFacts ReadSelectionFacts(const NodeRef& node, Connection& catalog);
 
 } // namespace kelvado

@@ -155,29 +155,27 @@ QString Pages::PictureFor(std::int64_t imageId, Connection& connection)
     return PathForPage(SkinFile("No Image.jpg"_L1));
 }
 
-std::optional<Page> Pages::FilmPage(const QString& key)
+std::optional<Page> Pages::FilmPage(const QString& key, Connection& catalog)
 {
     const QString movieId = FilmNumber(key);
-    Connection connection = OpenCatalog(m_state.CatalogPath());
     Recordset film;
-    film.Open(kFilmQuery + movieId, connection);
+    film.Open(kFilmQuery + movieId, catalog);
     if (SkinIsXml()) {
         throw RuntimeError::WithDetail(kErrInvalidCall, u"the skin \"%1\" shows films as XML, which is not supported"_s.arg(m_state.skin));
     }
     std::optional<QString> text = ReadTemplate("Templates/default.html"_L1);
     if (!text)
         return std::nullopt;
-    text->replace("!!IMAGE!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"Image_ID")), connection));
-    text->replace("!!IMAGEBACK!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"ImageBack_ID")), connection));
+    text->replace("!!IMAGE!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"Image_ID")), catalog));
+    text->replace("!!IMAGEBACK!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"ImageBack_ID")), catalog));
     FillFilmTokens(*text, film, {m_state.skin, SiteAddress(SettingsFile())});
     film.Close();
-    FillGenreToken(*text, connection, movieId);
-    FillDirectorTokens(*text, connection, movieId);
-    FillWriterTokens(*text, connection, movieId);
-    FillActorTokens(*text, connection, movieId);
-    FillProducerTokens(*text, connection, movieId);
+    FillGenreToken(*text, catalog, movieId);
+    FillDirectorTokens(*text, catalog, movieId);
+    FillWriterTokens(*text, catalog, movieId);
+    FillActorTokens(*text, catalog, movieId);
+    FillProducerTokens(*text, catalog, movieId);
     text->replace("!!NAVCREDITS!!"_L1, kMessage + "PAGE_CREDITS:"_L1 + movieId);
-    connection.Close();
     return WritePageFile(*text, false);
 }
 
