@@ -162,6 +162,9 @@ void Form1::ConnectControls()
         m_ui->cToolbar->Add({}, key.isEmpty() ? ctxToolbar::Style::Separator : ctxToolbar::Style::Button, key,
                             QString::fromLatin1(button.caption), QString::fromLatin1(button.toolTip));
     }
+    // The page is the last in the order of Tab, wherever its engine puts the control that takes the keys: the tree stands before it.
+    if (auto* last = m_ui->cToolbar->findChild<QWidget*>(QString::fromLatin1(kToolButtons[std::size(kToolButtons) - 1].key)))
+        setTabOrder(last, m_ui->TreeView1);
     // Alt+Left and Alt+Right, and the side buttons of the mouse.
     for (const auto& [keys, entry] : {std::pair(QKeySequence::Back, u"Back"_s), std::pair(QKeySequence::Forward, u"Forward"_s)}) {
         auto* shortcut = new QShortcut(keys, this);
@@ -258,24 +261,22 @@ void Form1::showEvent(QShowEvent* event)
 
 void Form1::OnFirstActivation()
 {
-    // Also where a part of it fails, so that the window can be worked with. The browser inside the page view is costly to make: the
-    // window is drawn and the tree filled first.
-    const struct Last
-    {
-        Form1& form;
-        ~Last()
-        {
-            form.m_state.Activated = true;
-            QTimer::singleShot(0, form.m_pageView, &frmPageView::CreateBrowser);
-        }
-    } last{*this};
-    ShowSection(kMovieList);
-    m_state.Activated = true;
-    PaintBySkin();
-    LayOutPanes();
-    m_state.ComDiag.fileName.clear();
-    m_tray->Apply();
-    OpenDefaultCatalog();
+    // The end also where a part of it fails, so that the window can be worked with. The browser inside the page view is costly to make:
+    // the window is drawn and the tree filled first.
+    Afterwards(
+        [this] {
+            ShowSection(kMovieList);
+            m_state.Activated = true;
+            PaintBySkin();
+            LayOutPanes();
+            m_state.ComDiag.fileName.clear();
+            m_tray->Apply();
+            OpenDefaultCatalog();
+        },
+        [this] {
+            m_state.Activated = true;
+            QTimer::singleShot(0, m_pageView, &frmPageView::CreateBrowser);
+        });
 }
 
 void Form1::OpenDefaultCatalog()
