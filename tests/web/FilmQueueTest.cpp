@@ -92,7 +92,7 @@ TEST_F(AddingFilms, FilmsThatTheCatalogHasAreAskedAboutOnce)
     EXPECT_EQ(Add({u"0000001"_s, u"0000003"_s, u"0000002"_s}), question);
     EXPECT_FALSE(result);
     EXPECT_EQ(Waiting(), u"1 3 2"_s);
-    EXPECT_EQ(dialogs.boxes[0].type, kBoxYesNoCancel | kBoxExclamation);
+    EXPECT_EQ(dialogs.boxes[0].type, kBoxYesNoCancel | kBoxExclamation | kBoxDefaultNo);
     EXPECT_EQ(Stored(), before);
     EXPECT_TRUE(shell.calls.isEmpty());
 
@@ -137,6 +137,21 @@ TEST_F(AddingFilms, AFilmThatFailsIsNamedAndTheOthersAreAdded)
     EXPECT_FALSE(desk.fetching);
 }
 
+TEST_F(AddingFilms, ATreeThatCannotBeFilledHidesNoResult)
+{
+    struct : RecordingShell
+    {
+        void RefreshCatalogTree() override { throw RuntimeError(kErrDatabase, u"no tree"_s); }
+    } failing;
+    FilmDesk other{state, failing, dialogs, events, transport, progress, {}, false};
+    QStringList numbers{u"0000001"_s};
+    EXPECT_EQ(AddNumbers(numbers, other)->Added, 1);
+    ASSERT_EQ(dialogs.boxes.size(), 2);
+    EXPECT_TRUE(dialogs.boxes[0].text.endsWith(u"no tree"_s));
+    EXPECT_EQ(dialogs.boxes[1].text, u"Successfully Added 1 Films"_s);
+    EXPECT_EQ(failing.calls.constLast(), u"EnableMainWindow 1"_s);
+}
+
 TEST_F(AddingFilms, ACancelTellsHowManyCameBefore)
 {
     const auto cancelAt = [&](const QString& number) {
@@ -150,6 +165,17 @@ TEST_F(AddingFilms, ACancelTellsHowManyCameBefore)
     EXPECT_EQ(Waiting(), u"2 3"_s);
     cancelAt(u"0000003"_s);
     EXPECT_EQ(Add({u"0000003"_s}), QString()) << "nobody needs to be told that nothing came";
+    transport.duringEach = nullptr;
+    struct : IdleEvents
+    {
+        void ServeEvents() override { CancelJob(*desk); }
+        FilmDesk* desk = nullptr;
+    } cancelling;
+    FilmDesk other{state, shell, dialogs, cancelling, transport, progress, {}, false};
+    cancelling.desk = &other;
+    QStringList numbers{u"0000005"_s};
+    EXPECT_TRUE(AddNumbers(numbers, other)->Cancelled) << "in front of a film too";
+    EXPECT_EQ(numbers.size(), 1);
     transport.duringEach = [this] { EndJob(desk); };
     EXPECT_EQ(ErrorOf([&] { Add({u"0000004"_s}); }), kErrCancelled);
     EXPECT_TRUE(dialogs.boxes.isEmpty()) << "the program ends";

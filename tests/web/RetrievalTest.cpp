@@ -231,15 +231,5 @@ TEST_F(UpdateMovieInfoTest, LeavesTheFilmAloneWhereAPageCannotBeRead)
     EXPECT_EQ(shell.calls.constLast(), u"EnableMainWindow 1");
 }
 
-TEST_F(UpdateMovieInfoTest, KeepsCastAndPictureWhereTheNewOnesCouldNotBeFetched)
-{
-    catalog.Run("INSERT INTO Images (Image_ID, Image, Extention) VALUES (4, x'00', 'JPG'); UPDATE Movie SET Image_ID = 4");
-    transport.pages.remove(kCreditsPage);
-    transport.pictures.clear();
-    EXPECT_EQ(Update(), 0);
-    EXPECT_EQ(OldLinks(), u"1");
-    EXPECT_EQ(catalog.Ask("SELECT Image_ID FROM Movie"), u"4");
-}
-
 } // namespace
 } // namespace kelvado

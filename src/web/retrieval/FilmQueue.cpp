@@ -111,7 +111,7 @@ bool SortOutStored(QList<Row>& rows, const std::function<QString(const Row&)>& n
         return true;
     const int answer = desk.dialogs.MessageBox(u"The catalog has these films already:%1\n\nShall they be stored a second time? "
                                                "\"No\" leaves them out."_s.arg(Named(films)),
-                                               kBoxYesNoCancel | kBoxExclamation);
+                                               kBoxYesNoCancel | kBoxExclamation | kBoxDefaultNo);
     if (answer == kAnswerNo)
         rows.removeIf(isStored);
     return answer == kAnswerYes || answer == kAnswerNo;
@@ -126,7 +126,10 @@ void AddRows(QList<Row>& rows, const std::function<BatchFilm(const Row&)>& filmO
     FilmJob& job = desk.job;
     for (qsizetype at = 0; at < rows.size() && !job.RetrievalCancelled;) {
         ++job.CurrentFilm;
-        if (AddOne(filmOf(rows[at]), desk, result))
+        const BatchFilm film = filmOf(rows[at]);
+        if (job.RetrievalCancelled)
+            break; // events were served
+        if (AddOne(film, desk, result))
             rows.removeAt(at);
         else
             ++at;
@@ -260,7 +263,7 @@ bool MayStoreOver(const SearchRow& row, const QString& movieId, FilmDesk& desk)
     const auto other = others.constFind(SevenDigits(PartsOf(row).Number));
     return other == others.constEnd() ||
            desk.dialogs.MessageBox(u"The catalog has this film already:\n%1\n\nShall it be stored over the present film too?"_s.arg(*other),
-                                   kBoxYesNo | kBoxExclamation) == kAnswerYes;
+                                   kBoxYesNoExclamation | kBoxDefaultNo) == kAnswerYes;
 }
 
 void TellResult(const JobResult& result, Dialogs& dialogs)
