@@ -1,5 +1,6 @@
 #include "browse/Tree.h"
 
+#include "browse/FormatPictures.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
@@ -36,10 +37,6 @@ struct FormatPicture
     QLatin1StringView format;
     int image;
 };
-constexpr FormatPicture kFormatPictures[] = {
-    {"DivX"_L1, 1}, {"VCD"_L1, 2}, {"DVD"_L1, 3}, {"VHS"_L1, 4}, {"SVCD"_L1, 8}, {"LASERDISC"_L1, 9}, {"XviD"_L1, 10}, {"Request"_L1, 13},
-};
-
 // The columns of the films' query, in their order.
 enum LevelColumn { kPrimaryColumn, kSecondaryColumn, kIdColumn, kTitleColumn, kFormatColumn, kLoanColumn };
 
@@ -110,17 +107,6 @@ QString WithLinkedGenres(const QString& sql, bool hasGenres)
 }
 
 } // namespace
-
-int FormatImage(const QString& format)
-{
-    if (format.isNull())
-        return CatalogModel::kImageNoFormat;
-    for (const FormatPicture& picture : kFormatPictures) {
-        if (format == picture.format)
-            return picture.image;
-    }
-    return 0;
-}
 
 QString BuildLevelSql(const QString& primary, int level, const cOptView& view, const QString& filterWhere)
 {
