@@ -77,11 +77,11 @@ bool OpenRow(Recordset& row, Connection& connection, const QString& sql, const Q
     return !row.Eof();
 }
 
-void ReadFilmFacts(Facts& facts, FilmId movieId, const QString& catalogPath)
+void ReadFilmFacts(Facts& facts, const QString& movieId, const QString& catalogPath)
 {
     Connection connection;
     Recordset film;
-    if (!OpenRow(film, connection, u"SELECT * FROM Movie WHERE Movie_ID = "_s + QString::number(movieId), catalogPath))
+    if (!OpenRow(film, connection, u"SELECT * FROM Movie WHERE Movie_ID = "_s + movieId, catalogPath))
         return;
     const auto filled = [&](QStringView column) { return !film[column].IsNull() && !film[column].Get().Text().isEmpty(); };
     const bool request = filled(u"Format") && film[u"Format"].Get().Text() == u"Request";
@@ -121,7 +121,7 @@ std::vector<MenuRule> SelectionRules(const std::optional<NodeRef>& node, const Q
 {
     Facts facts{};
     if (node && node->tag == kTagFilm)
-        ReadFilmFacts(facts, FilmOfKey(node->key), catalogPath);
+        ReadFilmFacts(facts, KeyPart(node->key, 0), catalogPath);
     else if (node && node->tag == kTagActor)
         ReadActorFacts(facts, KeyPart(node->key, 1), catalogPath);
     std::vector<MenuRule> rules;

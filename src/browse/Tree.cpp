@@ -1,6 +1,6 @@
 #include "browse/Tree.h"
 
-#include "core/Finally.h"
+#include "core/Afterwards.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
@@ -364,7 +364,7 @@ void Tree::FillTree()
     Connection connection = Connect();
     Filling filling(*this);
     m_context.state.treeCatalog = m_context.state.CatalogPath();
-    Finally(
+    Afterwards(
         [&] {
             filling.ReadGroups(connection);
             filling.ReadFilms(connection);
@@ -382,11 +382,11 @@ void Tree::ExpandFilmNode(const QModelIndex& node)
     if (m_context.model.Tag(node) != kTagFilm)
         return;
     m_expanding = true;
-    Finally([&] { FillCast(node); },
-            [&] {
-                m_expanding = false;
-                m_context.shell.ShowProgress(0);
-            });
+    Afterwards([&] { FillCast(node); },
+               [&] {
+                   m_expanding = false;
+                   m_context.shell.ShowProgress(0);
+               });
 }
 
 void Tree::FillCast(const QModelIndex& node)

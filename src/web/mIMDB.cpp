@@ -160,7 +160,7 @@ bool RetrieveOver(const std::function<QString()>& numberOf, const QString& movie
             return false;
         if (prepare)
             prepare(*film);
-        UpdateFilm(*film, movieId.toLongLong(), options, writer, shell);
+        UpdateFilm(*film, movieId, options, writer, shell);
     } catch (const IncompleteFilm&) {
         shell.ShowSelection();
         throw;
