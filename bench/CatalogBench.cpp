@@ -260,7 +260,7 @@ void ExpandFilm(benchmark::State& state)
     qint64 id = 0;
     for ([[maybe_unused]] const auto round : state) {
         state.PauseTiming();
-        const QString film = QString::number(id++ * 37 % static_cast<qint64>(g_films.size()) + 1);
+        const FilmId film = id++ * 37 % static_cast<qint64>(g_films.size()) + 1;
         const QModelIndex node = browser.model.Find(browser.tree.FilmNodeKeys(film).constFirst());
         state.ResumeTiming();
         try {

@@ -93,19 +93,19 @@ void BrowseMenus::DeleteSelected()
 
 void BrowseMenus::LoanSelected()
 {
-    const QString film = m_films.CurrentFilm(m_context.tree.Selected());
-    if (film.isEmpty())
+    const std::optional<FilmId> film = m_films.CurrentFilm(m_context.tree.Selected());
+    if (!film)
         return;
-    LoanFilm(film.toLongLong(), {m_context.state, m_context.dialogs, m_clock}, m_context.skinner, &m_context.window);
+    LoanFilm(*film, {m_context.state, m_context.dialogs, m_clock}, m_context.skinner, &m_context.window);
     AfterLoan();
 }
 
 void BrowseMenus::ReturnSelected()
 {
-    const QString film = m_films.CurrentFilm(m_context.tree.Selected());
-    if (film.isEmpty())
+    const std::optional<FilmId> film = m_films.CurrentFilm(m_context.tree.Selected());
+    if (!film)
         return;
-    ReturnFilm(film.toLongLong(), m_context.state.CatalogPath(), m_clock);
+    ReturnFilm(*film, m_context.state.CatalogPath(), m_clock);
     AfterLoan();
 }
 

@@ -140,7 +140,7 @@ void CatalogPane::Retitle(const QString& title)
 void CatalogPane::Rekey(qint64 movieId)
 {
     const QModelIndex node = m_context.view.Selected();
-    const QStringList keys = m_tree.FilmNodeKeys(QString::number(movieId));
+    const QStringList keys = m_tree.FilmNodeKeys(movieId);
     const bool sameFilm = node.isValid() && m_model.Tag(node) == kTagFilm && KeyPart(m_model.Key(node), 0) == QString::number(movieId);
     if (!sameFilm || keys.isEmpty() || keys.contains(m_model.Key(node), Qt::CaseInsensitive))
         return;

@@ -103,7 +103,7 @@ QModelIndex CatalogModel::Find(const QString& key) const
         }
     }
     const QString second = ValueOfKey(key);
-    const QList<int> films = m_filmsById.values(KeyPart(key, 0).toLongLong());
+    const QList<int> films = m_filmsById.values(FilmOfKey(key));
     for (const int film : films) {
         if (SameValue(m_content.films[static_cast<std::size_t>(film)].value, second))
             return IndexOfFilm(film);
@@ -287,7 +287,7 @@ QString CatalogModel::KeyOf(const QModelIndex& index) const
         return {};
     case Kind::Actor: {
         const TreeActor& actor = m_casts.constFind(NumberOf(index))->at(static_cast<std::size_t>(index.row()));
-        const qint64 film = m_content.films[number].id;
+        const FilmId film = m_content.films[number].id;
         return actor.genre.isNull() ? FilmKey(film, QString::number(actor.id)) : ActorKeyInGenre(film, actor.id, actor.genre);
     }
     }

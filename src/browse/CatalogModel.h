@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FilmId.h"
 #include <QAbstractItemModel>
 #include <QColor>
 #include <QHash>
@@ -23,7 +24,7 @@ struct TreeGroup
 
 struct TreeFilm
 {
-    qint64 id = 0;
+    FilmId id = 0;
     QString title;
     QString value; ///< the second part of its key
     int group = 0;
@@ -121,7 +122,7 @@ private:
     std::vector<int> m_castOrder;               ///< the films of `m_casts` in the order in which they were fetched
     int m_removedFilms = 0;
     std::vector<int> m_liveFilms;                ///< those that are left, once one was removed
-    mutable QMultiHash<qint64, int> m_filmsById; ///< made at the first search
+    mutable QMultiHash<FilmId, int> m_filmsById; ///< made at the first search
     QColor m_textColor, m_backColor;
     std::array<QIcon, kImages + 1> m_images;
 };

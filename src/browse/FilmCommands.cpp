@@ -20,19 +20,19 @@ FilmCommands::FilmCommands(const AppState& state, Dialogs& dialogs, Shell& shell
 {
 }
 
-QString FilmCommands::FilmOf(const QModelIndex& node) const
+FilmId FilmCommands::FilmOf(const QModelIndex& node) const
 {
     if (!node.isValid())
         throw RuntimeError(kErrObjectNotSet);
     // The keys of groups and people hold other numbers.
     if (m_model.Tag(node) != kTagFilm)
         throw RuntimeError(kErrInvalidCall);
-    return KeyPart(m_model.Key(node), 0);
+    return FilmOfKey(m_model.Key(node));
 }
 
 void FilmCommands::Delete(const QModelIndex& node)
 {
-    const QString film = FilmOf(node);
+    const FilmId film = FilmOf(node);
     if (!IsCurrent())
         return;
     const QString question = u"Are you sure you want to delete "_s + node.data(CatalogModel::TextRole).toString();
@@ -51,7 +51,7 @@ void FilmCommands::Delete(const QModelIndex& node)
 
 void FilmCommands::MoveToRequests(const QModelIndex& node)
 {
-    const QString film = FilmOf(node);
+    const FilmId film = FilmOf(node);
     if (!IsCurrent())
         return;
     MoveFilmToRequests(film, m_state.CatalogPath());
@@ -60,7 +60,7 @@ void FilmCommands::MoveToRequests(const QModelIndex& node)
 
 void FilmCommands::MoveToMovies(const QModelIndex& node)
 {
-    const QString film = FilmOf(node);
+    const FilmId film = FilmOf(node);
     if (!IsCurrent())
         return;
     MoveFilmToMovies(film, m_state.CatalogPath());
@@ -69,7 +69,7 @@ void FilmCommands::MoveToMovies(const QModelIndex& node)
 
 void FilmCommands::AddToMovieNight(const QModelIndex& node)
 {
-    const QString film = FilmOf(node);
+    const FilmId film = FilmOf(node);
     if (IsCurrent())
         kelvado::AddToMovieNight(film, m_state.CatalogPath());
 }

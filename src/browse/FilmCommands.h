@@ -7,6 +7,8 @@
 
 #include <QModelIndex>
 
+#include <optional>
+
 namespace kelvado {
 
 /// True where the tree shows the catalog that is open by now. Otherwise it is built anew: the numbers of its films mean other films there.
@@ -27,11 +29,11 @@ public:
     void MoveToMovies(const QModelIndex& node);
     void AddToMovieNight(const QModelIndex& node);
     void ClearMovieNight();
-    /// The film of `node`, for those who lend it: an empty text where the tree had to be built anew.
-    QString CurrentFilm(const QModelIndex& node) { return IsCurrent() ? FilmOf(node) : QString(); }
+    /// The film of `node`, for those who lend it; nothing where the tree had to be built anew.
+    std::optional<FilmId> CurrentFilm(const QModelIndex& node) { return IsCurrent() ? std::optional(FilmOf(node)) : std::nullopt; }
 
 private:
-    QString FilmOf(const QModelIndex& node) const;
+    FilmId FilmOf(const QModelIndex& node) const;
     bool IsCurrent() { return TreeIsCurrent(m_state, m_shell); }
 
     const AppState& m_state;

@@ -1,6 +1,7 @@
 #include "browse/Tree.h"
 
 #include "browse/FormatPictures.h"
+#include "core/Afterwards.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
@@ -32,11 +33,6 @@ constexpr int kGroupsPerPump = 150;
 constexpr int kFilmsPerPump = 50;
 constexpr int kMillisecondsToProgress = 500;
 
-struct FormatPicture
-{
-    QLatin1StringView format;
-    int image;
-};
 // The columns of the films' query, in their order.
 enum LevelColumn { kPrimaryColumn, kSecondaryColumn, kIdColumn, kTitleColumn, kFormatColumn, kLoanColumn };
 
@@ -97,12 +93,16 @@ QString WithLinkedGenres(const QString& sql, bool hasGenres)
     }
     if (hasGenres && conditions.size() < 2)
         return sql;
-    QString linked = sql;
-    for (auto part = conditions.crbegin(); part != conditions.crend(); ++part)
-        linked.replace(part->capturedStart(), part->capturedLength(),
-                       u"Movie.Movie_ID IN (SELECT GenreLink.Movie_ID FROM GenreLink INNER JOIN Genre ON GenreLink.Genre_ID = "
-                       "Genre.Genre_ID WHERE Genre.Genre ="_s +
-                           part->captured(1) + u')');
+    QString linked;
+    qsizetype done = 0;
+    for (const QRegularExpressionMatch& part : conditions) {
+        linked += QStringView(sql).sliced(done, part.capturedStart() - done);
+        linked += u"Movie.Movie_ID IN (SELECT GenreLink.Movie_ID FROM GenreLink INNER JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID "
+                  "WHERE Genre.Genre ="_s +
+                  part.captured(1) + u')';
+        done = part.capturedEnd();
+    }
+    linked += QStringView(sql).sliced(done);
     return linked;
 }
 
@@ -147,16 +147,11 @@ QString BuildLevelSql(const QString& primary, int level, const cOptView& view, c
     return WithLinkedGenres(sql, p == kByGenre);
 }
 
-/// One build of the tree: reads both levels into a content of its own and hands it to the model, also where it was cut short.
+/// One build of the tree: reads both levels into a content of its own.
 class Tree::Filling
 {
 public:
     explicit Filling(Tree& tree) : m_tree(tree), m_primary(tree.View().PrimarySort) {}
-    ~Filling()
-    {
-        m_tree.m_context.model.SetContent(std::move(m_content));
-        m_tree.m_context.shell.ShowProgress(0);
-    }
     Filling(const Filling&) = delete;
     Filling& operator=(const Filling&) = delete;
 
@@ -205,6 +200,9 @@ public:
         if (m_primary == kByGenre)
             DropSecondLinks();
     }
+
+    /// What was read, also where that was cut short.
+    TreeContent TakeContent() { return std::move(m_content); }
 
 private:
     bool Pump(int& records, int every)
@@ -291,7 +289,7 @@ private:
     // A film that stands twice under one group keeps its first node.
     void DropSecondLinks()
     {
-        std::vector<std::pair<qint64, int>> places; // film id and place in the list
+        std::vector<std::pair<FilmId, int>> places; // film id and place in the list
         std::vector<bool> isSecond(m_content.films.size());
         bool any = false;
         for (const TreeGroup& group : m_content.groups) {
@@ -344,14 +342,19 @@ bool Tree::GroupsExpanded() const
 
 void Tree::FillTree()
 {
-    {
-        Connection connection = Connect();
-        Filling filling(*this);
-        m_context.state.treeCatalog = m_context.state.CatalogPath();
-        filling.ReadGroups(connection);
-        filling.ReadFilms(connection);
-        connection.Close();
-    }
+    Connection connection = Connect();
+    Filling filling(*this);
+    m_context.state.treeCatalog = m_context.state.CatalogPath();
+    Afterwards(
+        [&] {
+            filling.ReadGroups(connection);
+            filling.ReadFilms(connection);
+            connection.Close();
+        },
+        [&] {
+            m_context.model.SetContent(filling.TakeContent());
+            m_context.shell.ShowProgress(0);
+        });
     m_context.shell.UpdateStatus(true);
 }
 
@@ -359,17 +362,16 @@ void Tree::ExpandFilmNode(const QModelIndex& node)
 {
     if (m_context.model.Tag(node) != kTagFilm)
         return;
-    const struct Running
-    {
-        Tree& tree;
-        explicit Running(Tree& t) : tree(t) { tree.m_expanding = true; }
-        ~Running()
-        {
-            tree.m_expanding = false;
-            tree.m_context.shell.ShowProgress(0);
-        }
-    } running(*this);
+    m_expanding = true;
+    Afterwards([&] { FillCast(node); },
+               [&] {
+                   m_expanding = false;
+                   m_context.shell.ShowProgress(0);
+               });
+}
 
+void Tree::FillCast(const QModelIndex& node)
+{
     const QPersistentModelIndex film = node;
     m_context.model.SetCast(film, {});
     std::vector<TreeActor> cast = ReadCast(film);
@@ -384,7 +386,7 @@ void Tree::ExpandFilmNode(const QModelIndex& node)
     m_context.model.SetCast(film, cast);
     const bool underLoans = View().PrimarySort == kByLocation && m_context.model.Key(film.parent()) == GroupKey(kOnLoan);
     if (underLoans && anyCast)
-        throw RuntimeError::WithDetail(kErrElementNotFound, FilmKey(KeyPart(m_context.model.Key(film), 0).toLongLong(), kOnLoan));
+        throw RuntimeError::WithDetail(kErrElementNotFound, FilmKey(FilmOfKey(m_context.model.Key(film)), kOnLoan));
 }
 
 std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
@@ -442,7 +444,7 @@ std::vector<TreeActor> Tree::ReadCast(const QModelIndex& node)
     return cast;
 }
 
-QStringList Tree::FilmNodeKeys(const QString& filmId) const
+QStringList Tree::FilmNodeKeys(FilmId movieId) const
 {
     const QString& p = View().PrimarySort;
     const QString columns = u"SELECT "_s + p + u" , Movie.Format, Movie.Loan_ID, Movie.Movie_ID FROM "_s;
@@ -450,8 +452,8 @@ QStringList Tree::FilmNodeKeys(const QString& filmId) const
     const QString sql = p == kByGenre ? columns +
                                             u"(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
                                             "GenreLink.Genre_ID = Genre.Genre_ID WHERE Movie.Movie_ID = "_s +
-                                            filmId
-                                      : columns + u"Movie WHERE Movie_ID = "_s + filmId;
+                                            QString::number(movieId)
+                                      : columns + u"Movie WHERE Movie_ID = "_s + QString::number(movieId);
     Connection connection = Connect();
     Recordset film;
     film.Open(sql, connection);

@@ -46,13 +46,14 @@ public:
     void ExpandFilmNode(const QModelIndex& node);
 
     /// Every key that this film has in the present tree: one, or one for each genre under the sort by genre; none for an unknown film.
-    QStringList FilmNodeKeys(const QString& filmId) const;
+    QStringList FilmNodeKeys(FilmId movieId) const;
 
     /// True while `ExpandFilmNode` runs.
     bool Expanding() const { return m_expanding; }
 
 private:
     class Filling;
+    void FillCast(const QModelIndex& node);
     std::vector<TreeActor> ReadCast(const QModelIndex& node);
     const cOptView& View() const { return m_context.state.gOptions->View; }
     Connection Connect() const { return OpenCatalog(m_context.state.CatalogPath()); }

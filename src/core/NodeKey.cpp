@@ -7,12 +7,12 @@ QString GroupKey(QStringView value)
     return u'"' + value.toString() + u'"';
 }
 
-QString FilmKey(qint64 movieId, QStringView value)
+QString FilmKey(FilmId movieId, QStringView value)
 {
     return u'"' + QString::number(movieId) + u'\n' + value.toString() + u'"';
 }
 
-QString ActorKeyInGenre(qint64 movieId, qint64 actorId, QStringView genre)
+QString ActorKeyInGenre(FilmId movieId, qint64 actorId, QStringView genre)
 {
     return u'"' + QString::number(movieId) + u'\n' + QString::number(actorId) + u'\n' + genre.toString() + u'"';
 }
@@ -20,6 +20,11 @@ QString ActorKeyInGenre(qint64 movieId, qint64 actorId, QStringView genre)
 QString ValueOfKey(const QString& key)
 {
     return key.section(u'\n', 1).chopped(1);
+}
+
+FilmId FilmOfKey(const QString& key)
+{
+    return KeyPart(key, 0).toLongLong();
 }
 
 QString KeyPart(const QString& key, int index)

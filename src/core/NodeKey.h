@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FilmId.h"
 #include <QString>
 #include <QStringView>
 
@@ -21,15 +22,18 @@ struct NodeRef
 QString GroupKey(QStringView value);
 /// The key of a film in the group `value`, or of an actor (`value` is then the actor's number): both parts parted by a line feed,
 /// between double quotes.
-QString FilmKey(qint64 movieId, QStringView value);
+QString FilmKey(FilmId movieId, QStringView value);
 /// An actor under a film of the group `genre`.
-QString ActorKeyInGenre(qint64 movieId, qint64 actorId, QStringView genre);
+QString ActorKeyInGenre(FilmId movieId, qint64 actorId, QStringView genre);
 
 /// What stands behind the film's number in a key, quote marks of its own included: the group of a film.
 QString ValueOfKey(const QString& key);
 
+/// The film's number in the key of a film or an actor.
+FilmId FilmOfKey(const QString& key);
+
 /// Part `index` (from 0) of a key that is split at its line feeds, without quote marks; the empty text where there is no such part.
-/// Part 0 of a film or actor is the film's number, part 1 of an actor the actor's.
+/// Part 1 of an actor is the actor's number.
 QString KeyPart(const QString& key, int index);
 
 } // namespace kelvado

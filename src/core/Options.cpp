@@ -79,9 +79,9 @@ const QString kPrimaryDescending = u"mnuSortPrimDESC"_s;
 const QString kSecondaryDescending = u"mnuSortSecDESC"_s;
 const QString kPrimaryExpanded = u"mnuSortPrimExpanded"_s;
 
-QString ReadText(const QString& file, const QString& section, const char* key)
+QString ReadText(const Profile& file, const QString& section, const char* key)
 {
-    return ReadProfileValue(section, QString::fromLatin1(key), file);
+    return file.Value(section, QString::fromLatin1(key));
 }
 
 void WriteText(ProfileChanges& changes, const QString& section, const char* key, const QString& value)
@@ -89,13 +89,13 @@ void WriteText(ProfileChanges& changes, const QString& section, const char* key,
     changes.Set(section, QString::fromLatin1(key), value);
 }
 
-[[noreturn]] void RaiseBadSetting(const QString& file, const QString& section, const char* key, const RuntimeError& cause)
+[[noreturn]] void RaiseBadSetting(const Profile& file, const QString& section, const char* key, const RuntimeError& cause)
 {
     throw RuntimeError(cause.Number(), u"%1: the setting %2 in section [%3] of %4 must be a number"_s.arg(
-                                           DescriptionOfError(cause.Number()), QString::fromLatin1(key), section, file));
+                                           DescriptionOfError(cause.Number()), QString::fromLatin1(key), section, file.Path()));
 }
 
-std::int32_t ReadNumber(const QString& file, const QString& section, const char* key)
+std::int32_t ReadNumber(const Profile& file, const QString& section, const char* key)
 {
     try {
         return ToLong(ReadText(file, section, key));
@@ -104,7 +104,7 @@ std::int32_t ReadNumber(const QString& file, const QString& section, const char*
     }
 }
 
-bool ReadFlag(const QString& file, const QString& section, const char* key)
+bool ReadFlag(const Profile& file, const QString& section, const char* key)
 {
     try {
         return ToBoolean(ReadText(file, section, key));
@@ -134,7 +134,7 @@ QString FlagText(bool on)
 
 } // namespace
 
-void cOptDisplay::Load(const QString& file)
+void cOptDisplay::Load(const Profile& file)
 {
     for (const auto& key : kDisplayKeys)
         this->*key.field = ReadNumber(file, u"Display"_s, key.name);
@@ -146,7 +146,7 @@ void cOptDisplay::Save(ProfileChanges& changes) const
         WriteText(changes, u"Display"_s, key.name, QString::number(this->*key.field));
 }
 
-void cOptView::Load(const QString& file, MenuMarks& marks)
+void cOptView::Load(const Profile& file, MenuMarks& marks)
 {
     const QString section = u"View"_s;
     PrimarySort = ReadText(file, section, "PrimarySort");
@@ -158,7 +158,7 @@ void cOptView::Load(const QString& file, MenuMarks& marks)
     CheckEntryOf(kViewModes, ViewMode, "mnuViewMode", marks);
     CheckEntryOf(kPrimarySorts, PrimarySort, "mnuSortPrimDetail", marks);
     CheckEntryOf(kSecondarySorts, SecondarySort, "mnuSortSecDetail", marks);
-    marks.SetChecked(kPrimaryExpanded, -1, ReadNumber(file, section, "PrimaryExpand") != 0);
+    marks.SetChecked(kPrimaryExpanded, -1, IsOn(ReadNumber(file, section, "PrimaryExpand")));
     marks.SetChecked(kPrimaryDescending, -1, ReadFlag(file, section, "PrimaryOrder"));
     marks.SetChecked(kSecondaryDescending, -1, ReadFlag(file, section, "SecondaryOrder"));
     PrimaryOrder = OrderOf(marks.IsChecked(kPrimaryDescending, -1));
@@ -177,14 +177,14 @@ void cOptView::Save(ProfileChanges& changes, const MenuMarks& marks) const
     WriteText(changes, section, "SecondarySort", SecondarySort);
 }
 
-void cOptStatus::Load(const QString& file, MenuMarks& marks)
+void cOptStatus::Load(const Profile& file, MenuMarks& marks)
 {
     const QString menu = u"mnuStatusItem"_s;
     marks.SetChecked(menu, 0, true);
     marks.SetEnabled(menu, 0, false);
     for (const auto& key : kStatusKeys) {
         this->*key.field = ReadNumber(file, u"Status"_s, key.name);
-        marks.SetChecked(menu, key.menuEntry, this->*key.field == 1);
+        marks.SetChecked(menu, key.menuEntry, IsOn(this->*key.field));
     }
 }
 
@@ -211,7 +211,7 @@ cOptIMDbFilm cOptIMDbFilm::Everything()
     return parts;
 }
 
-void cOptIMDbFilm::Load(const QString& file, const QString& section)
+void cOptIMDbFilm::Load(const Profile& file, const QString& section)
 {
     m_section = section;
     for (const auto& key : kIMDbFilmKeys)
@@ -224,7 +224,7 @@ void cOptIMDbFilm::Save(ProfileChanges& changes) const
         WriteText(changes, m_section, key.name, QString::number(this->*key.field));
 }
 
-void cOptDefaults::Load(const QString& file)
+void cOptDefaults::Load(const Profile& file)
 {
     const QString section = u"DefaultValues"_s;
     PromptAKA = ReadNumber(file, section, "PromptAKA");
@@ -246,12 +246,13 @@ void cOptDefaults::Save(ProfileChanges& changes) const
 
 cOptions::cOptions(const QString& file, MenuMarks& marks) : m_file(file), m_marks(marks)
 {
-    Display.Load(file);
-    View.Load(file, marks);
-    Status.Load(file, marks);
-    IMDbFilmAdd.Load(file, u"IMDbFilmAdd"_s);
-    IMDbFilmUpdate.Load(file, u"IMDbFilmUpdate"_s);
-    Defaults.Load(file);
+    const Profile settings(file);
+    Display.Load(settings);
+    View.Load(settings, marks);
+    Status.Load(settings, marks);
+    IMDbFilmAdd.Load(settings, u"IMDbFilmAdd"_s);
+    IMDbFilmUpdate.Load(settings, u"IMDbFilmUpdate"_s);
+    Defaults.Load(settings);
 }
 
 void cOptions::Save() const

@@ -12,6 +12,12 @@ namespace kelvado {
 /// The option groups. Each reads its keys from `Settings.ini` when it is made (`Load`), and from then on is the truth; `Save` hands
 /// all keys back in the same order. A whole number whose text is missing or no number raises 13, with the section, key and file named.
 
+/// True where an option of those that are kept as numbers is on.
+constexpr bool IsOn(std::int32_t option)
+{
+    return option > 0;
+}
+
 struct cOptDisplay
 {
     std::int32_t MaxActors = 0, MaxWriters = 0, MaxDirectors = 0, MaxProducers = 0; ///< most names shown; 0 means no limit
@@ -21,7 +27,7 @@ struct cOptDisplay
     std::int32_t StatusCaption = 0;
     std::int32_t LeftPane = 0; ///< width in twips
 
-    void Load(const QString& file);
+    void Load(const Profile& file);
     void Save(ProfileChanges& changes) const;
 };
 
@@ -33,7 +39,7 @@ struct cOptView
     QString ViewMode;                     ///< "Movies", "Requests", "Loans" or "MovieNight"
 
     /// Reads the keys and checks the entries of `marks` that stand for them.
-    void Load(const QString& file, MenuMarks& marks);
+    void Load(const Profile& file, MenuMarks& marks);
     /// Expansion and directions are written from the check marks. The secondary direction is written from the mark of the primary one,
     /// so it does not survive a restart on its own.
     void Save(ProfileChanges& changes, const MenuMarks& marks) const;
@@ -44,7 +50,7 @@ struct cOptStatus
     std::int32_t TotalRequests = 0, TotalMovies = 0, TotalLoans = 0, TotalDiscs = 0, TotalWriters = 0, TotalActors = 0, TotalProducers = 0,
                  TotalDirectors = 0, PrimMethod = 0, SecMethod = 0, ViewMethod = 0, FiltersMethod = 0;
 
-    void Load(const QString& file, MenuMarks& marks);
+    void Load(const Profile& file, MenuMarks& marks);
     void Save(ProfileChanges& changes) const;
 };
 
@@ -61,7 +67,7 @@ struct cOptIMDbFilm
     /// All parts on.
     static cOptIMDbFilm Everything();
 
-    void Load(const QString& file, const QString& section);
+    void Load(const Profile& file, const QString& section);
     void Save(ProfileChanges& changes) const;
 
 private:
@@ -74,7 +80,7 @@ struct cOptDefaults
     QString Format, Discs, Index;
     std::int32_t Enable = 0;
 
-    void Load(const QString& file);
+    void Load(const Profile& file);
     void Save(ProfileChanges& changes) const;
 };
 

@@ -70,18 +70,32 @@ QString OneLine(QString value)
 
 } // namespace
 
-QString ReadProfileValue(const QString& section, const QString& key, const QString& path)
+Profile::Profile(const QString& path) : m_path(path)
 {
     const QString text = ReadText(path).value_or(QString());
+    QString section;
     bool inSection = false;
     for (const QStringView line : QStringView(text).split(u'\n')) {
         const IniLine parsed = ReadLine(line);
-        if (parsed.kind == IniLine::Kind::Section)
-            inSection = SameName(parsed.name, section);
-        else if (inSection && parsed.kind == IniLine::Kind::Key && SameName(parsed.name, key))
-            return parsed.value.left(kLongestValue).toString();
+        if (parsed.kind == IniLine::Kind::Section) {
+            section = parsed.name.toString().toLower();
+            inSection = true;
+        } else if (inSection && parsed.kind == IniLine::Kind::Key) {
+            const std::pair<QString, QString> name(section, parsed.name.toString().toLower());
+            if (!m_values.contains(name))
+                m_values.insert(name, parsed.value.left(kLongestValue).toString());
+        }
     }
-    return {};
+}
+
+QString Profile::Value(const QString& section, const QString& key) const
+{
+    return m_values.value({section.toLower(), key.toLower()});
+}
+
+QString ReadProfileValue(const QString& section, const QString& key, const QString& path)
+{
+    return Profile(path).Value(section, key);
 }
 
 bool WriteProfileValue(const QString& section, const QString& key, const QString& value, const QString& path)

@@ -1,12 +1,30 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
+#include <utility>
+
 namespace kelvado {
 
-/// The value of `key` in `section` of the ini file at `path`, at most 255 characters, without outer blanks and one pair of quotes around
-/// it. Sections and keys are compared without regard to case. A missing file, section or key gives the empty text.
+/// An ini file, read once. Sections and keys are compared without regard to case; of a key that stands twice, the first counts.
+class Profile
+{
+public:
+    /// A missing file has no values.
+    explicit Profile(const QString& path);
+
+    /// At most 255 characters, without outer blanks and one pair of quotes around them. A missing section or key gives the empty text.
+    QString Value(const QString& section, const QString& key) const;
+    const QString& Path() const { return m_path; }
+
+private:
+    QString m_path;
+    QHash<std::pair<QString, QString>, QString> m_values; // by section and key, in lower case
+};
+
+/// One value of the ini file at `path`, as `Profile::Value` gives it; for a single question.
 QString ReadProfileValue(const QString& section, const QString& key, const QString& path);
 
 /// Sets `key` in `section`; adds what is missing and leaves every other line, comment and its order alone. The file is replaced as a

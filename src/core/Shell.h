@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FilmId.h"
 #include <QString>
 
 namespace kelvado {
@@ -26,7 +27,7 @@ public:
     /// Gives the selected tree node the text of a film that was just stored anew.
     virtual void RetitleSelectedNode(const QString& title) = 0;
     /// Gives the selected tree node the key that the film `movieId` has in the present tree.
-    virtual void RekeySelectedNode(qint64 movieId) = 0;
+    virtual void RekeySelectedNode(FilmId movieId) = 0;
 };
 
 } // namespace kelvado

@@ -36,7 +36,7 @@ void Return_Item(qint64 loanId, const QString& catalogPath, const Clock& clock)
     connection.Close();
 }
 
-void ReturnFilm(qint64 movieId, const QString& catalogPath, const Clock& clock)
+void ReturnFilm(FilmId movieId, const QString& catalogPath, const Clock& clock)
 {
     Connection connection = OpenCatalog(catalogPath);
     Recordset film;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Clock.h"
+#include "core/FilmId.h"
 
 #include <QString>
 
@@ -13,7 +14,7 @@ namespace kelvado {
 void Return_Item(qint64 loanId, const QString& catalogPath, const Clock& clock);
 
 /// Ends the loan that the film `movieId` is out under. Raises 3021, with nothing written, where the film is in or gone.
-void ReturnFilm(qint64 movieId, const QString& catalogPath, const Clock& clock);
+void ReturnFilm(FilmId movieId, const QString& catalogPath, const Clock& clock);
 
 /// Removes a loan, open or ended, from the catalog; a film that is out under it is in again. What is missing is passed over.
 void Delete_Loan(qint64 loanId, const QString& catalogPath);

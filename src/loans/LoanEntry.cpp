@@ -78,7 +78,7 @@ void PutTerms(const LoanTerms& terms, Recordset& loan)
 }
 
 // The loan is stored before its film is marked as out.
-void AddLoan(qint64 movieId, const LoanTerms& terms, const QString& catalogPath)
+void AddLoan(FilmId movieId, const LoanTerms& terms, const QString& catalogPath)
 {
     Connection connection = OpenCatalog(catalogPath);
     Recordset loans;
@@ -125,7 +125,7 @@ LoanEntry Load_NewLoan(const QString& catalogPath, const Clock& clock)
     return entry;
 }
 
-LoanEntry Load_DirectLoan(qint64 movieId, const QString& catalogPath, const Clock& clock)
+LoanEntry Load_DirectLoan(FilmId movieId, const QString& catalogPath, const Clock& clock)
 {
     if (movieId == 0)
         return EmptyEntry();

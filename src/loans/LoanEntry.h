@@ -2,6 +2,7 @@
 
 #include "core/Clock.h"
 #include "core/Dialogs.h"
+#include "core/FilmId.h"
 #include "loans/FilmChoices.h"
 
 #include <QDate>
@@ -38,7 +39,7 @@ LoanEntry Load_NewLoan(const QString& catalogPath, const Clock& clock);
 
 /// A new loan of one film; an entry without a film for the number 0. The borrowers stand there once for each of their loans.
 /// Raises 3021 where there is no such film.
-LoanEntry Load_DirectLoan(qint64 movieId, const QString& catalogPath, const Clock& clock);
+LoanEntry Load_DirectLoan(FilmId movieId, const QString& catalogPath, const Clock& clock);
 
 /// An existing loan; an empty entry for the number 0. Raises 3021 where no film is out under it: an ended loan cannot be edited.
 LoanEntry Edit_Loan(qint64 loanId, const QString& catalogPath);

@@ -24,20 +24,21 @@ constexpr QLatin1StringView kAside = ".aside"_L1;
 
 using Engine = std::unique_ptr<sqlite3, int (*)(sqlite3*)>;
 
-Engine OpenEngine(const QString& path, int flags)
+Engine OpenEngine(const QString& path, int flags, const QString& shown)
 {
     sqlite3* handle = nullptr;
     const int opened = sqlite3_open_v2(QFileInfo(path).absoluteFilePath().toUtf8().constData(), &handle, flags, nullptr);
     Engine engine(handle, sqlite3_close_v2);
     if (opened != SQLITE_OK)
-        RaiseEngineError(handle, path);
+        RaiseEngineError(handle, shown);
     return engine;
 }
 
-void CopyPages(const QString& source, const QString& target)
+// Failures name `target`, for which `unfinished` is made.
+void CopyPages(const QString& source, const QString& unfinished, const QString& target)
 {
-    const Engine from = OpenEngine(source, SQLITE_OPEN_READWRITE);
-    const Engine to = OpenEngine(target, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    const Engine from = OpenEngine(source, SQLITE_OPEN_READWRITE, source);
+    const Engine to = OpenEngine(unfinished, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, target);
     LockWait wait(source);
     wait.Install(from.get());
     sqlite3_backup* copy = sqlite3_backup_init(to.get(), "main", from.get(), "main");
@@ -67,7 +68,7 @@ void CopyCatalog(const QString& source, const QString& target)
     const QString unfinished = target + u".new"_s;
     RemoveCatalog(unfinished);
     try {
-        CopyPages(source, unfinished);
+        CopyPages(source, unfinished, target);
     } catch (...) {
         RemoveCatalog(unfinished);
         throw;

@@ -285,7 +285,9 @@ void ConnectionImpl::BeginWrite()
 // False for a catalog of another tool in which no table has numbers that never come back.
 bool ConnectionImpl::RemembersKeys()
 {
-    return WholeNumber(u"SELECT count(*) FROM sqlite_master WHERE name = 'sqlite_sequence'"_s, {}) > 0;
+    if (!m_remembersKeys)
+        m_remembersKeys = WholeNumber(u"SELECT count(*) FROM sqlite_master WHERE name = 'sqlite_sequence'"_s, {}) > 0;
+    return *m_remembersKeys;
 }
 
 // The first value of the first row, 0 where there is none.
@@ -317,19 +319,17 @@ qint64 ConnectionImpl::ReserveKey(const QString& table)
 // Another tool may have set the counter back: a new film must not get the loans or the cast of one that is gone.
 qint64 ConnectionImpl::HighestHeldKey(const QString& table)
 {
-    qint64 highest = 0;
+    const QString largest = QString::number(std::numeric_limits<qint64>::max()); // keeps texts out, which are larger than any number
+    QStringList queries;
     for (const KeyHolder& holder : kKeyHolders) {
         if (table.compare(holder.keys, Qt::CaseInsensitive) != 0 ||
             sqlite3_table_column_metadata(m_database, "main", holder.table, holder.column, nullptr, nullptr, nullptr, nullptr, nullptr) !=
                 SQLITE_OK)
             continue;
-        const QString column = QuotedName(QString::fromLatin1(holder.column));
-        const QString largest = QString::number(std::numeric_limits<qint64>::max()); // keeps texts out, which are larger than any number
-        highest = std::max(highest, WholeNumber(u"SELECT max("_s + column + u") FROM "_s + QuotedName(QString::fromLatin1(holder.table)) +
-                                                    u" WHERE "_s + column + u" <= "_s + largest,
-                                                {}));
+        queries << u"SELECT max(%1) AS held FROM %2 WHERE %1 <= %3"_s.arg(QLatin1StringView(holder.column), QLatin1StringView(holder.table),
+                                                                          largest);
     }
-    return highest;
+    return queries.isEmpty() ? 0 : WholeNumber(u"SELECT max(held) FROM ("_s + queries.join(u" UNION ALL "_s) + u')', {});
 }
 
 void ConnectionImpl::BurnKey(const QString& table, qint64 key)

@@ -11,6 +11,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -104,6 +105,7 @@ private:
     std::unordered_map<QString, Statement> m_statements;
     std::map<QString, qint64> m_reserved; // the last key handed out, by table in lower case
     std::map<QString, qint64> m_burned;
+    std::optional<bool> m_remembersKeys;
 };
 
 } // namespace kelvado

@@ -28,14 +28,15 @@ void SetColumn(const QString& sql, QStringView column, const Value& value, const
     connection.Close();
 }
 
-void DeleteFilmRows(const QString& movieId, Connection& connection)
+void DeleteFilmRows(FilmId movieId, Connection& connection)
 {
-    DeleteRows(connection, u"SELECT * FROM GenreLink WHERE Movie_ID  = "_s + movieId);
-    DeleteRows(connection, u"SELECT * FROM ActorLink WHERE Movie_ID = "_s + movieId);
-    DeleteRows(connection, u"SELECT * FROM DirectorLink WHERE Movie_ID = "_s + movieId);
-    DeleteRows(connection, u"SELECT * FROM WriterLink WHERE Movie_ID = "_s + movieId);
+    const QString id = QString::number(movieId);
+    DeleteRows(connection, u"SELECT * FROM GenreLink WHERE Movie_ID  = "_s + id);
+    DeleteRows(connection, u"SELECT * FROM ActorLink WHERE Movie_ID = "_s + id);
+    DeleteRows(connection, u"SELECT * FROM DirectorLink WHERE Movie_ID = "_s + id);
+    DeleteRows(connection, u"SELECT * FROM WriterLink WHERE Movie_ID = "_s + id);
     Recordset film;
-    film.Open(u"SELECT * FROM Movie WHERE Movie_ID  = "_s + movieId, connection);
+    film.Open(u"SELECT * FROM Movie WHERE Movie_ID  = "_s + id, connection);
     if (film.Eof())
         throw RuntimeError(kErrNoCurrentRecord);
     const Value picture = film[u"Image_ID"].Get();
@@ -43,13 +44,13 @@ void DeleteFilmRows(const QString& movieId, Connection& connection)
     film.Close();
     if (!picture.IsNull())
         DeleteRows(connection, u"SELECT * FROM Images WHERE Image_ID  = "_s + picture.Text());
-    DeleteRows(connection, u"SELECT ProducerLink.* FROM ProducerLink WHERE Movie_ID = "_s + movieId);
-    DeleteRows(connection, u"SELECT CompanyLink.* FROM CompanyLink WHERE Movie_ID = "_s + movieId);
+    DeleteRows(connection, u"SELECT ProducerLink.* FROM ProducerLink WHERE Movie_ID = "_s + id);
+    DeleteRows(connection, u"SELECT CompanyLink.* FROM CompanyLink WHERE Movie_ID = "_s + id);
 }
 
 } // namespace
 
-void DeleteFilm(const QString& movieId, const QString& catalogPath)
+void DeleteFilm(FilmId movieId, const QString& catalogPath)
 {
     Connection connection = OpenCatalog(catalogPath);
     try {
@@ -60,19 +61,19 @@ void DeleteFilm(const QString& movieId, const QString& catalogPath)
     }
 }
 
-void MoveFilmToRequests(const QString& movieId, const QString& catalogPath)
+void MoveFilmToRequests(FilmId movieId, const QString& catalogPath)
 {
-    SetColumn(u"SELECT Movie.* FROM Movie WHERE Movie.Movie_ID  = "_s + movieId, u"Format", u"Request"_s, catalogPath);
+    SetColumn(u"SELECT Movie.* FROM Movie WHERE Movie.Movie_ID  = "_s + QString::number(movieId), u"Format", u"Request"_s, catalogPath);
 }
 
-void MoveFilmToMovies(const QString& movieId, const QString& catalogPath)
+void MoveFilmToMovies(FilmId movieId, const QString& catalogPath)
 {
-    SetColumn(u"SELECT * FROM Movie WHERE Movie_ID  = "_s + movieId, u"Format", Value(), catalogPath);
+    SetColumn(u"SELECT * FROM Movie WHERE Movie_ID  = "_s + QString::number(movieId), u"Format", Value(), catalogPath);
 }
 
-void AddToMovieNight(const QString& movieId, const QString& catalogPath)
+void AddToMovieNight(FilmId movieId, const QString& catalogPath)
 {
-    SetColumn(u"SELECT * FROM Movie WHERE Movie_ID = "_s + movieId, u"MovieNight", 1, catalogPath);
+    SetColumn(u"SELECT * FROM Movie WHERE Movie_ID = "_s + QString::number(movieId), u"MovieNight", 1, catalogPath);
 }
 
 void ClearMovieNight(const QString& catalogPath)

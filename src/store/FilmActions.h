@@ -1,22 +1,23 @@
 #pragma once
 
+#include "core/FilmId.h"
 #include <QString>
 
 namespace kelvado {
 
-/// What can be done with a stored film. Each routine works on the catalog at `catalogPath` over a connection of its own; `movieId` is the
-/// film's number as text. An unknown film raises 3021.
+/// What can be done with a stored film. Each routine works on the catalog at `catalogPath` over a connection of its own. An unknown film
+/// raises 3021.
 
 /// Deletes the film's row, its front picture and its links to genres, people and companies. The people stay, and so do its features,
 /// its back picture and its loans. Where one of the statements fails, nothing is deleted.
-void DeleteFilm(const QString& movieId, const QString& catalogPath);
+void DeleteFilm(FilmId movieId, const QString& catalogPath);
 
 /// Makes the film a wanted one; its carrier is forgotten.
-void MoveFilmToRequests(const QString& movieId, const QString& catalogPath);
+void MoveFilmToRequests(FilmId movieId, const QString& catalogPath);
 /// Makes the film an owned one without a carrier.
-void MoveFilmToMovies(const QString& movieId, const QString& catalogPath);
+void MoveFilmToMovies(FilmId movieId, const QString& catalogPath);
 
-void AddToMovieNight(const QString& movieId, const QString& catalogPath);
+void AddToMovieNight(FilmId movieId, const QString& catalogPath);
 /// Takes every film off the list.
 void ClearMovieNight(const QString& catalogPath);
 

@@ -265,7 +265,7 @@ std::optional<LinkFailure> StoreFilmLinks(const FilmRecord& film, const Value& m
                                           const WriterContext& context, Connection& connection)
 {
     LinkWriter writer(movieId, mode, context, connection);
-    const auto isDue = [&](const ListStep& step) { return options.*step.gate > 0 && step.hasRecords(film); };
+    const auto isDue = [&](const ListStep& step) { return IsOn(options.*step.gate) && step.hasRecords(film); };
     for (const ListStep& step : kListSteps) {
         if (!isDue(step))
             continue;
@@ -291,7 +291,7 @@ std::optional<LinkFailure> StoreFilmLinks(const FilmRecord& film, const Value& m
     return std::nullopt;
 }
 
-void ReadFilmLinks(FilmRecord& film, qint64 movieId, Connection& connection)
+void ReadFilmLinks(FilmRecord& film, FilmId movieId, Connection& connection)
 {
     const QString id = QString::number(movieId);
     Recordset rows;

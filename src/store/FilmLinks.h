@@ -29,6 +29,6 @@ std::optional<LinkFailure> StoreFilmLinks(const FilmRecord& film, const Value& m
                                           const WriterContext& context, Connection& connection);
 
 /// Fills the lists of `film` from the catalog.
-void ReadFilmLinks(FilmRecord& film, qint64 movieId, Connection& connection);
+void ReadFilmLinks(FilmRecord& film, FilmId movieId, Connection& connection);
 
 } // namespace kelvado

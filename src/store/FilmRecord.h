@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Conversions.h"
+#include "core/FilmId.h"
 
 #include <QByteArray>
 #include <QDate>

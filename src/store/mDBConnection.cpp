@@ -28,7 +28,7 @@ void PutColumns(std::span<const RecordColumn> columns, const FilmRecord& film, c
                 const WriterContext& context)
 {
     for (const RecordColumn& column : columns) {
-        if (column.gate && options.*column.gate <= 0)
+        if (column.gate && !IsOn(options.*column.gate))
             continue;
         Value value = std::visit([&film](auto member) { return Value(film.*member); }, column.member);
         PutField(value, column.column, movie, context);
@@ -41,7 +41,7 @@ enum class LinkColumn { WhereKnown, Always };
 // picture options are off, so that the links then belong to no film.
 Value StorePicture(const FilmRecord& film, const cOptIMDbFilm& options, LinkColumn linkColumn, Recordset& movie, Connection& connection)
 {
-    if (options.Image <= 0 && options.HiImage <= 0)
+    if (!IsOn(options.Image) && !IsOn(options.HiImage))
         return {};
     if (!film.ImageExtention.isEmpty()) {
         Recordset images;
@@ -81,11 +81,11 @@ std::optional<IncompleteFilm> StoreLinksAndClose(const FilmRecord& film, const V
 
 } // namespace
 
-qint64 AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const WriterContext& context)
+FilmId AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const WriterContext& context)
 {
     Connection connection = OpenCatalog(context.catalogPath);
     Value linkId;
-    qint64 movieId = 0;
+    FilmId movieId = 0;
     connection.AllOrNothing([&] {
         Recordset movie;
         movie.Open(u"SELECT * FROM Movie"_s, connection);
@@ -104,13 +104,13 @@ qint64 AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const Writer
     return movieId;
 }
 
-void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFilm& options, const WriterContext& context, Shell& shell)
+void UpdateFilm(const FilmRecord& film, FilmId movieId, const cOptIMDbFilm& options, const WriterContext& context, Shell& shell)
 {
     Connection connection = OpenCatalog(context.catalogPath);
     Value linkId;
-    qint64 storedId = 0;
+    FilmId storedId = 0;
     Recordset movie;
-    movie.Open(kFilmById + movieId, connection);
+    movie.Open(kFilmById + QString::number(movieId), connection);
     movie[u"Title"].Set(film.Title);
     PutColumns(kUpdateColumns, film, options, movie, context);
     PutColumns(kOriginColumns, film, options, movie, context);
@@ -128,7 +128,7 @@ void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFi
         throw *failure;
 }
 
-void SaveFilmEdit(const FilmRecord& film, qint64 movieId, const WriterContext& context)
+void SaveFilmEdit(const FilmRecord& film, FilmId movieId, const WriterContext& context)
 {
     Connection connection = OpenCatalog(context.catalogPath);
     Recordset movie;
@@ -143,7 +143,7 @@ void SaveFilmEdit(const FilmRecord& film, qint64 movieId, const WriterContext& c
     connection.Close();
 }
 
-FilmRecord ReadFilm(qint64 movieId, const QString& catalogPath)
+FilmRecord ReadFilm(FilmId movieId, const QString& catalogPath)
 {
     Connection connection = OpenCatalog(catalogPath);
     Recordset movie;

@@ -67,7 +67,7 @@ QStringList StatusTexts::Shown(const cOptStatus& options) const
 {
     QStringList shown;
     for (std::size_t cell = 0; cell < m_texts.size(); ++cell) {
-        if (options.*kOptions[cell] == 1)
+        if (IsOn(options.*kOptions[cell]))
             shown << m_texts[cell];
     }
     return shown;

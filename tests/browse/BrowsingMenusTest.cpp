@@ -158,7 +158,7 @@ protected:
         tree.FillTree();
         shell.calls.clear();
     }
-    QModelIndex Film(const char* id) const { return model.Find(tree.FilmNodeKeys(QString::fromLatin1(id)).value(0)); }
+    QModelIndex Film(FilmId id) const { return model.Find(tree.FilmNodeKeys(id).value(0)); }
 
     ScriptedDialogs dialogs;
     FilmCommands films{state, dialogs, shell, model};
@@ -166,14 +166,14 @@ protected:
 
 TEST_F(FilmCommandsTest, DeleteAsksTakesTheNodeAndLeavesWhatIsShared)
 {
-    films.Delete(Film("1"));
+    films.Delete(Film(1));
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie"), u"3");
     const ScriptedDialogs::Box question{u"Are you sure you want to delete Alien"_s, 4, u"Confirm Delete"_s};
     EXPECT_EQ(dialogs.boxes.last(), question);
     dialogs.answers << kAnswerYes;
-    tree.ExpandFilmNode(Film("1"));
+    tree.ExpandFilmNode(Film(1));
     const int nodes = model.NodeCount();
-    films.Delete(Film("1"));
+    films.Delete(Film(1));
     EXPECT_EQ(model.NodeCount(), nodes - 2);
     EXPECT_EQ(model.NodeAt(model.GroupCount() + 1).data().toString(), u"Alphaville");
     EXPECT_EQ(catalog.Ask("SELECT group_concat(Title) FROM (SELECT Title FROM Movie ORDER BY Movie_ID)"), u"Brazil,Alphaville");
@@ -191,15 +191,15 @@ TEST_F(FilmCommandsTest, AFilmThatCannotBeDeletedComesBack)
 {
     catalog.Run("CREATE TRIGGER full BEFORE DELETE ON Movie BEGIN SELECT RAISE(FAIL, 'disk full'); END");
     dialogs.answers << kAnswerYes;
-    EXPECT_THROW(films.Delete(Film("1")), RuntimeError);
+    EXPECT_THROW(films.Delete(Film(1)), RuntimeError);
     EXPECT_EQ(shell.calls, QStringList(u"RefreshCatalogTree"_s));
 }
 
 TEST_F(FilmCommandsTest, MovesAndTheMovieNightListWriteOneColumn)
 {
-    films.MoveToRequests(Film("1"));
-    films.MoveToMovies(Film("3"));
-    films.AddToMovieNight(Film("2"));
+    films.MoveToRequests(Film(1));
+    films.MoveToMovies(Film(3));
+    films.AddToMovieNight(Film(2));
     EXPECT_EQ(catalog.Ask("SELECT group_concat(coalesce(Format, '-')) FROM (SELECT Format FROM Movie ORDER BY Movie_ID)"),
               u"Request,VHS,-");
     EXPECT_EQ(catalog.Ask("SELECT Loan_ID FROM Movie WHERE Movie_ID = 1"), u"3");
@@ -217,14 +217,14 @@ TEST_F(FilmCommandsTest, MovesAndTheMovieNightListWriteOneColumn)
     EXPECT_EQ(catalog.Ask("SELECT Format FROM Movie WHERE Movie_ID = 65"), u"DVD");
     // The tree of one catalog says nothing of the films of another.
     state.treeCatalog = u"/other.kvd"_s;
-    films.MoveToMovies(Film("2"));
+    films.MoveToMovies(Film(2));
     EXPECT_EQ(catalog.Ask("SELECT Format FROM Movie WHERE Movie_ID = 2"), u"VHS");
     EXPECT_EQ(shell.calls.last(), u"RefreshCatalogTree");
 }
 
 TEST_F(FilmCommandsTest, FindWalksGroupsFilmsAndFetchedCastsAndTellsTheEnd)
 {
-    tree.ExpandFilmNode(Film("2"));
+    tree.ExpandFilmNode(Film(2));
     Find find(model, dialogs);
     QStringList found;
     const auto next = [&](const char16_t* text) {
@@ -247,7 +247,7 @@ TEST_F(FilmCommandsTest, FindWalksGroupsFilmsAndFetchedCastsAndTellsTheEnd)
     EXPECT_EQ(dialogs.boxes.size(), 1);
     next(u"brazil");
     EXPECT_EQ(dialogs.boxes.size(), 2);
-    model.RemoveFilm(Film("1"));
+    model.RemoveFilm(Film(1));
     found.clear();
     next(u"al");
     next(u"br");

@@ -3,8 +3,8 @@
 #include "browse/Tree.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
-#include "core/RuntimeError.h"
 #include "store/Recordset.h"
+#include "support/ErrorOf.h"
 #include "support/IdleEvents.h"
 #include "support/MapMarks.h"
 #include "support/RecordingShell.h"
@@ -30,16 +30,6 @@ protected:
     {
         state.gOptions->View.PrimarySort = QString::fromLatin1(primary);
         state.gOptions->View.SecondarySort = QString::fromLatin1(secondary);
-    }
-
-    int ErrorOfFill()
-    {
-        try {
-            tree.FillTree();
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        return 0;
     }
 
     /// Every group as "key text #picture", its films behind it as "  key text #picture"; "|" for a key's line feed.

@@ -73,7 +73,7 @@ TEST_F(TreeTest, SortedByGenreAFilmStandsOnceUnderEach)
     const QStringList shown = {u"\"Farce\" Farce #0"_s, u"  \"2|Farce\" 8 1/2 #4"_s, u"  \"1|Farce\" alien #3"_s,
                                u"\"Tragedy\" Tragedy #0"_s, u"  \"1|Tragedy\" alien #3"_s};
     EXPECT_EQ(Shown(), shown);
-    EXPECT_EQ(tree.FilmNodeKeys(u"1"_s), (QStringList{FilmKey(1, u"Tragedy"), FilmKey(1, u"Farce")}));
+    EXPECT_EQ(tree.FilmNodeKeys(1), (QStringList{FilmKey(1, u"Tragedy"), FilmKey(1, u"Farce")}));
     catalog.Run("INSERT INTO GenreLink (Movie_ID, Genre_ID) VALUES (2, 902)");
     tree.FillTree();
     EXPECT_EQ(Shown(), shown);
@@ -84,19 +84,19 @@ TEST_F(TreeTest, FilmNodeKeysHaveTheTreesOwnForm)
     const struct
     {
         const char* sort;
-        const char* film;
+        FilmId film;
         const char16_t* value;
-    } cases[] = {{"Movie.Title", "1", u"65"},       {"Movie.Title", "5", u"1"},         {"Movie.IsRequest", "4", u"True"},
-                 {"Movie.IsRequest", "2", u"True"}, {"Movie.IsRequest", "1", u"False"}, {"Movie.Year", "3", u""}};
+    } cases[] = {{"Movie.Title", 1, u"65"},       {"Movie.Title", 5, u"1"},         {"Movie.IsRequest", 4, u"True"},
+                 {"Movie.IsRequest", 2, u"True"}, {"Movie.IsRequest", 1, u"False"}, {"Movie.Year", 3, u""}};
     for (const auto& [sort, film, value] : cases) {
         Sort(sort);
         tree.FillTree();
-        const QStringList keys = tree.FilmNodeKeys(QString::fromLatin1(film));
+        const QStringList keys = tree.FilmNodeKeys(film);
         ASSERT_EQ(keys.size(), 1);
-        EXPECT_EQ(keys[0], FilmKey(QByteArray(film).toInt(), value)) << sort;
+        EXPECT_EQ(keys[0], FilmKey(film, value)) << sort;
         EXPECT_TRUE(model.Find(keys[0]).isValid()) << sort;
     }
-    EXPECT_TRUE(tree.FilmNodeKeys(u"99"_s).isEmpty());
+    EXPECT_TRUE(tree.FilmNodeKeys(99).isEmpty());
 }
 
 TEST_F(TreeTest, ExpandingFetchesTheCastInBillingOrderAndAnewEachTime)
@@ -104,7 +104,7 @@ TEST_F(TreeTest, ExpandingFetchesTheCastInBillingOrderAndAnewEachTime)
     for (const char* sort : {"Movie.Title", "Genre.Genre"}) {
         Sort(sort);
         tree.FillTree();
-        const QModelIndex film = model.Find(tree.FilmNodeKeys(u"1"_s).constFirst());
+        const QModelIndex film = model.Find(tree.FilmNodeKeys(1).constFirst());
         ASSERT_EQ(model.rowCount(film), 1);
         EXPECT_EQ(model.index(0, 0, film).data().toString(), u"");
         EXPECT_EQ(model.Tag(model.index(0, 0, film)), kTagGroup);
@@ -134,19 +134,14 @@ TEST_F(TreeTest, ASecondRoleGivesOneNodeAndALoanUnderThePlacesRaisesOnceTheCastS
     Sort("Movie.IsRequest");
     catalog.Run("INSERT INTO ActorLink (Movie_ID, Actor_ID) VALUES (1, 21)");
     tree.FillTree();
-    const auto errorOf = [&](const char* film) {
-        try {
-            tree.ExpandFilmNode(model.Find(tree.FilmNodeKeys(QString::fromLatin1(film)).constFirst()));
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        return 0;
+    const auto errorOf = [&](FilmId film) {
+        return ErrorOf([&] { tree.ExpandFilmNode(model.Find(tree.FilmNodeKeys(film).constFirst())); });
     };
-    EXPECT_EQ(errorOf("1"), 0);
+    EXPECT_EQ(errorOf(1), 0);
     EXPECT_EQ(model.rowCount(model.Find(FilmKey(1, u"False"))), 3);
-    EXPECT_EQ(errorOf("2"), kErrElementNotFound);
+    EXPECT_EQ(errorOf(2), kErrElementNotFound);
     EXPECT_EQ(model.rowCount(model.Find(FilmKey(2, u"True"))), 1);
-    EXPECT_EQ(errorOf("3"), 0);
+    EXPECT_EQ(errorOf(3), 0);
     EXPECT_EQ(model.rowCount(model.Find(FilmKey(3, u"False"))), 0);
     EXPECT_FALSE(tree.Expanding());
 }
@@ -195,7 +190,7 @@ TEST_F(TreeTest, AGenresQuotesStopNeitherItsCastsNorAFilter)
 TEST_F(TreeTest, AFailureHalfWayLeavesWhatWasReadAndAFileThatIsNoCatalogFails)
 {
     Sort("Movie.Title", "Movie.IMDbLink");
-    EXPECT_NE(ErrorOfFill(), 0);
+    EXPECT_NE(ErrorOf([&] { tree.FillTree(); }), 0);
     EXPECT_EQ(model.GroupCount(), 4);
     home.Write(u"text.kvd"_s, "this is no catalog, whatever its name says");
     state.comDiagFile.fileName = home.Path(u"text.kvd"_s);

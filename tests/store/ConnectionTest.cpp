@@ -173,20 +173,6 @@ TEST(Connection, ClosesItsRecordsetsAndKnowsItsPath)
     EXPECT_EQ(again.Text(0), u"changed"_s);
 }
 
-TEST(Connection, TakingTheNextOneClosesWhatItHeld)
-{
-    const TempCatalog catalog;
-    Connection connection = OpenCatalog(catalog.Path());
-    Recordset genres; // outlives the connection that it was opened on
-    genres.Open(u"SELECT * FROM Genre"_s, connection);
-    genres[u"Genre"].Set(u"changed"_s);
-    genres.Update();
-    connection = Connection();
-    EXPECT_FALSE(connection.IsOpen());
-    EXPECT_FALSE(genres.IsOpen());
-    EXPECT_EQ(catalog.Ask("SELECT Genre FROM Genre WHERE Genre_ID = 1"), u"changed"_s);
-}
-
 TEST(Connection, OneTextIsOneStatement)
 {
     const TempCatalog catalog;

@@ -2,6 +2,7 @@
 
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
+#include "support/ErrorOf.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
 
@@ -142,21 +143,13 @@ TEST_F(FileAccess, ABadPictureLeavesNoFileAndNoRow)
 {
     catalog.Run("INSERT INTO Images (Image, Extention) VALUES (x'00', '/../../evil'), (NULL, NULL)");
     Connection connection = OpenCatalog(catalog.Path());
-    const auto errorOf = [](auto action) {
-        try {
-            action();
-            return 0;
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-    };
     QString base = catalog.Folder() + u"/x"_s;
-    EXPECT_EQ(errorOf([&] { ExportImageFile(base, u"99"_s, connection); }), kErrNoCurrentRecord);
-    EXPECT_EQ(errorOf([&] { ExportImageFile(base, u"1"_s, connection); }), kErrFileAccess);
+    EXPECT_EQ(ErrorOf([&] { ExportImageFile(base, u"99"_s, connection); }), kErrNoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { ExportImageFile(base, u"1"_s, connection); }), kErrFileAccess);
     EXPECT_EQ(ExportImageFile(base, u"2"_s, connection), catalog.Folder() + u"/x."_s);
     EXPECT_EQ(Bytes(base), QByteArray());
-    EXPECT_EQ(errorOf([&] { StoreImageFile(catalog.Folder() + u"/none.jpg"_s, connection); }), kErrFileNotFound);
-    EXPECT_EQ(errorOf([&] { StoreImageFile(catalog.Folder(), connection); }), kErrFileNotFound);
+    EXPECT_EQ(ErrorOf([&] { StoreImageFile(catalog.Folder() + u"/none.jpg"_s, connection); }), kErrFileNotFound);
+    EXPECT_EQ(ErrorOf([&] { StoreImageFile(catalog.Folder(), connection); }), kErrFileNotFound);
     connection.Close();
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Images"), u"2"_s);
 }

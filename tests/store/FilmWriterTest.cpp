@@ -147,7 +147,7 @@ TEST_F(FilmWriter, ADeletedFilmIsGoneWithItsListsOrNotAtAll)
                              "(SELECT count(*) FROM ActorLink) || (SELECT count(*) FROM WriterLink) || (SELECT count(*) FROM CompanyLink)";
     catalog.Run("CREATE TRIGGER t BEFORE DELETE ON CompanyLink BEGIN SELECT raise(ABORT, 'no'); END");
     try {
-        DeleteFilm(u"1"_s, catalog.Path());
+        DeleteFilm(1, catalog.Path());
         FAIL();
     } catch (const RuntimeError& error) {
         EXPECT_TRUE(error.Description().endsWith(u"The film is still in the catalog, with all that belongs to it."_s));
@@ -155,7 +155,7 @@ TEST_F(FilmWriter, ADeletedFilmIsGoneWithItsListsOrNotAtAll)
     EXPECT_EQ(catalog.Ask(rows), u"112211"_s);
     // An empty text where another tool left it is no picture.
     catalog.Run("DROP TRIGGER t; UPDATE Movie SET Image_ID = ''");
-    DeleteFilm(u"1"_s, catalog.Path());
+    DeleteFilm(1, catalog.Path());
     EXPECT_EQ(catalog.Ask(rows), u"010000"_s);
 }
 
@@ -167,7 +167,7 @@ TEST_F(FilmWriter, LinksOfNewPeopleFollowTheirOddRules)
     EXPECT_EQ(catalog.Ask("SELECT group_concat(coalesce(Producer, '-') || '=' || IMDB_LINK) FROM Producer"), u"Arnon=Arnon,-=No Link"_s);
     film.Directors = {Person(u"Second"_s)};
     film.Producers = {Person(u"Third"_s)};
-    UpdateFilm(film, u"1"_s, all, context, shell);
+    UpdateFilm(film, 1, all, context, shell);
     EXPECT_EQ(catalog.Ask("SELECT quote(IMDB_LINK) FROM Director WHERE Director = 'Second'"), u"''"_s);
     EXPECT_EQ(catalog.Ask("SELECT IMDB_LINK FROM Producer WHERE Producer = 'Third'"), u"Third"_s);
 }
@@ -186,7 +186,7 @@ TEST_F(FilmWriter, OptionsGateColumnsAndLists)
 
     // An update looks at the certificate's option for the rating.
     none.Rating = 1;
-    UpdateFilm(WholeFilm(), u"1"_s, none, context, shell);
+    UpdateFilm(WholeFilm(), 1, none, context, shell);
     EXPECT_EQ(catalog.Ask("SELECT Rating || Rated FROM Movie"), u"9.0R"_s);
 }
 
@@ -196,7 +196,7 @@ TEST_F(FilmWriter, WithoutPictureOptionsTheLinksBelongToNoFilm)
     AddFilm(WholeFilm(), parts, context);
     parts.Image = parts.HiImage = 0;
     EXPECT_EQ(AddFilm(WholeFilm(), parts, context), 2);
-    UpdateFilm(WholeFilm(), u"1"_s, parts, context, shell);
+    UpdateFilm(WholeFilm(), 1, parts, context, shell);
     EXPECT_EQ(catalog.Ask("SELECT group_concat(coalesce(Movie_ID, 'null')) FROM (SELECT Movie_ID FROM GenreLink ORDER BY _rowid_)"),
               u"1,1,null,null,null,null"_s);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Images"), u"1"_s);
@@ -216,7 +216,7 @@ TEST_F(FilmWriter, AnUpdateKeepsWhatTheNewRecordDoesNotKnow)
     fresh.Writers = {Person(u"xx"_s)}; // nobody who could take the old one's place
     fresh.ImageData = "new";
     fresh.ImageExtention = u"GIF"_s;
-    UpdateFilm(fresh, u"1"_s, all, context, shell);
+    UpdateFilm(fresh, 1, all, context, shell);
 
     EXPECT_EQ(catalog.Ask("SELECT Votes || Year || Runtime || Filesize FROM Movie"), u"20001985142 min700 MB"_s);
     // What is the user's own, no page knows.
@@ -227,7 +227,7 @@ TEST_F(FilmWriter, AnUpdateKeepsWhatTheNewRecordDoesNotKnow)
     EXPECT_EQ(catalog.Ask("SELECT Image_ID FROM Movie"), u"2"_s);
     EXPECT_EQ(catalog.Ask("SELECT group_concat(Extention || ifnull(Image_Link, '')) FROM Images"), u"JPGhttp://large,GIF"_s);
     EXPECT_EQ(shell.calls, (QStringList{u"Retitle Brazil été"_s, u"Rekey 1"_s}));
-    EXPECT_THROW(UpdateFilm(fresh, u"9"_s, all, context, shell), RuntimeError);
+    EXPECT_THROW(UpdateFilm(fresh, 9, all, context, shell), RuntimeError);
 }
 
 TEST_F(FilmWriter, AnEditNeverEmptiesAColumn)
@@ -278,7 +278,7 @@ TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM GenreLink WHERE Movie_ID = 1"), u"1"_s);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM WriterLink"), u"0"_s);
 
-    EXPECT_THROW(UpdateFilm(film, u"1"_s, all, context, shell), RuntimeError);
+    EXPECT_THROW(UpdateFilm(film, 1, all, context, shell), RuntimeError);
     EXPECT_EQ(shell.calls.size(), 2); // the row was stored, so the tree shows it
 
     // Where the film's own row fails, nothing is stored.
@@ -288,6 +288,8 @@ TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
     catalog.Run("CREATE TRIGGER u BEFORE INSERT ON Movie BEGIN SELECT raise(ABORT, 'x'); END");
     film.Resolution.clear();
     EXPECT_THROW(AddFilm(film, all, context), RuntimeError);
+    catalog.Run("CREATE TRIGGER v BEFORE UPDATE ON Movie BEGIN SELECT raise(ABORT, 'x'); END");
+    EXPECT_THROW(UpdateFilm(film, 1, all, context, shell), RuntimeError);
     EXPECT_EQ(catalog.Ask("SELECT (SELECT count(*) FROM Movie) || (SELECT count(*) FROM Images)"), u"12"_s);
 }
 
@@ -300,7 +302,7 @@ TEST_F(FilmWriter, AListThatCannotBeUpdatedStaysAsItWas)
     film.Genres = {{u"Western"_s, 0}};
     catalog.Run("CREATE TRIGGER t BEFORE INSERT ON ActorLink BEGIN SELECT raise(ABORT, 'no actors today'); END");
     try {
-        UpdateFilm(film, u"1"_s, all, context, shell);
+        UpdateFilm(film, 1, all, context, shell);
         FAIL();
     } catch (const RuntimeError& error) {
         EXPECT_TRUE(error.Description().startsWith(u"no actors today ("_s)) << qPrintable(error.Description());

@@ -43,7 +43,13 @@ TEST_F(RecordsetTest, WalksAndCounts)
     EXPECT_EQ(ErrorOf([&] { rows.Text(1); }), kErrNoCurrentRecord);
     rows.MoveFirst();
     EXPECT_EQ(rows.Text(1), u"d"_s);
-    EXPECT_EQ(ErrorOf([&] { (void)rows[u"Title"]; }), kErrItemNotFound);
+    try {
+        (void)rows.ColumnIndex(u"Title");
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), kErrItemNotFound);
+        EXPECT_TRUE(error.Description().endsWith(u": Title")) << qPrintable(error.Description());
+    }
     EXPECT_EQ(ErrorOf([&] { (void)rows[3]; }), kErrItemNotFound);
     rows.Close();
     EXPECT_EQ(ErrorOf([&] { (void)rows.Eof(); }), kErrObjectNotSet);

@@ -10,7 +10,6 @@
 #include "ui_fLoan.h"
 
 #include <QHeaderView>
-#include <QScopeGuard>
 #include <QShortcut>
 #include <QTimer>
 
@@ -135,15 +134,12 @@ void fLoan::Loans_Refresh()
     const QModelIndexList rows = selection.selectedRows();
     const qint64 selected = rows.isEmpty() || ShowsOtherCatalog() ? 0 : rows[0].data(LoanModel::TagRole).toLongLong();
     const int place = selection.currentIndex().row();
-    // Also where the reading ends in an error: the list then shows all the other loans.
-    const auto restore = qScopeGuard([&] {
-        const int row = selected == 0 ? -1 : m_model.RowOf(selected);
-        if (row >= 0)
-            m_ui->lvLoans->setCurrentIndex(m_model.index(row, 0));
-        else // the arrow keys go on from the same place, but no other loan is taken for the one that is gone
-            selection.setCurrentIndex(m_model.index(std::min(place, m_model.rowCount() - 1), 0), QItemSelectionModel::NoUpdate);
-    });
     m_model.Refresh(m_context.state.CatalogPath());
+    const int row = selected == 0 ? -1 : m_model.RowOf(selected);
+    if (row >= 0)
+        m_ui->lvLoans->setCurrentIndex(m_model.index(row, 0));
+    else // the arrow keys go on from the same place, but no other loan is taken for the one that is gone
+        selection.setCurrentIndex(m_model.index(std::min(place, m_model.rowCount() - 1), 0), QItemSelectionModel::NoUpdate);
 }
 
 bool fLoan::ShowsOtherCatalog() const
@@ -208,7 +204,7 @@ void fLoan::Delete()
     Loans_Refresh();
 }
 
-void LoanFilm(qint64 movieId, const LoanContext& context, const Skinner& skinner, QWidget* parent)
+void LoanFilm(FilmId movieId, const LoanContext& context, const Skinner& skinner, QWidget* parent)
 {
     fLoanAdd dialog(LoanMode::Loan, context, parent);
     skinner.SkinForm(dialog);

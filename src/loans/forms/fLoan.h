@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FilmId.h"
 #include "loans/LoanContext.h"
 #include "loans/LoanModel.h"
 
@@ -60,6 +61,6 @@ private:
 };
 
 /// Lets the user lend the film `movieId`, above `parent`. Raises 3021 where there is no such film.
-void LoanFilm(qint64 movieId, const LoanContext& context, const Skinner& skinner, QWidget* parent);
+void LoanFilm(FilmId movieId, const LoanContext& context, const Skinner& skinner, QWidget* parent);
 
 } // namespace kelvado

@@ -76,7 +76,7 @@ void fLoanAdd::Load_NewLoan()
     Fill(kelvado::Load_NewLoan(m_context.state.CatalogPath(), m_context.clock));
 }
 
-void fLoanAdd::Load_DirectLoan(qint64 movieId)
+void fLoanAdd::Load_DirectLoan(FilmId movieId)
 {
     Fill(kelvado::Load_DirectLoan(movieId, m_context.state.CatalogPath(), m_context.clock));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FilmId.h"
 #include "loans/FilmChoices.h"
 #include "loans/LoanContext.h"
 #include "loans/LoanEntry.h"
@@ -24,7 +25,7 @@ public:
     ~fLoanAdd() override;
 
     void Load_NewLoan();
-    void Load_DirectLoan(qint64 movieId);
+    void Load_DirectLoan(FilmId movieId);
     void Edit_Loan(qint64 loanId);
 
 private:
