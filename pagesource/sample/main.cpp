@@ -1,5 +1,5 @@
-// pagesource-sample FILMS-FOLDER PEOPLE.json OUT.db PICTURES-FOLDER: makes the delivered data file of the page source from the sample
-// films, and paints its pictures.
+// pagesource-sample FILMS-FOLDER PEOPLE.json OUT.db PICTURES-FOLDER ART-FOLDER: makes the delivered data file of the page source from
+// the sample films, and paints its pictures.
 
 #include "Covers.h"
 #include "FilmWriter.h"
@@ -12,7 +12,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLinearGradient>
 #include <QPainter>
 
 #include <algorithm>
@@ -129,16 +128,16 @@ void Save(const QImage& picture, const QString& path, int quality)
         throw Failure("Cannot write " + path.toStdString());
 }
 
-void PaintPoster(const Film& film, const QJsonValue& json, quint32 seed, const QDir& pictures)
+void PaintPoster(const kelvado::Covers& covers, const Film& film, const QJsonValue& json, quint32 seed, const QDir& pictures)
 {
-    kelvado::CoverText text{QString::fromStdString(film.title), film.year, {}, {}};
+    kelvado::CoverText text{QString::fromStdString(film.title), film.year, {}, {}, {}};
     for (const std::string& genre : film.genres)
         text.genres << QString::fromStdString(genre);
     QStringList directors;
     for (const QJsonValue director : json[u"directors"].toArray())
         directors << (director.isString() ? director.toString() : director[u"name"].toString());
     text.director = directors.join(QStringLiteral(", "));
-    const QImage cover = kelvado::PaintCover(text, seed);
+    const QImage cover = covers.Front(text, seed);
     const QString name = QString::fromStdString(Padded(film.number, 7));
     Save(cover, pictures.filePath(name + QStringLiteral("-large.jpg")), kLargeQuality);
     Save(cover.scaled(kPosterSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), pictures.filePath(name + QStringLiteral(".jpg")),
@@ -146,19 +145,13 @@ void PaintPoster(const Film& film, const QJsonValue& json, quint32 seed, const Q
 }
 
 // Head and shoulders of nobody, for everybody.
-void PaintPerson(const QDir& pictures)
+void PaintPerson(const QString& art, const QDir& pictures)
 {
-    QImage picture(200, 280, QImage::Format_RGB32);
+    const kelvado::Drawing drawing({art}, QStringLiteral("person.svg"), {});
+    QImage picture(drawing.Size().toSize(), QImage::Format_RGB32);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    QLinearGradient ground(0, 0, 0, picture.height());
-    ground.setColorAt(0, QColor(0xE3, 0xE6, 0xEA));
-    ground.setColorAt(1, QColor(0xC3, 0xC9, 0xD1));
-    painter.fillRect(picture.rect(), ground);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x8B, 0x95, 0xA3));
-    painter.drawEllipse(QRectF(62, 62, 76, 92));
-    painter.drawRoundedRect(QRectF(24, 172, 152, 150), 70, 62);
+    drawing.Draw(painter, picture.rect());
     painter.end();
     Save(picture, pictures.filePath(QStringLiteral("person.jpg")), kLargeQuality);
 }
@@ -188,6 +181,7 @@ void AddPersons(FilmWriter& writer, const OwnNumbers& people, const QString& fac
 void MakeSample(const QStringList& arguments)
 {
     const QDir films(arguments[0]);
+    const kelvado::Covers covers(arguments[4] + QStringLiteral("/covers"));
     const QDir pictures(arguments[3]);
     if (!pictures.mkpath(QStringLiteral(".")))
         throw Failure("Cannot make " + arguments[3].toStdString());
@@ -213,9 +207,9 @@ void MakeSample(const QStringList& arguments)
         AddPeople(writer, people, film.number, Section::Cast, json[u"cast"]);
         AddPeople(writer, people, film.number, Section::Producer, json[u"producers"]);
         AddCompanies(writer, companies, film.number, json[u"companies"]);
-        PaintPoster(film, json, ++count, pictures);
+        PaintPoster(covers, film, json, ++count, pictures);
     }
-    PaintPerson(pictures);
+    PaintPerson(arguments[4], pictures);
     AddPersons(writer, people, arguments[1]);
     for (const auto& [name, number] : companies.All())
         writer.AddCompany(number, name);
@@ -230,8 +224,8 @@ int main(int argc, char** argv)
     QGuiApplication application(argc, argv);
     try {
         const QStringList arguments = QGuiApplication::arguments().mid(1);
-        if (arguments.size() != 4)
-            throw Failure("usage: pagesource-sample FILMS-FOLDER PEOPLE.json OUT.db PICTURES-FOLDER");
+        if (arguments.size() != 5)
+            throw Failure("usage: pagesource-sample FILMS-FOLDER PEOPLE.json OUT.db PICTURES-FOLDER ART-FOLDER");
         MakeSample(arguments);
         return 0;
     } catch (const std::exception& error) {

@@ -1,6 +1,8 @@
 #include "app/CatalogPane.h"
 
+#include "core/Afterwards.h"
 #include "core/Guard.h"
+#include "ui/Accessibility.h"
 
 #include <QItemSelectionModel>
 #include <QTimer>
@@ -15,6 +17,8 @@ CatalogPane::CatalogPane(const Context& context)
     m_context.view.setModel(&m_model);
     connect(&m_context.view, &QTreeView::expanded, this,
             [this](const QModelIndex& node) { Guarded(m_context.dialogs, [&] { OnExpand(node); }); });
+    for (const auto signal : {&QTreeView::expanded, &QTreeView::collapsed})
+        connect(&m_context.view, signal, this, [this](const QModelIndex& node) { TellExpanded(m_context.view, node); });
 }
 
 CatalogPane::~CatalogPane()
@@ -30,53 +34,62 @@ void CatalogPane::Fill()
     }
     if (m_context.state.CatalogPath().isEmpty())
         return; // a sort is chosen for the catalog that will be opened
-    const struct Filling
-    {
-        CatalogPane& pane;
-        bool hadFocus = false;
-        explicit Filling(CatalogPane& p) : pane(p)
-        {
-            pane.m_filling = true;
-            // Asked of the window, which has a dialog in front of it still or is not shown to be active yet. A window's first control is
-            // nobody's choice.
-            const QWidget* focus = pane.m_context.view.window()->focusWidget();
-            hadFocus = focus == &pane.m_context.view || !std::exchange(pane.m_filledOnce, true);
-            pane.m_context.view.hide();
-            pane.m_context.shell.ShowWorking(true);
-        }
-        ~Filling()
-        {
-            pane.m_filling = false;
-            pane.m_context.view.show();
-            pane.m_context.view.scrollToTop();
-            // A view that takes the focus makes a node of its own the current one; no user has chosen that.
-            pane.m_context.view.SetSilent(true);
-            if (hadFocus)
-                pane.m_context.view.setFocus();
-            pane.m_context.view.selectionModel()->clearCurrentIndex();
-            pane.m_context.view.SetSilent(false);
-            pane.m_context.shell.ShowWorking(false);
-            Q_EMIT pane.Filled();
-            pane.DoWhatWaited();
-        }
-    } filling(*this);
+    const Kept kept = Remember();
+    m_filling = true;
+    m_context.view.hide();
+    m_context.shell.ShowWorking(true);
+    Afterwards([this] { ReadTree(); }, [&] { ShowTree(kept); });
+}
+
+CatalogPane::Kept CatalogPane::Remember()
+{
+    const CatalogTreeView& view = m_context.view;
+    Kept kept;
+    // Asked of the window, which has a dialog in front of it still or is not shown to be active yet. The window gives its first control
+    // the focus, which is not a choice of the user: the tree takes it when it is filled for the first time.
+    kept.focus = view.window()->focusWidget() == &view || !std::exchange(m_filledOnce, true);
+    // In another catalog the same keys name other films.
+    if (m_context.state.treeCatalog != m_context.state.CatalogPath())
+        return kept;
+    kept.selected = view.Selected().isValid() ? m_model.Key(view.Selected()) : QString();
+    for (int group = 0; group < m_model.GroupCount(); ++group) {
+        if (view.isExpanded(m_model.index(group, 0)))
+            kept.openGroups << m_model.Key(m_model.index(group, 0));
+    }
+    return kept;
+}
+
+void CatalogPane::ReadTree()
+{
     m_context.events.ServeWithoutInput();
     m_model.Clear();
     m_context.events.ServeWithoutInput();
     const bool skinTree = m_context.state.gOptions->Display.SkinTree == 1;
     const SkinValues& skin = m_context.skinner.Values();
     m_model.SetColors(skinTree ? Visible(skin.treeItemText, skin.treeItemBack) : QColor(), skinTree ? skin.treeItemBack : QColor());
-    const auto showGroups = [&] {
-        for (int group = 0; m_tree.GroupsExpanded() && group < m_model.GroupCount(); ++group)
-            m_context.view.expand(m_model.index(group, 0));
-    };
-    try {
-        m_tree.FillTree();
-    } catch (const RuntimeError&) {
-        showGroups();
-        throw;
-    }
-    showGroups();
+    m_tree.FillTree();
+}
+
+void CatalogPane::ShowTree(const Kept& kept)
+{
+    CatalogTreeView& view = m_context.view;
+    m_filling = false;
+    for (int group = 0; m_tree.GroupsExpanded() && group < m_model.GroupCount(); ++group)
+        view.expand(m_model.index(group, 0));
+    for (const QString& group : kept.openGroups)
+        view.expand(m_model.Find(group));
+    view.show();
+    view.scrollToTop();
+    // A view that takes the focus makes a node of its own the current one; no user has chosen that.
+    view.SetSilent(true);
+    if (kept.focus)
+        view.setFocus();
+    view.selectionModel()->clearCurrentIndex();
+    view.SetSilent(false);
+    Select(kept.selected);
+    m_context.shell.ShowWorking(false);
+    Q_EMIT Filled();
+    DoWhatWaited();
 }
 
 void CatalogPane::OnExpand(const QModelIndex& node)
@@ -84,23 +97,17 @@ void CatalogPane::OnExpand(const QModelIndex& node)
     if (IsBusy() || m_model.Tag(node) != kTagFilm)
         return;
     const QPersistentModelIndex film = node;
-    const struct Expanding
-    {
-        CatalogPane& pane;
-        const QPersistentModelIndex& film;
-        ~Expanding()
-        {
-            // The view folds a node whose children go.
-            CatalogTreeView& view = pane.m_context.view;
-            if (film.isValid())
-                view.expand(film);
-            view.setUpdatesEnabled(true);
-            view.setFocus();
-            pane.DoWhatWaited();
-        }
-    } expanding{*this, film};
-    m_context.view.setUpdatesEnabled(false);
-    m_tree.ExpandFilmNode(film);
+    CatalogTreeView& view = m_context.view;
+    view.setUpdatesEnabled(false);
+    Afterwards([&] { m_tree.ExpandFilmNode(film); },
+               [&] {
+                   // The view folds a node whose children go.
+                   if (film.isValid())
+                       view.expand(film);
+                   view.setUpdatesEnabled(true);
+                   view.setFocus();
+                   DoWhatWaited();
+               });
 }
 
 void CatalogPane::DoWhatWaited()
@@ -122,10 +129,7 @@ std::optional<NodeRef> CatalogPane::Selected() const
 
 void CatalogPane::Select(const QString& key)
 {
-    const QModelIndex node = m_model.Find(key);
-    if (!node.isValid())
-        throw RuntimeError(kErrElementNotFound);
-    m_context.view.SelectSilently(node);
+    m_context.view.SelectSilently(key.isEmpty() ? QModelIndex() : m_model.Find(key));
 }
 
 void CatalogPane::Retitle(const QString& title)

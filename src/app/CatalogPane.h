@@ -49,17 +49,27 @@ public:
     void AfterJob(std::function<void()> what) { m_afterJob = std::move(what); }
 
     std::optional<NodeRef> Selected() const;
-    /// Selects a node without a click. Raises 35601 where there is none of this key.
+    /// Selects the node of this key without a click; none where the tree does not have it.
     void Select(const QString& key);
     /// Gives the selected film another text, and the key that the catalog now gives it.
     void Retitle(const QString& title);
     void Rekey(qint64 movieId);
 
 Q_SIGNALS:
-    /// The tree was filled; nothing is selected.
+    /// The tree was filled; what was selected and open before is so again where the tree still has it.
     void Filled();
 
 private:
+    /// What is to be as it was when the tree has been filled anew.
+    struct Kept
+    {
+        QString selected; ///< key
+        QStringList openGroups;
+        bool focus = false;
+    };
+    Kept Remember();
+    void ReadTree();
+    void ShowTree(const Kept& kept);
     void OnExpand(const QModelIndex& node);
     void DoWhatWaited();
 

@@ -4,15 +4,19 @@
 #include "app/CatalogPane.h"
 #include "app/StatusBar.h"
 #include "app/WebMenus.h"
+#include "app/WindowPlace.h"
 #include "app/WindowTray.h"
 #include "app/mMenuOptions.h"
-#include "browse/SelectionMenus.h"
+#include "browse/SelectionFacts.h"
+#include "core/Afterwards.h"
 #include "core/Literals.h"
+#include "core/OutsideAddress.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
 #include "core/WindowLayout.h"
 #include "render/forms/frmPageView.h"
+#include "store/FilmActions.h"
 #include "store/LockWait.h"
 #include "ui/SkinPictures.h"
 #include "ui/frmAbout.h"
@@ -21,9 +25,10 @@
 #include <QCloseEvent>
 #include <QCursor>
 #include <QDesktopServices>
-#include <QDir>
+#include <QFileInfo>
 #include <QMenu>
 #include <QScreen>
+#include <QShortcut>
 #include <QTimer>
 
 #include <algorithm>
@@ -76,6 +81,13 @@ QString Setting(const char* key)
     return ReadProfileValue(u"Settings"_s, QString::fromLatin1(key), SettingsFile());
 }
 
+// The open catalog's name stands first, where the desktop's lists of windows show it.
+QString Caption(const QString& catalog)
+{
+    const QString product = u"%1 %2 (Beta)"_s.arg(frmAbout::ProductName(), frmAbout::Version());
+    return catalog.isEmpty() ? product : QFileInfo(catalog).completeBaseName() + u" – "_s + product;
+}
+
 } // namespace
 
 Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
@@ -84,10 +96,10 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
           ui->setupUi(this);
           return ui;
       }()),
-      m_dialogs(dialogs), m_events(events), m_menus(*this), m_catalogFile(m_state, dialogs, *this), m_sections(m_state, dialogs, *this),
-      m_pages(m_state, dialogs, *this, *this), m_messages(*this, m_pages), m_pageView(new frmPageView(m_ui->PicForm))
+      m_dialogs(dialogs), m_events(events), m_menus(*this), m_catalogFile(m_state, dialogs, *this), m_sections(m_state, dialogs),
+      m_pages(m_state, dialogs), m_pageView(new frmPageView(m_ui->PicForm))
 {
-    setWindowTitle(u"%1 %2 (Beta)"_s.arg(frmAbout::ProductName(), frmAbout::Version()));
+    setWindowTitle(Caption({}));
     setWindowIcon(QIcon(AppPath() + u"/kelvado.png"_s));
     m_ui->picGrabSelect->hide();
     m_ui->FormScroll->hide();
@@ -103,7 +115,7 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     ConnectMenus();
     ConnectControls();
     m_browseMenus = std::make_unique<BrowseMenus>(BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_catalog->Model(),
-                                                                       *m_ui->TreeView1, m_skinner, [this] { UpdateSelectionMenus(); }});
+                                                                       *m_ui->TreeView1, m_skinner, [this] { ApplyMenuRules(); }});
     m_statusBar = std::make_unique<StatusBar>(m_state, dialogs, m_menus, m_skinner, *m_ui->StatusCells);
     m_webMenus = std::make_unique<WebMenus>(WebMenus::Context{*this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_skinner,
                                                               *m_ui->picGrabSelect, *m_ui->FormScroll, [this] { return SelectedNode(); },
@@ -140,7 +152,7 @@ void Form1::ConnectMenus()
     OnMenu("MnuNfoView", &Form1::ShowNfo);
     OnMenu("mnuHelpAbout", &Form1::ShowAbout);
     connect(&m_menus.Entry(u"mnuExit"_s), &QAction::triggered, this, &QWidget::close);
-    connect(&m_menus.Entry(u"mnuImdb"_s), &QAction::triggered, this, [this] { Guard([&] { m_sections.Show(kMovieGrab); }); });
+    connect(&m_menus.Entry(u"mnuImdb"_s), &QAction::triggered, this, [this] { Guard([&] { ShowSection(kMovieGrab); }); });
 }
 
 void Form1::ConnectControls()
@@ -150,28 +162,32 @@ void Form1::ConnectControls()
         m_ui->cToolbar->Add({}, key.isEmpty() ? ctxToolbar::Style::Separator : ctxToolbar::Style::Button, key,
                             QString::fromLatin1(button.caption), QString::fromLatin1(button.toolTip));
     }
+    // The page is the last in the order of Tab, wherever its engine puts the control that takes the keys: the tree stands before it.
+    if (auto* last = m_ui->cToolbar->findChild<QWidget*>(QString::fromLatin1(kToolButtons[std::size(kToolButtons) - 1].key)))
+        setTabOrder(last, m_ui->TreeView1);
+    // Alt+Left and Alt+Right, and the side buttons of the mouse.
+    for (const auto& [keys, entry] : {std::pair(QKeySequence::Back, u"Back"_s), std::pair(QKeySequence::Forward, u"Forward"_s)}) {
+        auto* shortcut = new QShortcut(keys, this);
+        connect(shortcut, &QShortcut::activated, this, [this, key = entry] { Guard([&] { OnButton(key); }); });
+    }
+    qApp->installEventFilter(this);
     connect(m_ui->cToolbar, &ctxToolbar::ButtonClick, this, [this](const QString& key) { Guard([&] { OnButton(key); }); });
-    connect(m_ui->picTabs, &SectionTabRow::TabClick, this, [this](const QString& section) { Guard([&] { m_sections.Show(section); }); });
+    connect(m_ui->picTabs, &SectionTabRow::TabClick, this, [this](const QString& section) { Guard([&] { ShowSection(section); }); });
     connect(m_ui->picSplitter, &PaneSplitter::Moved, this, [this] { Guard([&] { LayOutPanes(); }); });
-    connect(m_catalog.get(), &CatalogPane::Filled, this, [this] { Guard([&] { UpdateSelectionMenus(); }); });
+    connect(m_catalog.get(), &CatalogPane::Filled, this, [this] { Guard([&] { OnFilled(); }); });
     connect(m_ui->TreeView1, &CatalogTreeView::NodeClick, this, [this] { Guard([&] { OnNodeClick(); }); });
-    connect(m_ui->TreeView1, &CatalogTreeView::MouseDown, this, [this] {
-        try {
-            UpdateSelectionMenus();
-        } catch (const std::exception&) {
-            // The click or the menu that follows meets the same failure and tells of it, once.
-        }
-    });
     connect(m_ui->TreeView1, &CatalogTreeView::MenuRequested, this, [this](const QPoint& place) {
         Guard([&] {
-            UpdateSelectionMenus();
-            m_menus.Menu(u"mnuTreeview"_s).popup(place);
+            ApplyMenuRules();
+            m_menus.Popup(u"mnuTreeview"_s, place);
         });
     });
-    connect(m_ui->PicStatusBar, &QWidget::customContextMenuRequested, this,
-            [this](const QPoint& place) { m_menus.Menu(u"mnuStatus"_s).popup(m_ui->PicStatusBar->mapToGlobal(place)); });
-    connect(m_pageView, &frmPageView::Clicked, this, [this](const PageClick& click) { Guard([&] { m_messages.OnClick(click); }); });
-    connect(m_pageView, &frmPageView::ContextMenu, this, [this] { Guard([&] { m_messages.OnContextMenu(); }); });
+    connect(m_ui->PicStatusBar, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+        if (m_state.CatalogOpen)
+            m_menus.Popup(u"mnuStatus"_s, m_ui->PicStatusBar->mapToGlobal(place));
+    });
+    connect(m_pageView, &frmPageView::Clicked, this, [this](const PageClick& click) { Guard([&] { OnPageClick(click); }); });
+    connect(m_pageView, &frmPageView::ContextMenu, this, [this] { Guard([&] { ShowFilmMenu(); }); });
 }
 
 // --- Start ---------------------------------------------------------------------------------------------------------------------------
@@ -210,16 +226,26 @@ void Form1::LayOutAtStart()
     // Room for title bar and frame, whose sizes are known once the window is on the screen.
     constexpr QSize kFrame(16, 48);
     const cOptDisplay& display = m_state.gOptions->Display;
+    const std::optional<WindowPlace> before = ReadWindowPlace(SettingsFile());
+    if (before)
+        setGeometry(before->normal);
     resize(size().boundedTo(screen()->availableGeometry().size() - kFrame));
     int windowWidth = width();
-    if (display.WindowState == kStateMaximised) {
+    if (before ? before->isMaximised : display.WindowState == kStateMaximised) {
         setWindowState(Qt::WindowMaximized);
         windowWidth = screen()->availableGeometry().width(); // the window has this width only once it is on the screen
     }
     ensurePolished();
     // Whatever width the settings hold, the divider stays in the window.
-    m_ui->picSplitter->SetTag(std::clamp(SplitterPercent(display.LeftPane, windowWidth * kTwipsPerPixel), 0, 99));
+    m_ui->picSplitter->SetTag(before ? before->dividerPercent
+                                     : std::clamp(SplitterPercent(display.LeftPane, windowWidth * kTwipsPerPixel), 0, 99));
     show();
+}
+
+void Form1::ComeToFront()
+{
+    m_tray->Restore();
+    QApplication::alert(this); // for desktops that let no window take the focus
 }
 
 void Form1::showEvent(QShowEvent* event)
@@ -234,26 +260,22 @@ void Form1::showEvent(QShowEvent* event)
 
 void Form1::OnFirstActivation()
 {
-    // Also where a part of it fails, so that the window can be worked with. The browser inside the page view is costly to make: the
-    // window is drawn and the tree filled first.
-    const struct Last
-    {
-        Form1& form;
-        ~Last()
-        {
-            form.m_state.Activated = true;
-            form.m_menus.SetEnabled(u"mnuExportWebWizard"_s, -1, false);
-            QTimer::singleShot(0, form.m_pageView, &frmPageView::CreateBrowser);
-        }
-    } last{*this};
-    UpdateSelectionMenus();
-    m_sections.Show(kMovieList);
-    m_state.Activated = true;
-    PaintBySkin();
-    LayOutPanes();
-    m_state.ComDiag.fileName.clear();
-    m_tray->Apply();
-    OpenDefaultCatalog();
+    // The end also where a part of it fails, so that the window can be worked with. The browser inside the page view is costly to make:
+    // the window is drawn and the tree filled first.
+    Afterwards(
+        [this] {
+            ShowSection(kMovieList);
+            m_state.Activated = true;
+            PaintBySkin();
+            LayOutPanes();
+            m_state.ComDiag.fileName.clear();
+            m_tray->Apply();
+            OpenDefaultCatalog();
+        },
+        [this] {
+            m_state.Activated = true;
+            QTimer::singleShot(0, m_pageView, &frmPageView::CreateBrowser);
+        });
 }
 
 void Form1::OpenDefaultCatalog()
@@ -308,37 +330,40 @@ void Form1::ShowSelection()
     if (!node)
         return;
     TakeId();
-    if (m_state.CurrentSection == kMovieList) {
-        if (node->tag == kTagFilm)
-            m_pages.ShowFilmPage();
-        else if (node->tag == kTagGroup)
-            Navigate({});
-    } else if (m_state.CurrentSection == kActorInfo) {
-        if (node->tag == kTagFilm)
-            m_sections.Show(kMovieEdit);
-        else if (node->tag == kTagActor)
-            LoadPerson(ToLong(KeyPart(node->key, 1)));
-    } else if (m_state.CurrentSection == kMovieEdit && node->tag != kTagGroup) {
-        if (FilmHasChanges())
-            SaveFilm(ToLong(FilmId()));
-        if (node->tag == kTagActor)
-            m_sections.Show(kActorInfo);
-        else
-            LoadFilm(KeyPart(node->key, 0));
-    }
+    if (m_state.CurrentSection == kMovieList && node->tag == kTagFilm)
+        return ShowFilmPage(*node);
+    ApplyMenuRules();
+    if (m_state.CurrentSection == kMovieList && node->tag == kTagGroup)
+        ShowBlankPage();
+    else if (m_state.CurrentSection == kActorInfo && node->tag == kTagFilm)
+        ShowSection(kMovieEdit);
+    else if (m_state.CurrentSection == kMovieEdit && node->tag == kTagActor)
+        ShowSection(kActorInfo);
 }
 
 void Form1::ApplyMenuRules()
 {
-    kelvado::ApplyMenuRules(m_state.CatalogOpen, m_menus, [this](const QString& key, bool enabled) { EnableButton(key, enabled); });
-    if (m_state.FilterCount >= Filters::kMost)
-        m_menus.SetEnabled(u"mnuAddFilter"_s, -1, false);
+    if (m_catalog->IsFilling())
+        return;
+    const std::optional<NodeRef> node = SelectedNode();
+    m_selection = {};
+    if (node && node->tag != kTagGroup) {
+        Connection catalog = OpenCatalog(m_state.CatalogPath());
+        m_selection = ReadSelectionFacts(*node, catalog);
+    }
+    ApplyFacts();
 }
 
-void Form1::PushHistory(const QString& key, const QString& section, const QString& page)
+void Form1::ApplyFacts()
 {
-    m_state.history.Push(key, section, page);
-    EnableButton(u"Back"_s, true);
+    const History::InTree inTree = [this](const QString& key) { return IsInTree(key); };
+    const MenuFacts facts{m_state.CatalogOpen, m_state.FilterCount >= Filters::kMost, m_state.history.HasOlder(inTree),
+                          m_state.history.HasNewer(inTree), m_selection};
+    kelvado::ApplyMenuRules(facts, m_menus, [this](const QString& key, bool enabled) {
+        m_ui->cToolbar->SetButtonEnabled(m_ui->cToolbar->ButtonIndex(key), enabled);
+    });
+    m_menus.CloseEmptyMenus();
+    setWindowTitle(Caption(m_state.CatalogPath()));
 }
 
 void Form1::UpdateStatus(bool recount)
@@ -383,19 +408,9 @@ std::optional<NodeRef> Form1::SelectedNode() const
     return m_catalog->Selected();
 }
 
-QString Form1::SelectedKey() const
+bool Form1::IsInTree(const QString& key) const
 {
-    const std::optional<NodeRef> node = SelectedNode();
-    if (!node)
-        throw RuntimeError(kErrObjectNotSet);
-    return node->key;
-}
-
-void Form1::SelectNode(const QString& key)
-{
-    m_catalog->Select(key);
-    TakeId();
-    UpdateSelectionMenus();
+    return m_catalog->Model().Find(key).isValid();
 }
 
 // The number of the selected film or person, as text.
@@ -408,14 +423,32 @@ void Form1::TakeId()
         m_ui->ID->setText(KeyPart(node->key, 0));
 }
 
-void Form1::EnableTree(bool enabled)
+void Form1::ShowSection(const QString& section)
 {
-    m_ui->TreeView1->setEnabled(enabled);
+    if (const std::optional<SectionView> view = m_sections.Choose(section, SelectedNode()))
+        Show(*view);
 }
 
-void Form1::LoadTabPictures(const TabPictures& pictures)
+void Form1::Show(const SectionView& view)
 {
-    m_ui->picTabs->LoadPictures(m_state.skin, pictures);
+    m_ui->TreeView1->setEnabled(view.treeEnabled);
+    m_ui->picTabs->LoadPictures(m_state.skin, view.pictures);
+    m_ui->picTabs->SetSelected(view.section);
+    if (view.section == kMovieList) {
+        ShowPanel(m_pageView);
+        ShowBlankPage();
+        if (!m_state.history.walking) // a step of the history brings its own page
+            ShowSelection();
+    } else if (view.section == kMovieGrab) {
+        ShowPanel(m_ui->FormScroll);
+        m_webMenus->ShowAddPanel();
+    } else {
+        m_ui->FormScroll->SetPanel(nullptr);
+        ShowPanel(m_ui->FormScroll);
+        if (!view.node)
+            m_dialogs.MessageBox(kNoCatalogOpen, kBoxInformation);
+    }
+    ApplyFacts();
 }
 
 void Form1::ShowPanel(QWidget* panel)
@@ -425,110 +458,138 @@ void Form1::ShowPanel(QWidget* panel)
     m_ui->FormScroll->setVisible(panel == m_ui->FormScroll);
 }
 
-void Form1::ShowPageView()
+void Form1::Open(const std::optional<Page>& page)
 {
-    ShowPanel(m_pageView);
+    if (!page)
+        return;
+    const std::optional<NodeRef> node = SelectedNode();
+    if (node && !page->step.isEmpty())
+        m_state.history.Push(node->key, m_state.CurrentSection, page->step);
+    m_pageView->Navigate(page->path);
+    ApplyFacts(); // the step makes Back possible
 }
 
-void Form1::Navigate(const QString& path)
+void Form1::ShowBlankPage()
 {
-    m_pageView->Navigate(path.isEmpty() ? u"about:blank"_s : path);
+    const bool empty = !m_state.CatalogPath().isEmpty() && !m_catalog->Model().HasFilms() && CatalogIsEmpty(m_state.CatalogPath());
+    const QString page = empty ? m_pages.EmptyCatalogPage() : QString();
+    m_pageView->Navigate(page.isEmpty() ? u"about:blank"_s : page);
 }
 
-void Form1::ShowAddPanel()
+// The catalog is opened once for the menus and the page.
+void Form1::ShowFilmPage(const NodeRef& film)
 {
-    ShowPanel(m_ui->FormScroll);
-    m_webMenus->ShowAddPanel();
+    Connection catalog = OpenCatalog(m_state.CatalogPath());
+    m_selection = ReadSelectionFacts(film, catalog);
+    ApplyFacts();
+    Open(m_pages.FilmPage(film.key, catalog));
 }
 
-void Form1::ShowFilmPanel()
+void Form1::ShowCreditsPage(const QString& movieId)
 {
-    m_ui->FormScroll->SetPanel(nullptr);
-    ShowPanel(m_ui->FormScroll);
+    Open(m_pages.CreditsPage(movieId));
 }
 
-void Form1::ShowPersonPanel()
+void Form1::ShowNfo()
 {
-    m_ui->FormScroll->SetPanel(nullptr);
-    ShowPanel(m_ui->FormScroll);
-}
-
-void Form1::EnableButton(const QString& key, bool enabled)
-{
-    const int index = m_ui->cToolbar->ButtonIndex(key);
-    m_ui->cToolbar->SetButtonEnabled(index, enabled);
+    const std::optional<NodeRef> node = SelectedNode();
+    if (!node)
+        throw RuntimeError(kErrObjectNotSet);
+    Open(m_pages.NfoPage(node->key));
 }
 
 void Form1::ShowFilmMenu()
 {
-    UpdateSelectionMenus();
-    PopupMenuAtCursor();
-}
-
-void Form1::PopupMenuAtCursor()
-{
-    m_menus.Menu(u"mnuTreeview"_s).popup(QCursor::pos());
+    ApplyMenuRules();
+    m_menus.Popup(u"mnuTreeview"_s, QCursor::pos());
 }
 
 void Form1::OpenOutside(const QUrl& address)
 {
-    QDesktopServices::openUrl(address);
+    if (IsOutsideAddress(address))
+        QDesktopServices::openUrl(address);
+}
+
+void Form1::GoBack()
+{
+    WalkTo(m_state.history.MoveBack([this](const QString& key) { return IsInTree(key); }));
+}
+
+void Form1::GoForward()
+{
+    WalkTo(m_state.history.MoveForward([this](const QString& key) { return IsInTree(key); }));
+}
+
+void Form1::WalkTo(const History::Step* step)
+{
+    if (!step)
+        return;
+    const History::Step target = *step;
+    m_state.history.walking = true;
+    Afterwards(
+        [&] {
+            m_catalog->Select(target.key); // a page is shown without a selection where the node is gone
+            TakeId();
+            if (m_state.CurrentSection != target.section)
+                ShowSection(target.section);
+            if (target.section == kMovieList)
+                m_pageView->Navigate(target.page.isEmpty() ? u"about:blank"_s : TempFolder() + u'/' + target.page);
+        },
+        [&] { m_state.history.walking = false; });
+    ApplyMenuRules();
 }
 
 // --- Handlers ------------------------------------------------------------------------------------------------------------------------
 
 void Form1::OnButton(const QString& key)
 {
-    if (key == u"Back")
-        return GoBack();
-    if (key == u"Forward")
-        return GoForward();
+    if (key == u"Back" || key == u"Forward")
+        return m_catalog->IsBusy() ? void() : key == u"Back" ? GoBack() : GoForward();
     for (const ButtonEntry& button : kButtonEntries) {
         if (key == QLatin1StringView(button.key))
             m_menus.Entry(QString::fromLatin1(button.entry)).trigger();
     }
 }
 
-void Form1::GoBack()
-{
-    m_sections.GoBack();
-}
-
-void Form1::GoForward()
-{
-    m_sections.GoForward();
-}
-
 void Form1::OnNodeClick()
 {
-    if (m_catalog->IsBusy())
-        return;
-    UpdateSelectionMenus();
-    ShowSelection();
+    if (!m_catalog->IsBusy())
+        ShowSelection();
 }
 
-void Form1::UpdateSelectionMenus()
+void Form1::OnPageClick(const PageClick& click)
 {
-    if (m_catalog->IsFilling())
-        return;
-    for (const MenuRule& rule : SelectionRules(SelectedNode(), m_state.CatalogPath())) {
-        switch (rule.effect) {
-        case MenuRule::Effect::Enable:
-            m_menus.SetEnabled(rule.name, -1, rule.on);
-            break;
-        case MenuRule::Effect::Show:
-            m_menus.SetVisible(rule.name, -1, rule.on);
-            break;
-        case MenuRule::Effect::Button:
-            EnableButton(rule.name, rule.on);
-            break;
-        }
+    const PageAction action = ActionOfClick(click);
+    switch (action.kind) {
+    case PageAction::Kind::GoTo:
+        if (!IsInTree(action.text))
+            throw RuntimeError(kErrElementNotFound);
+        m_catalog->Select(action.text);
+        ShowSelection();
+        break;
+    case PageAction::Kind::Credits:
+        ShowCreditsPage(action.text);
+        break;
+    case PageAction::Kind::PopupMenu:
+        m_menus.Popup(u"mnuTreeview"_s, QCursor::pos());
+        break;
+    case PageAction::Kind::AddFilms:
+        ShowSection(kMovieGrab);
+        break;
+    case PageAction::Kind::OpenOutside:
+        OpenOutside(action.address);
+        break;
+    case PageAction::Kind::Nothing:
+        break;
     }
 }
 
-void Form1::ShowNfo()
+// A page whose node the tree no longer has goes with it.
+void Form1::OnFilled()
 {
-    m_pages.ShowNfoPage();
+    if (m_state.CurrentSection == kMovieList && !SelectedNode())
+        ShowBlankPage();
+    ApplyMenuRules();
 }
 
 void Form1::ShowAbout()
@@ -540,6 +601,17 @@ void Form1::ShowAbout()
 }
 
 // --- Tray and end --------------------------------------------------------------------------------------------------------------------
+
+bool Form1::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::MouseButtonPress || !watched->isWidgetType() || static_cast<QWidget*>(watched)->window() != this)
+        return false;
+    const Qt::MouseButton button = static_cast<QMouseEvent*>(event)->button();
+    if (button != Qt::BackButton && button != Qt::ForwardButton)
+        return false;
+    Guard([&] { OnButton(button == Qt::BackButton ? u"Back"_s : u"Forward"_s); });
+    return true;
+}
 
 void Form1::changeEvent(QEvent* event)
 {
@@ -561,6 +633,7 @@ void Form1::SaveSettings()
     WriteProfileValue(u"Settings"_s, u"Skin"_s, m_state.skin, SettingsFile());
     m_tray->End();
     m_state.gOptions->Save();
+    WriteWindowPlace({normalGeometry(), isMaximized(), m_ui->picSplitter->Tag()}, SettingsFile());
 }
 
 void Form1::closeEvent(QCloseEvent* event)

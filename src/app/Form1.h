@@ -2,11 +2,11 @@
 
 #include "app/DesktopSeams.h"
 #include "app/Menus.h"
+#include "browse/SelectionFacts.h"
 #include "core/AppState.h"
 #include "core/Guard.h"
 #include "core/SectionTabs.h"
 #include "core/Shell.h"
-#include "render/PageHost.h"
 #include "render/PageMessages.h"
 #include "render/Pages.h"
 #include "store/CatalogFile.h"
@@ -32,7 +32,7 @@ class WindowTray;
 class frmPageView;
 
 /// The main window: it owns the process-wide state and the panels, and turns what the user does into calls of the logic.
-class Form1 : public QMainWindow, public Shell, public SectionHost, public PageHost
+class Form1 : public QMainWindow, public Shell
 {
     Q_OBJECT
 public:
@@ -51,6 +51,8 @@ public:
     void LoadToolRow();
     /// Brings the window back, or lets it blink, as the settings want it before a question.
     void PrepareConfirmation();
+    /// Brings the window back from the tray or the task bar, in front of all others.
+    void ComeToFront();
     /// Window state, pane widths; shows the window.
     void LayOutAtStart();
 
@@ -58,7 +60,6 @@ public:
     void RefreshCatalogTree() override;
     void ShowSelection() override;
     void ApplyMenuRules() override;
-    void PushHistory(const QString& key, const QString& section, const QString& page) override;
     void UpdateStatus(bool recount) override;
     void ShowWorking(bool busy) override;
     void ShowProgress(int percent) override;
@@ -66,38 +67,19 @@ public:
     void RetitleSelectedNode(const QString& title) override;
     void RekeySelectedNode(qint64 movieId) override;
 
-    // SectionHost
-    bool PersonHasChanges() const override { return false; }
-    QString PersonName() const override { return {}; }
-    void SavePerson() override {}
-    bool FilmHasChanges() const override { return false; }
-    QString FilmTitle() const override { return {}; }
-    QString FilmId() const override { return {}; }
-    void SaveFilm(qint32) override {}
-    std::optional<NodeRef> SelectedNode() const override;
-    void SelectNode(const QString& key) override;
-    void EnableTree(bool enabled) override;
-    void LoadTabPictures(const TabPictures& pictures) override;
-    void ShowPageView() override;
-    void Navigate(const QString& path) override;
-    void ShowAddPanel() override;
-    void ShowFilmPanel() override;
-    void LoadFilm(const QString&) override {}
-    void ShowPersonPanel() override;
-    void LoadPerson(qint32) override {}
-    void EnableButton(const QString& key, bool enabled) override;
-
-    // PageHost
-    QString SelectedKey() const override;
-    void ShowFilmMenu() override;
-    void PopupMenuAtCursor() override;
-    void OpenOutside(const QUrl& address) override;
+    void ShowSection(const QString& section);
+    void ShowCreditsPage(const QString& movieId);
+    void GoBack();
+    void GoForward();
+    /// Hands an address of the web or of mail to the desktop; any other is dropped. The only way out of the program.
+    void OpenOutside(const QUrl& address);
 
 Q_SIGNALS:
     /// The first activation is done: the default catalog is open, or none is.
     void Ready();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -108,18 +90,28 @@ private:
     void ConnectControls();
     void OnMenu(const char* name, void (Form1::*handler)());
     void OnFirstActivation();
-    void TakeId();
     void OpenDefaultCatalog();
     void OnButton(const QString& key);
     void OnNodeClick();
-    void UpdateSelectionMenus();
+    void OnPageClick(const PageClick& click);
+    void OnFilled();
+    void ShowFilmMenu();
     void LayOutPanes();
     void SaveSettings();
+
+    std::optional<NodeRef> SelectedNode() const;
+    void ApplyFacts();
+    void ShowFilmPage(const NodeRef& film);
+    void TakeId();
+    void Show(const SectionView& view);
     void ShowPanel(QWidget* panel);
+    void Open(const std::optional<Page>& page);
+    /// Shows the blank page, or the one that says how to begin where the catalog has no film.
+    void ShowBlankPage();
+    void WalkTo(const History::Step* step);
+    bool IsInTree(const QString& key) const;
     void ShowAbout();
     void ShowNfo();
-    void GoBack();
-    void GoForward();
     template<typename Handler>
     void Guard(Handler&& handler)
     {
@@ -136,13 +128,13 @@ private:
     CatalogFile m_catalogFile;
     SectionTabs m_sections;
     Pages m_pages;
-    PageMessages m_messages;
     frmPageView* m_pageView;
     std::unique_ptr<CatalogPane> m_catalog;
     std::unique_ptr<WindowTray> m_tray;
     std::unique_ptr<BrowseMenus> m_browseMenus;
     std::unique_ptr<StatusBar> m_statusBar;
     std::unique_ptr<WebMenus> m_webMenus;
+    SelectionFacts m_selection; ///< as read last
     bool m_activating = false;
     bool m_saved = false;
 };

@@ -6,6 +6,9 @@
 #include <QMainWindow>
 #include <QMenu>
 
+#include <algorithm>
+#include <utility>
+
 namespace kelvado {
 
 Menus::Menus(QMainWindow& window)
@@ -69,6 +72,31 @@ QMenu& Menus::Menu(const QString& name) const
     if (!menu)
         throw RuntimeError::WithDetail(kErrSubscript, name);
     return *menu;
+}
+
+bool Menus::HasUsableEntry(const QMenu& menu)
+{
+    return std::ranges::any_of(menu.actions(), [](const QAction* entry) {
+        return entry->isVisible() && !entry->isSeparator() && (entry->menu() ? HasUsableEntry(*entry->menu()) : entry->isEnabled());
+    });
+}
+
+void Menus::CloseEmptyMenus()
+{
+    for (QAction* closed : std::exchange(m_closed, {}))
+        closed->setEnabled(true);
+    for (const QMenu* menu : std::as_const(m_menus)) {
+        if (menu->menuAction()->isEnabled() && !HasUsableEntry(*menu)) {
+            menu->menuAction()->setEnabled(false);
+            m_closed.insert(menu->menuAction());
+        }
+    }
+}
+
+void Menus::Popup(const QString& name, const QPoint& place) const
+{
+    if (QMenu& menu = Menu(name); HasUsableEntry(menu))
+        menu.popup(place);
 }
 
 } // namespace kelvado

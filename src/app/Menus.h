@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QHash>
+#include <QSet>
 
 class QMainWindow;
 class QMenu;
@@ -28,11 +29,19 @@ public:
     /// Raises 9 where there is none.
     QMenu& Menu(const QString& name) const;
 
+    /// Turns off the menus of which no entry can be used, and on again those that it has turned off before; for every change of entries.
+    void CloseEmptyMenus();
+    /// Opens a menu at a place of the screen; one without an entry that can be used stays shut.
+    void Popup(const QString& name, const QPoint& place) const;
+
 private:
+    static bool HasUsableEntry(const QMenu& menu);
+
     QAction* Find(const QString& menu, int index) const;
 
     QHash<QString, QAction*> m_entries;
     QHash<QString, QMenu*> m_menus;
+    QSet<QAction*> m_closed; ///< the menus that `CloseEmptyMenus` has turned off
 };
 
 } // namespace kelvado

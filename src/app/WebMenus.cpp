@@ -37,7 +37,7 @@ WebMenus::WebMenus(const Context& context)
         Connect(entry, [this] { VisitShop(); });
     for (const char* entry : {"mnufrmSearchViewOnIMDB", "mnuViewOnIMDb"})
         Connect(entry, [this] { Visit(FilmAddress(m_rowNumber, ReadWebHosts(SettingsFile()))); });
-    connect(&context.sources, &GrabSelectRow::SourceClick, this,
+    connect(&context.sources, &GrabSelectRow::TabClick, this,
             [this](const QString& mode) { Guarded(m_context.dialogs, [&] { ShowSource(mode); }); });
 }
 

@@ -25,12 +25,13 @@ public:
     void NoteState();
     /// Brings the window back, or lets it blink, as the settings want it before a question.
     void PrepareConfirmation();
+    /// Shows the window as it was before it was minimised, in front.
+    void Restore();
     /// The window goes for good.
     void End();
 
 private:
     void OnMessage(int message);
-    void Restore();
 
     QMainWindow& m_window;
     const AppState& m_state;

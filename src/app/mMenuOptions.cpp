@@ -4,60 +4,123 @@ namespace kelvado {
 
 namespace {
 
-enum class Rule { WithCatalog, WithSelection, WithPrinting };
+using Condition = bool (*)(const MenuFacts&);
 
-struct MenuEntry
+constexpr Condition kNever = [](const MenuFacts&) { return false; };
+constexpr Condition kCatalog = [](const MenuFacts& facts) { return facts.catalogOpen; };
+constexpr Condition kRoomForFilter = [](const MenuFacts& facts) { return facts.catalogOpen && !facts.filtersFull; };
+constexpr Condition kOlder = [](const MenuFacts& facts) { return facts.hasOlder; };
+constexpr Condition kNewer = [](const MenuFacts& facts) { return facts.hasNewer; };
+constexpr Condition kFilm = [](const MenuFacts& facts) { return facts.selection.film; };
+constexpr Condition kPerson = [](const MenuFacts& facts) { return facts.selection.person; };
+constexpr Condition kFilmOrPerson = [](const MenuFacts& facts) { return facts.selection.film || facts.selection.person; };
+constexpr Condition kNfo = [](const MenuFacts& facts) { return facts.selection.nfo; };
+constexpr Condition kRequest = [](const MenuFacts& facts) { return facts.selection.request; };
+constexpr Condition kOwned = [](const MenuFacts& facts) { return facts.selection.owned; };
+constexpr Condition kAtHome = [](const MenuFacts& facts) { return facts.selection.atHome; };
+constexpr Condition kOnLoan = [](const MenuFacts& facts) { return facts.selection.onLoan; };
+constexpr Condition kShopLink = [](const MenuFacts& facts) { return facts.selection.shopLink; };
+constexpr Condition kSiteLink = [](const MenuFacts& facts) { return facts.selection.siteLink; };
+constexpr Condition kPersonOnSite = [](const MenuFacts& facts) { return facts.selection.person && facts.selection.siteLink; };
+constexpr Condition kFilmOnSite = [](const MenuFacts& facts) { return facts.selection.film && facts.selection.siteLink; };
+constexpr Condition kFilmNotOnSite = [](const MenuFacts& facts) { return facts.selection.film && !facts.selection.siteLink; };
+
+enum class Effect { Enable, Show, Button };
+
+struct MenuRule
 {
-    const char* name;
-    Rule rule;
-    bool button = false;
+    const char* name; ///< of the menu entry, or the toolbar button's key
+    Effect effect;
+    Condition on;
 };
 
-constexpr MenuEntry kAddFilmEntries[] = {
-    {"mnuImdb", Rule::WithCatalog},         {"mnuisonews", Rule::WithCatalog},    {"mnuManualEntry", Rule::WithCatalog},
-    {"mnuImportIMDb", Rule::WithCatalog},   {"AddIMDb", Rule::WithCatalog, true}, {"AddDVDEmp", Rule::WithCatalog, true},
-    {"AddManual", Rule::WithCatalog, true},
-};
-constexpr MenuEntry kViewEntries[] = {
-    {"mnuViewRefresh", Rule::WithCatalog},
-    {"mnuAddFilter", Rule::WithCatalog},
-    {"Refresh", Rule::WithCatalog, true},
-    {"AddFilter", Rule::WithCatalog, true},
-};
-constexpr MenuEntry kFilmEntries[] = {
-    {"mnuDelete", Rule::WithSelection},
-    {"mnuDeleteE", Rule::WithSelection},
-    {"Delete", Rule::WithSelection, true},
-};
-constexpr MenuEntry kStatusEntries[] = {
-    {"mnuStatus", Rule::WithCatalog},
-};
-constexpr MenuEntry kRemainingEntries[] = {
-    {"mnuWebExport", Rule::WithCatalog},     {"mnuWebExportByView", Rule::WithCatalog}, {"mnuExportXML", Rule::WithCatalog},
-    {"mnuLoansManage", Rule::WithCatalog},   {"mnuMovieNightClear", Rule::WithCatalog}, {"mnuManageLists_0", Rule::WithCatalog},
-    {"mnuManageLists_1", Rule::WithCatalog}, {"Save", Rule::WithCatalog, true},         {"MnuPrint", Rule::WithPrinting},
-    {"Print", Rule::WithPrinting, true},
+// Entries that are not named here can always be used. "Show" rules of whole menus keep those that pop up elsewhere out of the menu bar.
+constexpr MenuRule kRules[] = {
+    {"Back", Effect::Button, kOlder},
+    {"Forward", Effect::Button, kNewer},
+
+    {"mnuImdb", Effect::Enable, kCatalog},
+    {"mnuisonews", Effect::Enable, kCatalog},
+    {"mnuManualEntry", Effect::Enable, kCatalog},
+    {"mnuImportIMDb", Effect::Enable, kCatalog},
+    {"AddIMDb", Effect::Button, kCatalog},
+    {"AddDVDEmp", Effect::Button, kCatalog},
+    {"AddManual", Effect::Button, kCatalog},
+
+    {"mnuViewRefresh", Effect::Enable, kCatalog},
+    {"Refresh", Effect::Button, kCatalog},
+    {"mnuAddFilter", Effect::Enable, kRoomForFilter},
+    {"AddFilter", Effect::Button, kRoomForFilter},
+
+    {"mnuWebExport", Effect::Enable, kCatalog},
+    {"mnuWebExportByView", Effect::Enable, kCatalog},
+    {"mnuExportXML", Effect::Enable, kCatalog},
+    {"mnuExportWebWizard", Effect::Enable, kNever},
+    {"mnuLoansManage", Effect::Enable, kCatalog},
+    {"mnuMovieNightClear", Effect::Enable, kCatalog},
+    {"mnuManageLists_0", Effect::Enable, kCatalog},
+    {"mnuManageLists_1", Effect::Enable, kCatalog},
+    {"Save", Effect::Button, kCatalog},
+    {"MnuPrint", Effect::Enable, kNever},
+    {"Print", Effect::Button, kNever},
+
+    {"mnuDelete", Effect::Enable, kFilm},
+    {"mnuDeleteE", Effect::Enable, kFilm},
+    {"Delete", Effect::Button, kFilm},
+    {"mnuMovieNightAdd", Effect::Enable, kFilm},
+    {"MnuNfoView", Effect::Enable, kNfo},
+    {"MnuViewNfo", Effect::Enable, kNfo},
+    {"MnuMoveMyMovies", Effect::Enable, kRequest},
+    {"MnuMoveMyMoviesE", Effect::Enable, kRequest},
+    {"MnuMoveMyRequest", Effect::Enable, kOwned},
+    {"MnuMoveMyRequestE", Effect::Enable, kOwned},
+    {"mnuLoans", Effect::Enable, kOwned},
+    {"mnuLoansE", Effect::Enable, kOwned},
+    {"mnuLoanMovie", Effect::Enable, kAtHome},
+    {"mnuLoanMovieE", Effect::Enable, kAtHome},
+    {"mnuLoanReturn", Effect::Enable, kOnLoan},
+    {"mnuLoanReturnE", Effect::Enable, kOnLoan},
+    {"mnuisonewsvisit", Effect::Enable, kShopLink},
+    {"mnuIsonewsVisitV", Effect::Enable, kShopLink},
+    {"mnuImdbVisit", Effect::Enable, kSiteLink},
+    {"mnuImdbVisitV", Effect::Enable, kSiteLink},
+    {"mnuMovieRetrieve", Effect::Show, kFilmNotOnSite},
+    {"mnuUpdateMovieInfo", Effect::Show, kFilmOnSite},
+    {"mnuActorRetreive", Effect::Show, kPerson},
+    {"mnuActorRetreive", Effect::Enable, kPersonOnSite},
+    {"mnuEdit", Effect::Enable, kFilmOrPerson},
+
+    {"mnuTreeview", Effect::Show, kNever},
+    {"mnuStatus", Effect::Show, kNever},
+    {"mnuStatus", Effect::Enable, kCatalog},
+    {"mnuPeopleHistory", Effect::Show, kNever},
+    {"mnufrmSearch", Effect::Show, kNever},
+    {"mnufrmAddSingle", Effect::Show, kNever},
+    {"mnuExtras", Effect::Show, kNever},
+    {"frmEdit", Effect::Show, kNever},
+    {"mnuExcel", Effect::Show, kNever},
+    {"mnuImportOrigons", Effect::Show, kNever},
 };
 
 } // namespace
 
-void ApplyMenuRules(bool catalogOpen, MenuMarks& menus, const EnableButton& enableButton)
+void ApplyMenuRules(const MenuFacts& facts, MenuMarks& menus, const EnableButton& enableButton)
 {
-    const auto apply = [&](const auto& entries) {
-        for (const MenuEntry& entry : entries) {
-            // Nothing prints pages yet, and entries on one film wait for a selection.
-            const bool on = entry.rule == Rule::WithCatalog && catalogOpen;
-            if (entry.button)
-                enableButton(QString::fromLatin1(entry.name), on);
-            else
-                menus.SetEnabled(QString::fromLatin1(entry.name), -1, on);
+    for (const MenuRule& rule : kRules) {
+        const QString name = QString::fromLatin1(rule.name);
+        const bool on = rule.on(facts);
+        switch (rule.effect) {
+        case Effect::Enable:
+            menus.SetEnabled(name, -1, on);
+            break;
+        case Effect::Show:
+            menus.SetVisible(name, -1, on);
+            break;
+        case Effect::Button:
+            enableButton(name, on);
+            break;
         }
-    };
-    apply(kAddFilmEntries);
-    apply(kViewEntries);
-    apply(kFilmEntries);
-    apply(kStatusEntries);
-    apply(kRemainingEntries);
+    }
 }
 
 } // namespace kelvado

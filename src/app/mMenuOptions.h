@@ -1,18 +1,25 @@
 #pragma once
 
+#include "browse/SelectionFacts.h"
 #include "core/MenuMarks.h"
-
-#include <QString>
 
 #include <functional>
 
 namespace kelvado {
 
+/// What decides which menu entries and toolbar buttons can be used.
+struct MenuFacts
+{
+    bool catalogOpen = false;
+    bool filtersFull = false;             ///< no further filter can be added
+    bool hasOlder = false, hasNewer = false; ///< steps of the history
+    SelectionFacts selection;
+};
+
 /// Enables a toolbar button by its key.
 using EnableButton = std::function<void(const QString& key, bool enabled)>;
 
-/// Enables what depends on an open catalog, group by group: the entries that add films, the view's, those on one film, the status bar's,
-/// and the rest. Entries on one film stay off here: they follow the selection.
-void ApplyMenuRules(bool catalogOpen, MenuMarks& menus, const EnableButton& enableButton);
+/// Turns every entry and button that depends on something on or off.
+void ApplyMenuRules(const MenuFacts& facts, MenuMarks& menus, const EnableButton& enableButton);
 
 } // namespace kelvado

@@ -1,11 +1,15 @@
 #include "app/DesktopSeams.h"
 #include "app/Form1.h"
+#include "app/OnlyProgram.h"
 #include "app/hMain.h"
+#include "core/DeliveredFiles.h"
 #include "core/Guard.h"
 #include "core/Paths.h"
 #include "render/forms/PageEngine.h"
+#include "ui/Accessibility.h"
 #include "ui/AppStyle.h"
 #include "ui/ContextKey.h"
+#include "ui/ScreenFit.h"
 #include "ui/frmAbout.h"
 
 #include <QApplication>
@@ -19,13 +23,21 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(frmAbout::ProductName());
     QApplication::setApplicationVersion(frmAbout::Version());
     QApplication::setStyle(new AppStyle);
+    InstallAccessibility();
     ContextKey contextKey;
     application.installEventFilter(&contextKey);
+    ScreenFit screenFit;
+    application.installEventFilter(&screenFit);
     DesktopDialogs dialogs;
     DesktopEvents events;
     try {
+        FurnishHome(AppPath(), QApplication::applicationDirPath());
         QDir().mkpath(TempFolder());
+        const OnlyProgram only(AppPath());
+        if (!only.IsFirst())
+            return 0;
         Form1 window(dialogs, events);
+        QObject::connect(&only, &OnlyProgram::Called, &window, &Form1::ComeToFront);
         dialogs.SetOwner(&window);
         dialogs.SetBeforeConfirmation([&window] { window.PrepareConfirmation(); });
         LoaderMain(window, QApplication::arguments().mid(1));

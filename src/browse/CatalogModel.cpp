@@ -1,5 +1,6 @@
 #include "browse/CatalogModel.h"
 
+#include "browse/FormatPictures.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
 
@@ -310,6 +311,8 @@ QVariant CatalogModel::data(const QModelIndex& index, int role) const
             return {};
         return m_images[static_cast<std::size_t>(image)];
     }
+    case Qt::AccessibleDescriptionRole:
+        return KindOf(index) == Kind::Film ? FormatOfImage(FaceOf(index).image) : QString();
     case Qt::FontRole:
         if (FaceOf(index).bold) {
             QFont font;

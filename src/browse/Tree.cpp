@@ -1,6 +1,7 @@
 #include "browse/Tree.h"
 
-#include "core/Finally.h"
+#include "browse/FormatPictures.h"
+#include "core/Afterwards.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
@@ -31,15 +32,6 @@ const QString kOnLoan = u"Loan"_s;
 constexpr int kGroupsPerPump = 150;
 constexpr int kFilmsPerPump = 50;
 constexpr int kMillisecondsToProgress = 500;
-
-struct FormatPicture
-{
-    QLatin1StringView format;
-    int image;
-};
-constexpr FormatPicture kFormatPictures[] = {
-    {"DivX"_L1, 1}, {"VCD"_L1, 2}, {"DVD"_L1, 3}, {"VHS"_L1, 4}, {"SVCD"_L1, 8}, {"LASERDISC"_L1, 9}, {"XviD"_L1, 10}, {"Request"_L1, 13},
-};
 
 // The columns of the films' query, in their order.
 enum LevelColumn { kPrimaryColumn, kSecondaryColumn, kIdColumn, kTitleColumn, kFormatColumn, kLoanColumn };
@@ -115,17 +107,6 @@ QString WithLinkedGenres(const QString& sql, bool hasGenres)
 }
 
 } // namespace
-
-int FormatImage(const QString& format)
-{
-    if (format.isNull())
-        return CatalogModel::kImageNoFormat;
-    for (const FormatPicture& picture : kFormatPictures) {
-        if (format == picture.format)
-            return picture.image;
-    }
-    return 0;
-}
 
 QString BuildLevelSql(const QString& primary, int level, const cOptView& view, const QString& filterWhere)
 {
@@ -364,7 +345,7 @@ void Tree::FillTree()
     Connection connection = Connect();
     Filling filling(*this);
     m_context.state.treeCatalog = m_context.state.CatalogPath();
-    Finally(
+    Afterwards(
         [&] {
             filling.ReadGroups(connection);
             filling.ReadFilms(connection);
@@ -382,11 +363,11 @@ void Tree::ExpandFilmNode(const QModelIndex& node)
     if (m_context.model.Tag(node) != kTagFilm)
         return;
     m_expanding = true;
-    Finally([&] { FillCast(node); },
-            [&] {
-                m_expanding = false;
-                m_context.shell.ShowProgress(0);
-            });
+    Afterwards([&] { FillCast(node); },
+               [&] {
+                   m_expanding = false;
+                   m_context.shell.ShowProgress(0);
+               });
 }
 
 void Tree::FillCast(const QModelIndex& node)

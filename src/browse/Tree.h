@@ -13,9 +13,6 @@
 
 namespace kelvado {
 
-/// The number of the picture that stands for a carrier; `kImageNoFormat` for none given (a null text), 0 for one without a picture.
-int FormatImage(const QString& format);
-
 /// The SQL of the groups (level 1) or of the films (level 2) of a tree sorted by `primary`. Neither the view mode nor the filter touches
 /// the groups. The view mode is worked into the finished text by plain replacement, so that a filter value that holds the words WHERE
 /// or ORDER is altered too. A filter on the genre holds under every sort; several are each met by any genre of the film.

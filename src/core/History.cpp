@@ -8,19 +8,21 @@ namespace kelvado {
 
 void History::Push(const QString& key, const QString& section, const QString& page)
 {
+    if (walking)
+        return;
     std::move_backward(m_steps.begin(), m_steps.end() - 1, m_steps.end());
     m_steps.front() = {key, section, page};
+    m_position = 0;
 }
 
-void History::MoveBack()
+const History::Step* History::MoveBack(const InTree& inTree)
 {
-    if (m_position != kPlaces)
-        m_position = std::max(m_position, 1) + 1;
+    return Move(1, inTree);
 }
 
-void History::MoveForward()
+const History::Step* History::MoveForward(const InTree& inTree)
 {
-    m_position = std::max(m_position - 1, 1);
+    return Move(-1, inTree);
 }
 
 const History::Step& History::At(int place) const
@@ -30,9 +32,23 @@ const History::Step& History::At(int place) const
     return m_steps[static_cast<std::size_t>(place - 1)];
 }
 
-bool History::AtOldest() const
+// The next place in this direction whose step can be shown; 0 where there is none.
+int History::Next(int direction, const InTree& inTree) const
 {
-    return m_position == kPlaces || At(std::max(m_position, 1) + 1).key.isEmpty();
+    for (int place = std::max(m_position, 1) + direction; place >= 1 && place <= kPlaces && !At(place).key.isEmpty(); place += direction) {
+        if (!At(place).page.isEmpty() || inTree(At(place).key))
+            return place;
+    }
+    return 0;
+}
+
+const History::Step* History::Move(int direction, const InTree& inTree)
+{
+    const int place = Next(direction, inTree);
+    if (place == 0)
+        return nullptr;
+    m_position = place;
+    return &At(place);
 }
 
 } // namespace kelvado

@@ -3,10 +3,11 @@
 #include <QString>
 
 #include <array>
+#include <functional>
 
 namespace kelvado {
 
-/// The ten newest steps behind the Back and Forward buttons. A step is recorded at the front, wherever the walk stands.
+/// The ten newest steps behind the Back and Forward buttons. A new step stands at the front, and the walk begins there again.
 class History
 {
 public:
@@ -19,28 +20,31 @@ public:
         QString page;    ///< file name below the temp folder, or empty
     };
 
+    /// Says whether the present tree has a node of this key. A step whose node is gone can still show its page; one without a page is
+    /// passed over.
+    using InTree = std::function<bool(const QString& key)>;
+
+    /// A step that is made while the walk goes on is not recorded.
     void Push(const QString& key, const QString& section, const QString& page);
 
-    /// Moves one step towards the older end; stands still at place 10. From the head, the first move goes to place 2.
-    void MoveBack();
-    /// Moves one step towards the newer end; stands still at place 1.
-    void MoveForward();
+    /// Moves to the next older step that can be shown, or the next newer one; stands still and returns null where there is none. From the
+    /// head, the first move back leads to place 2.
+    const Step* MoveBack(const InTree& inTree);
+    const Step* MoveForward(const InTree& inTree);
+    bool HasOlder(const InTree& inTree) const { return Next(1, inTree) != 0; }
+    bool HasNewer(const InTree& inTree) const { return Next(-1, inTree) != 0; }
 
     /// 0 at the head, else the place that is shown, 1 to 10.
     int Position() const { return m_position; }
     /// The step at `place`, 1 to 10. Raises 9 for any other place.
     const Step& At(int place) const;
-    const Step& Current() const { return At(m_position); }
 
-    /// True where Back must be disabled after a move back: at place 10, or with nothing older.
-    bool AtOldest() const;
-    /// True where Forward must be disabled after a move forward.
-    bool AtNewest() const { return m_position <= 1; }
-
-    /// True while Back or Forward runs, so that the section handlers record no new step.
-    bool walking = false;
+    bool walking = false; ///< Back or Forward runs
 
 private:
+    int Next(int direction, const InTree& inTree) const;
+    const Step* Move(int direction, const InTree& inTree);
+
     std::array<Step, kPlaces> m_steps;
     int m_position = 0;
 };

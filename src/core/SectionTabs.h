@@ -17,71 +17,51 @@ inline constexpr int kTabPieces = 9;
 /// The skin's picture file of each piece.
 using TabPictures = std::array<const char*, kTabPieces>;
 
-/// What the section handlers need of the main window and its panels.
-class SectionHost
+/// The message of a section for which no catalog is open, or nothing that suits it is selected.
+inline constexpr QLatin1StringView kNoCatalogOpen("No Kelvado Catolog is open");
+
+/// A panel whose changes may be unsaved, as far as the question about them goes.
+class EditPanel
 {
 public:
-    virtual ~SectionHost() = default;
-
-    virtual bool PersonHasChanges() const = 0;
-    virtual QString PersonName() const = 0;
-    virtual void SavePerson() = 0;
-    virtual bool FilmHasChanges() const = 0;
-    virtual QString FilmTitle() const = 0;
-    /// The text of the film panel's id label.
-    virtual QString FilmId() const = 0;
-    virtual void SaveFilm(qint32 movieId) = 0;
-
-    virtual std::optional<NodeRef> SelectedNode() const = 0;
-    /// Selects the node without reacting to it. Raises 35601 where the tree has no such key.
-    virtual void SelectNode(const QString& key) = 0;
-    virtual void EnableTree(bool enabled) = 0;
-    virtual void LoadTabPictures(const TabPictures& pictures) = 0;
-
-    /// Hides the other panels and puts the page view into the panel host.
-    virtual void ShowPageView() = 0;
-    /// Shows a page file, or the blank page for the empty text.
-    virtual void Navigate(const QString& path) = 0;
-    virtual void ShowSelection() = 0;
-    /// Shows the strip of film sources and begins with the first one.
-    virtual void ShowAddPanel() = 0;
-    virtual void ShowFilmPanel() = 0;
-    virtual void LoadFilm(const QString& movieId) = 0;
-    virtual void ShowPersonPanel() = 0;
-    virtual void LoadPerson(qint32 actorId) = 0;
-
-    virtual void PushHistory(const QString& key, const QString& section, const QString& page) = 0;
-    virtual void EnableButton(const QString& key, bool enabled) = 0;
+    virtual ~EditPanel() = default;
+    virtual bool HasChanges() const = 0;
+    /// The film's title or the person's name.
+    virtual QString Name() const = 0;
+    virtual void Save() = 0;
 };
 
-/// The handlers of the four section tabs, the question about unsaved changes, and the walk through the history.
+/// What the window is to show once a section was chosen.
+struct SectionView
+{
+    QString section;
+    TabPictures pictures;
+    bool treeEnabled;
+    /// The node that the section's panel shows; nothing where none is selected, or one that does not suit the section.
+    std::optional<NodeRef> node;
+};
+
+/// The rules of the four section tabs and the question about unsaved changes.
 class SectionTabs
 {
 public:
-    SectionTabs(AppState& state, Dialogs& dialogs, SectionHost& host);
+    SectionTabs(AppState& state, Dialogs& dialogs) : m_state(state), m_dialogs(dialogs) {}
 
-    /// Shows `section`, one of the four names. Asks about unsaved changes of the panel that is left; while no catalog is open it only
-    /// says so. A click on the current section's tab asks, and does nothing else.
-    void Show(const QString& section);
+    /// The panels of a film and of a person, null where there is none yet; they outlive this object.
+    void SetPanels(EditPanel* film, EditPanel* person);
 
-    /// Walks one step through the history. Raises 35601 where the step's node is not in the present tree; the walk has then passed that
-    /// step. Where there is no step at all it raises too, and stays where it was.
-    void GoBack();
-    void GoForward();
+    /// Makes `section`, one of the four names, the current one and returns what to show; `selected` is the tree's selected node. Asks
+    /// about unsaved changes of the panel that is left. Returns nothing where the window stays as it is: while no catalog is open, which
+    /// is told, and on the current section's own tab, which asks all the same. Raises 5 for any other name.
+    std::optional<SectionView> Choose(const QString& section, const std::optional<NodeRef>& selected);
 
 private:
-    void AskAboutPerson();
-    void AskAboutFilm();
-    void ShowFilmOfSelection();
-    void ShowPersonOfSelection();
-    void MoveAndShow(void (History::*move)());
+    void AskAbout(EditPanel* panel);
 
     AppState& m_state;
     Dialogs& m_dialogs;
-    SectionHost& m_host;
+    EditPanel* m_film = nullptr;
+    EditPanel* m_person = nullptr;
 };
-
-/// The pictures of the tab row with `section` selected. Raises 5 for any other name.
-const TabPictures& TabPicturesOf(const QString& section);
 
 } // namespace kelvado

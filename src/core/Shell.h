@@ -15,9 +15,8 @@ public:
     virtual void RefreshCatalogTree() = 0;
     /// Reacts to the selected node of the tree as the current section demands.
     virtual void ShowSelection() = 0;
-    /// Enables menus and buttons by what is open.
+    /// Enables menus and buttons by what is open and selected, and names the open catalog in the caption.
     virtual void ApplyMenuRules() = 0;
-    virtual void PushHistory(const QString& key, const QString& section, const QString& page) = 0;
     /// Brings the status bar up to date; `recount` asks the catalog anew.
     virtual void UpdateStatus(bool recount) = 0;
     /// Shows the moving picture while a long job runs, the idle one otherwise.

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "render/PageHost.h"
+#include <QString>
+#include <QUrl>
 
 namespace kelvado {
-
-class Pages;
 
 /// A click in a page, as the page view tells it.
 struct PageClick
@@ -15,24 +14,28 @@ struct PageClick
     bool controlDown = false;
 };
 
-/// What clicks in a page mean. An element whose id holds "SendMessage" speaks to the program:
-/// `SendMessage:GOTO:12:Action`, `SendMessage:PAGE_CREDITS:12`.
-class PageMessages
+/// What a click asks the window to do.
+struct PageAction
 {
-public:
-    PageMessages(PageHost& host, Pages& pages) : m_host(host), m_pages(pages) {}
-
-    /// Follows a message, or hands the address of a plain link to the desktop: only http, https and mailto go out, others are dropped.
-    void OnClick(const PageClick& click);
-    void OnContextMenu();
-
-    /// Splits `id` at its colons and does what the second part says; an unknown command does nothing. Raises 9 where an argument is
-    /// missing, 13 or 6 where a film's number cannot be read, and what the host raises.
-    void HandlePageMessage(const QString& id, bool controlDown);
-
-private:
-    PageHost& m_host;
-    Pages& m_pages;
+    enum class Kind {
+        Nothing,
+        GoTo,        ///< select the tree node `text` and show it
+        Credits,     ///< show all credits of the film number `text`
+        PopupMenu,   ///< open the popup menu at the cursor
+        AddFilms,    ///< show the panel that adds films
+        OpenOutside, ///< hand `address` to the desktop
+    };
+    Kind kind = Kind::Nothing;
+    QString text;
+    QUrl address;
 };
+
+/// The meaning of a click. An element whose id holds "SendMessage" speaks to the program, as told at `ActionOfMessage`; one whose id holds
+/// "javascript" is the page's own. The address of any other link goes to the desktop.
+PageAction ActionOfClick(const PageClick& click);
+
+/// The meaning of a message: `SendMessage:GOTO:12:Action`, `SendMessage:PAGE_CREDITS:12`, `SendMessage:PAGE_ADD`. `id` is split at its
+/// colons and the second part is the command; an unknown one asks for nothing. Raises 9 where an argument is missing.
+PageAction ActionOfMessage(const QString& id, bool controlDown);
 
 } // namespace kelvado

@@ -155,33 +155,31 @@ QString Pages::PictureFor(std::int64_t imageId, Connection& connection)
     return PathForPage(SkinFile("No Image.jpg"_L1));
 }
 
-void Pages::ShowFilmPage()
+std::optional<Page> Pages::FilmPage(const QString& key, Connection& catalog)
 {
-    const QString movieId = FilmNumber(m_host.SelectedKey());
-    Connection connection = OpenCatalog(m_state.CatalogPath());
+    const QString movieId = FilmNumber(key);
     Recordset film;
-    film.Open(kFilmQuery + movieId, connection);
+    film.Open(kFilmQuery + movieId, catalog);
     if (SkinIsXml()) {
         throw RuntimeError::WithDetail(kErrInvalidCall, u"the skin \"%1\" shows films as XML, which is not supported"_s.arg(m_state.skin));
     }
     std::optional<QString> text = ReadTemplate("Templates/default.html"_L1);
     if (!text)
-        return;
-    text->replace("!!IMAGE!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"Image_ID")), connection));
-    text->replace("!!IMAGEBACK!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"ImageBack_ID")), connection));
+        return std::nullopt;
+    text->replace("!!IMAGE!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"Image_ID")), catalog));
+    text->replace("!!IMAGEBACK!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"ImageBack_ID")), catalog));
     FillFilmTokens(*text, film, {m_state.skin, SiteAddress(SettingsFile())});
     film.Close();
-    FillGenreToken(*text, connection, movieId);
-    FillDirectorTokens(*text, connection, movieId);
-    FillWriterTokens(*text, connection, movieId);
-    FillActorTokens(*text, connection, movieId);
-    FillProducerTokens(*text, connection, movieId);
+    FillGenreToken(*text, catalog, movieId);
+    FillDirectorTokens(*text, catalog, movieId);
+    FillWriterTokens(*text, catalog, movieId);
+    FillActorTokens(*text, catalog, movieId);
+    FillProducerTokens(*text, catalog, movieId);
     text->replace("!!NAVCREDITS!!"_L1, kMessage + "PAGE_CREDITS:"_L1 + movieId);
-    connection.Close();
-    WritePageFile(*text, false);
+    return WritePageFile(*text, false);
 }
 
-QString Pages::ShowCreditsPage(const QString& movieId)
+std::optional<Page> Pages::CreditsPage(const QString& movieId)
 {
     const std::int32_t number = ToLong(movieId);
     if (SkinIsXml())
@@ -193,42 +191,47 @@ QString Pages::ShowCreditsPage(const QString& movieId)
         m_dialogs.MessageBox(u"The credits template file for skin "_s + m_state.skin +
                                  u" could not be located.  Please contact Kelvado support."_s,
                              kBoxCritical, u"Credits Page Error"_s);
-        return QString();
+        return std::nullopt;
     }
     const FilmRecord film = ReadFilm(number, m_state.CatalogPath());
     const QString siteAddress = SiteAddress(SettingsFile());
     for (const CreditBlock& block : kCreditBlocks)
         FillCreditBlock(text, block, film, siteAddress);
+    text.replace("!!TITLE!!"_L1, film.Title);
     return WritePageFile(text, false);
 }
 
-void Pages::ShowNfoPage()
+std::optional<Page> Pages::NfoPage(const QString& key)
 {
     Connection connection = OpenCatalog(m_state.CatalogPath());
     Recordset film;
-    film.Open(kFilmQuery + FilmNumber(m_host.SelectedKey()), connection);
+    film.Open(kFilmQuery + FilmNumber(key), connection);
     std::optional<QString> text = ReadTemplate("Templates/nfo.html"_L1);
     if (!text)
-        return;
+        return std::nullopt;
     const Value nfo = film[u"Nfo"].Get();
     film.Close();
     connection.Close();
     text->replace("!!NFO!!"_L1, nfo.IsNull() ? u"N/A"_s : nfo.Text());
     const QString path = AppPath() + u"/htmltemp.html"_s;
     WriteWholeFile(path, *text);
-    m_host.Navigate(path);
+    return Page{path, {}};
 }
 
-QString Pages::WritePageFile(const QString& text, bool xml)
+QString Pages::EmptyCatalogPage() const
+{
+    QString path = SkinFile("Templates/empty.html"_L1);
+    return QFileInfo::exists(path) ? path : QString();
+}
+
+Page Pages::WritePageFile(const QString& text, bool xml)
 {
     const QString name = u"htmltemp%1.%2"_s.arg(m_pageCounter).arg(xml ? "xml"_L1 : "html"_L1);
-    QString path = TempFolder() + u'/' + name;
+    const QString path = TempFolder() + u'/' + name;
     MakeDirs(TempFolder());
     WriteWholeFile(path, text);
-    m_shell.PushHistory(m_host.SelectedKey(), m_state.CurrentSection, name);
-    m_host.Navigate(path);
     m_pageCounter = (m_pageCounter + 1) % kPages;
-    return path;
+    return {path, name};
 }
 
 } // namespace kelvado

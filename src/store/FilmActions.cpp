@@ -88,4 +88,12 @@ void ClearMovieNight(const QString& catalogPath)
     connection.Close();
 }
 
+bool CatalogIsEmpty(const QString& catalogPath)
+{
+    Connection connection = OpenCatalog(catalogPath);
+    Recordset films;
+    films.Open(u"SELECT Movie_ID FROM Movie LIMIT 1"_s, connection);
+    return films.Eof();
+}
+
 } // namespace kelvado

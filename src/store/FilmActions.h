@@ -21,4 +21,7 @@ void AddToMovieNight(FilmId movieId, const QString& catalogPath);
 /// Takes every film off the list.
 void ClearMovieNight(const QString& catalogPath);
 
+/// True for a catalog without any film.
+bool CatalogIsEmpty(const QString& catalogPath);
+
 } // namespace kelvado

@@ -1,6 +1,7 @@
 #include "ui/AppStyle.h"
 
 #include "core/Literals.h"
+#include "ui/Skinner.h"
 
 #include <QIcon>
 #include <QPainter>
@@ -26,6 +27,7 @@ constexpr Sign kSigns[] = {
     {QStyle::SP_MessageBoxCritical, 0xFFB3261E, u'!', false},
 };
 constexpr int kSide = 32;
+constexpr int kScrollBarWidth = 12;
 
 QPixmap PaintSign(const Sign& sign, int scale)
 {
@@ -66,6 +68,67 @@ QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
     if ((type == CT_ItemViewItem || type == CT_HeaderSection) && option)
         full.setHeight(std::max(full.height(), option->fontMetrics.height() + kRowPadding));
     return full;
+}
+
+int AppStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    switch (metric) {
+    case PM_ScrollBarExtent:
+        return kScrollBarWidth;
+    case PM_ScrollBarSliderMin:
+        return 3 * kScrollBarWidth;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+// The groove takes the whole bar: there are no buttons at its ends.
+QRect AppStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part, const QWidget* widget) const
+{
+    const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+    if (!bar)
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    const bool across = bar->orientation == Qt::Horizontal;
+    const int room = across ? bar->rect.width() : bar->rect.height();
+    const qint64 steps = qint64(bar->maximum) - bar->minimum + bar->pageStep;
+    const int least = std::min(room, pixelMetric(PM_ScrollBarSliderMin, option, widget));
+    const int length = steps > 0 ? std::clamp(static_cast<int>(qint64(bar->pageStep) * room / steps), least, room) : room;
+    const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, room - length, bar->upsideDown);
+    const auto between = [&](int from, int to) {
+        const QRect area = across ? QRect(from, 0, to - from, bar->rect.height()) : QRect(0, from, bar->rect.width(), to - from);
+        return visualRect(bar->direction, bar->rect, area.translated(bar->rect.topLeft()));
+    };
+    switch (part) {
+    case SC_ScrollBarSlider:
+        return between(start, start + length);
+    case SC_ScrollBarSubPage:
+        return between(0, start);
+    case SC_ScrollBarAddPage:
+        return between(start + length, room);
+    case SC_ScrollBarGroove:
+        return bar->rect;
+    default:
+        return {};
+    }
+}
+
+void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter, const QWidget* widget) const
+{
+    if (control != CC_ScrollBar)
+        return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const QColor back = option->palette.color(QPalette::Window);
+    const QColor text = option->palette.color(QPalette::WindowText);
+    painter->fillRect(option->rect, back);
+    if (!option->state.testFlag(State_Enabled))
+        return;
+    const bool lit = option->activeSubControls.testFlag(SC_ScrollBarSlider);
+    const QRectF slider = QRectF(subControlRect(control, option, SC_ScrollBarSlider, widget)).adjusted(3, 3, -3, -3);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(Mixed(text, back, lit ? 0.2F : 0.36F));
+    painter->drawRoundedRect(slider, 3, 3);
+    painter->restore();
 }
 
 QIcon AppStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const

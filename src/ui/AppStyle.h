@@ -4,8 +4,8 @@
 
 namespace kelvado {
 
-/// The look of all controls: plain buttons, in dialogs too, rows of lists and trees with room around their text, and signs in message
-/// boxes that are sharp at every scale.
+/// The look of all controls: plain buttons, in dialogs too, rows of lists and trees with room around their text, scroll bars like those
+/// of the pages, and signs in message boxes that are sharp at every scale.
 class AppStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -14,6 +14,10 @@ public:
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size, const QWidget* widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part, const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
 };
 

@@ -73,7 +73,6 @@ void CatalogTreeView::mousePressEvent(QMouseEvent* event)
 {
     m_announced = false;
     QTreeView::mousePressEvent(event);
-    Q_EMIT MouseDown();
 }
 
 void CatalogTreeView::mouseReleaseEvent(QMouseEvent* event)

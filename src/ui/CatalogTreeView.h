@@ -21,7 +21,6 @@ public:
 
 Q_SIGNALS:
     void NodeClick();
-    void MouseDown();
     void MenuRequested(const QPoint& globalPosition);
 
 protected:

@@ -4,6 +4,7 @@
 #include "core/WindowLayout.h"
 #include "ui/SkinPictures.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -39,10 +40,23 @@ constexpr TabPiece kPlaces[kTabPieces] = {TabPiece::Left,      TabPiece::MovieLi
 
 } // namespace
 
-TabImage::TabImage(const QString& name, QWidget* parent) : QAbstractButton(parent)
+TabImage::TabImage(const QString& name, const QString& key, QWidget* parent) : QAbstractButton(parent), m_key(key)
 {
     setObjectName(name);
-    setFocusPolicy(Qt::NoFocus);
+    setFocusPolicy(IsTab() ? Qt::TabFocus : Qt::NoFocus);
+    if (IsTab())
+        setCursor(Qt::PointingHandCursor);
+}
+
+void TabImage::SetSelected(bool selected)
+{
+    if (m_selected == selected)
+        return;
+    m_selected = selected;
+    QAccessible::State changed;
+    changed.selected = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 void TabImage::SetPicture(const QPixmap& picture)
@@ -71,20 +85,29 @@ void TabImage::keyPressEvent(QKeyEvent* event)
         QAbstractButton::keyPressEvent(event);
 }
 
-SectionTabRow::SectionTabRow(QWidget* parent) : QWidget(parent)
+TabImage* TabRow::AddPiece(const char* name, QLatin1StringView key, const char* caption)
 {
-    for (const PieceInfo& info : kPieces) {
-        auto* piece = new TabImage(QString::fromLatin1(info.name), this);
-        m_pieces[static_cast<std::size_t>(info.piece)] = piece;
-        if (info.section.isEmpty())
-            continue;
-        piece->setFocusPolicy(Qt::TabFocus);
-        piece->setAccessibleName(QString::fromLatin1(info.caption));
-        piece->setCursor(Qt::PointingHandCursor);
-        connect(piece, &QAbstractButton::clicked, this, [this, section = QString(info.section)] { Q_EMIT TabClick(section); });
-    }
-    m_spacer = new TabImage(u"ImgTabSpacer"_s, this);
-    m_right = new TabImage(u"ImgTabRight"_s, this);
+    auto* piece = new TabImage(QString::fromLatin1(name), key, this);
+    if (!piece->IsTab())
+        return piece;
+    piece->setAccessibleName(QString::fromLatin1(caption));
+    connect(piece, &QAbstractButton::clicked, this, [this, piece] { Q_EMIT TabClick(piece->Key()); });
+    m_tabs << piece;
+    return piece;
+}
+
+void TabRow::SetSelected(const QString& key)
+{
+    for (TabImage* tab : std::as_const(m_tabs))
+        tab->SetSelected(tab->Key() == key);
+}
+
+SectionTabRow::SectionTabRow(QWidget* parent) : TabRow(parent)
+{
+    for (const PieceInfo& info : kPieces)
+        m_pieces[static_cast<std::size_t>(info.piece)] = AddPiece(info.name, info.section, info.caption);
+    m_spacer = AddPiece("ImgTabSpacer", {}, "");
+    m_right = AddPiece("ImgTabRight", {}, "");
 }
 
 void SectionTabRow::LoadPictures(const QString& skin, const TabPictures& pictures)

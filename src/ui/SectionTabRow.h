@@ -16,7 +16,14 @@ class TabImage : public QAbstractButton
 {
     Q_OBJECT
 public:
-    TabImage(const QString& name, QWidget* parent);
+    /// `key` is empty for a piece that is no tab.
+    TabImage(const QString& name, const QString& key, QWidget* parent);
+
+    const QString& Key() const { return m_key; }
+    bool IsTab() const { return !m_key.isEmpty(); }
+    /// Whether its tab is the one that is shown, as assistive programs are told.
+    bool IsSelected() const { return m_selected; }
+    void SetSelected(bool selected);
 
     void SetPicture(const QPixmap& picture);
     QSize PictureSize() const { return m_picture.deviceIndependentSize().toSize(); }
@@ -26,11 +33,35 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    QString m_key;
     QPixmap m_picture;
+    bool m_selected = false;
 };
 
-/// The row of the four section tabs with the pieces that join them, placed side by side by the widths of their pictures.
-class SectionTabRow : public QWidget
+/// A row of tabs and the pieces that join them.
+class TabRow : public QWidget
+{
+    Q_OBJECT
+public:
+    using QWidget::QWidget;
+
+    /// Marks the tab of this key as the one that is shown; its pictures are loaded by the row itself.
+    void SetSelected(const QString& key);
+
+Q_SIGNALS:
+    void TabClick(const QString& key);
+
+protected:
+    /// Makes a piece; one with a key is a tab, and `caption` is its name.
+    TabImage* AddPiece(const char* name, QLatin1StringView key, const char* caption);
+
+private:
+    QList<TabImage*> m_tabs;
+};
+
+/// The row of the four section tabs with the pieces that join them, placed side by side by the widths of their pictures. The keys are
+/// the section names.
+class SectionTabRow : public TabRow
 {
     Q_OBJECT
 public:
@@ -41,10 +72,6 @@ public:
     /// Loads the two pieces that stay the same: what fills the row, and its right end.
     void LoadEnds(const QString& skin);
     void Arrange();
-
-Q_SIGNALS:
-    /// `section` is one of the four section names.
-    void TabClick(const QString& section);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -26,7 +26,7 @@ public:
     {
         setText(caption);
         setToolTip(tooltip);
-        setAccessibleName(tooltip);
+        setAccessibleName(caption.isEmpty() ? tooltip : QString(caption).remove(u'&'));
         setFocusPolicy(Qt::TabFocus);
         setAttribute(Qt::WA_Hover);
     }

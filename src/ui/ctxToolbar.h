@@ -34,7 +34,7 @@ public:
     explicit ctxToolbar(QWidget* parent = nullptr);
 
     /// Appends a button and prepares its pictures. An empty `caption` shows the picture alone; an "&" in it makes a key of the letter
-    /// behind. The tool tip is also the accessible name.
+    /// behind. The accessible name is the caption, or the tool tip where there is none.
     void Add(const ToolbarPictures& pictures, Style style, const QString& key, const QString& caption, const QString& tooltip);
     /// Gives an existing button other pictures, as after a change of skin.
     void SetPictures(const QString& key, const ToolbarPictures& pictures);

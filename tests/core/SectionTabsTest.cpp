@@ -1,7 +1,7 @@
 #include "core/SectionTabs.h"
 
+#include "core/History.h"
 #include "core/Literals.h"
-#include "core/Paths.h"
 #include "core/RuntimeError.h"
 #include "support/ScriptedDialogs.h"
 
@@ -10,150 +10,142 @@
 namespace kelvado {
 namespace {
 
-class RecordingHost : public SectionHost
+struct Panel : EditPanel
 {
-public:
-    explicit RecordingHost(History& h) : history(h) {}
-    bool PersonHasChanges() const override { return personChanged; }
-    QString PersonName() const override { return u"Ann"_s; }
-    void SavePerson() override { calls << u"SavePerson"_s; }
-    bool FilmHasChanges() const override { return filmChanged; }
-    QString FilmTitle() const override { return u"Ran"_s; }
-    QString FilmId() const override { return u"17"_s; }
-    void SaveFilm(qint32 id) override { calls << u"SaveFilm %1"_s.arg(id); }
-    std::optional<NodeRef> SelectedNode() const override { return node; }
-    void SelectNode(const QString& key) override
-    {
-        if (key.isEmpty() || key == gone)
-            throw RuntimeError(kErrElementNotFound);
-        node = NodeRef{key, QString(kTagFilm)};
-    }
-    void EnableTree(bool enabled) override { calls << u"EnableTree %1"_s.arg(enabled); }
-    void LoadTabPictures(const TabPictures& p) override { calls << QString::fromLatin1(p[0]); }
-    void ShowPageView() override { calls << u"ShowPageView"_s; }
-    void Navigate(const QString& path) override { calls << u"Navigate "_s + path.section(u'/', -1); }
-    void ShowSelection() override { calls << u"ShowSelection"_s; }
-    void ShowAddPanel() override { calls << u"ShowAddPanel"_s; }
-    void ShowFilmPanel() override { calls << u"ShowFilmPanel"_s; }
-    void LoadFilm(const QString& id) override { calls << u"LoadFilm "_s + id; }
-    void ShowPersonPanel() override { calls << u"ShowPersonPanel"_s; }
-    void LoadPerson(qint32 id) override { calls << u"LoadPerson %1"_s.arg(id); }
-    void PushHistory(const QString& key, const QString& section, const QString& page) override { history.Push(key, section, page); }
-    void EnableButton(const QString& key, bool enabled) override { calls << u"%1 %2"_s.arg(key).arg(enabled); }
+    explicit Panel(const QString& n) : name(n) {}
+    bool HasChanges() const override { return changed; }
+    QString Name() const override { return name; }
+    void Save() override { ++saves; }
 
-    History& history;
-    bool personChanged = false, filmChanged = false;
-    QString gone;
-    std::optional<NodeRef> node;
-    QStringList calls;
+    QString name;
+    bool changed = false;
+    int saves = 0;
 };
 
 class SectionTabsTest : public ::testing::Test
 {
 protected:
-    SectionTabsTest() { state.CatalogOpen = state.Activated = true; }
-    QStringList Taken() { return std::exchange(host.calls, {}); }
+    SectionTabsTest()
+    {
+        state.CatalogOpen = state.Activated = true;
+        tabs.SetPanels(&film, &person);
+    }
 
     AppState state;
     ScriptedDialogs dialogs;
-    RecordingHost host{state.history};
-    SectionTabs tabs{state, dialogs, host};
-    const QString film = FilmKey(5, u"65");
+    Panel film{u"Ran"_s}, person{u"Ann"_s};
+    SectionTabs tabs{state, dialogs};
+    const NodeRef filmNode{FilmKey(5, u"65"), QString(kTagFilm)}, personNode{FilmKey(5, u"42"), QString(kTagActor)};
 };
 
 TEST_F(SectionTabsTest, WithoutACatalogATabOnlySaysSoButTheFirstActivationRunsOn)
 {
     state.CatalogOpen = false;
-    tabs.Show(kMovieGrab);
+    EXPECT_FALSE(tabs.Choose(kMovieGrab, {}));
     const ScriptedDialogs::Box box{u"No Kelvado Catolog is open"_s, 64, QString()};
     EXPECT_EQ(dialogs.boxes, QList{box});
-    EXPECT_TRUE(host.calls.isEmpty());
     state.Activated = false;
-    tabs.Show(kMovieList);
+    EXPECT_TRUE(tabs.Choose(kMovieList, {}));
     EXPECT_EQ(state.CurrentSection, kMovieList);
-    EXPECT_EQ(Taken(), (QStringList{u"EnableTree 1"_s, u"ToolLeftSel.BMP"_s, u"ShowPageView"_s, u"Navigate "_s}));
     EXPECT_EQ(dialogs.boxes.size(), 1);
 }
 
-TEST_F(SectionTabsTest, EverySectionDoesItsOwnWork)
+TEST_F(SectionTabsTest, EverySectionShowsWhatSuitsIt)
 {
-    host.node = NodeRef{film, QString(kTagFilm)};
-    tabs.Show(kMovieGrab);
-    EXPECT_EQ(Taken(), (QStringList{u"EnableTree 0"_s, u"ToolLeft.BMP"_s, u"ShowAddPanel"_s}));
-    tabs.Show(kMovieEdit);
-    EXPECT_EQ(Taken(), (QStringList{u"EnableTree 1"_s, u"ToolLeft.BMP"_s, u"ShowFilmPanel"_s, u"LoadFilm 5"_s}));
-    EXPECT_EQ(state.history.At(1).section, kMovieEdit);
-    // A film is no person: the message of a missing catalog is used for it, and the section is left standing empty.
-    tabs.Show(kActorInfo);
-    EXPECT_EQ(Taken().last(), u"ShowPersonPanel");
-    EXPECT_EQ(dialogs.boxes.last().text, u"No Kelvado Catolog is open");
-    host.node = NodeRef{FilmKey(5, u"42"), QString(kTagActor)};
-    state.CurrentSection = kMovieList;
-    tabs.Show(kActorInfo);
-    EXPECT_EQ(Taken().last(), u"LoadPerson 42");
+    const struct
+    {
+        QLatin1StringView section;
+        NodeRef node;
+        const char* picture;
+        bool tree, shown;
+    } cases[] = {
+        {kMovieGrab, filmNode, "ToolMovieGrabSel.BMP", false, true}, {kMovieEdit, filmNode, "ToolMovieEditSel.BMP", true, true},
+        {kActorInfo, filmNode, "ToolActorInfoSel.BMP", true, false}, {kMovieList, personNode, "ToolMovieListSel.BMP", true, true},
+        {kActorInfo, personNode, "ToolActorInfoSel.BMP", true, true}, {kMovieEdit, personNode, "ToolMovieEditSel.BMP", true, false},
+    };
+    for (const auto& entry : cases) {
+        const std::optional<SectionView> view = tabs.Choose(entry.section, entry.node);
+        ASSERT_TRUE(view) << entry.section.data();
+        EXPECT_EQ(std::ranges::count_if(view->pictures, [&](const char* p) { return qstrcmp(p, entry.picture) == 0; }), 1);
+        EXPECT_EQ(view->treeEnabled, entry.tree);
+        EXPECT_EQ(view->node.has_value(), entry.shown) << entry.section.data();
+        EXPECT_FALSE(tabs.Choose(entry.section, entry.node)) << "the current section's own tab does nothing";
+    }
+    // The film and the person that were shown in their panels are steps.
+    EXPECT_EQ(state.history.At(1).key + state.history.At(1).section, personNode.key + kActorInfo);
+    EXPECT_EQ(state.history.At(2).key + state.history.At(2).section, filmNode.key + kMovieEdit);
+    EXPECT_EQ(state.history.At(3).key, QString());
 }
 
-TEST_F(SectionTabsTest, UnsavedChangesAreAskedAboutWhenAPanelIsLeft)
+TEST_F(SectionTabsTest, UnsavedChangesAreAskedAboutWhenAPanelIsLeftAndOnItsOwnTab)
 {
     state.CurrentSection = kActorInfo;
-    host.personChanged = host.filmChanged = true;
-    dialogs.answers << kAnswerYes << kAnswerNo << kAnswerOk;
-    tabs.Show(kMovieGrab);
+    person.changed = film.changed = true;
+    dialogs.answers << kAnswerYes << kAnswerNo << kAnswerOk << kAnswerYes;
+    tabs.Choose(kMovieGrab, filmNode);
     EXPECT_EQ(dialogs.boxes.last().text, u"You Have Made Changes To Ann.  Do You Want To Save These Changes?");
     EXPECT_EQ(dialogs.boxes.last().title, u"Edit Interface");
-    EXPECT_TRUE(Taken().contains(u"SavePerson"_s));
+    EXPECT_EQ(person.saves, 1);
     state.CurrentSection = kMovieEdit;
-    tabs.Show(kMovieList);
+    tabs.Choose(kMovieList, filmNode);
     EXPECT_EQ(dialogs.boxes.last().text, u"Changed To Ran Have Been Disregarded.");
-    EXPECT_FALSE(Taken().contains(u"SaveFilm 17"_s));
+    EXPECT_EQ(film.saves, 0);
     state.CurrentSection = kMovieEdit;
-    dialogs.answers << kAnswerYes;
-    tabs.Show(kActorInfo);
-    EXPECT_TRUE(Taken().contains(u"SaveFilm 17"_s));
-    // On the tab of the section itself the question comes too, and nothing else happens.
-    state.CurrentSection = kMovieEdit;
-    dialogs.answers << kAnswerYes;
-    tabs.Show(kMovieEdit);
-    EXPECT_EQ(Taken(), QStringList{u"SaveFilm 17"_s});
+    EXPECT_FALSE(tabs.Choose(kMovieEdit, filmNode));
+    EXPECT_EQ(film.saves, 1);
 }
 
-TEST_F(SectionTabsTest, BackWalksOldStepsAndStopsAtTheTenth)
+/// Twelve pages were shown, the last one is at the head.
+struct Walk : ::testing::Test
 {
-    state.CurrentSection = kMovieList;
-    for (int i = 1; i <= 12; ++i)
-        state.history.Push(FilmKey(i, u"65"), QString(kMovieList), u"p%1"_s.arg(i));
-    EXPECT_EQ(state.history.At(10).page, u"p3");
-    tabs.GoBack();
-    EXPECT_EQ(state.history.Position(), 2);
-    EXPECT_EQ(host.node->key, FilmKey(11, u"65"));
-    EXPECT_EQ(Taken(), (QStringList{u"Navigate p11"_s, u"Forward 1"_s}));
-    for (int i = 0; i < 12; ++i)
-        tabs.GoBack();
-    EXPECT_EQ(state.history.Position(), 10);
-    EXPECT_TRUE(Taken().contains(u"Back 0"_s));
-    for (int i = 0; i < 12; ++i)
-        tabs.GoForward();
-    EXPECT_EQ(state.history.Position(), 1);
-    EXPECT_EQ(host.node->key, FilmKey(12, u"65"));
-    EXPECT_EQ(Taken().last(), u"Forward 0");
+    Walk()
+    {
+        for (int i = 1; i <= 12; ++i)
+            history.Push(Key(i), QString(kMovieList), u"p%1"_s.arg(i));
+    }
+    static QString Key(int film) { return FilmKey(film, u"65"); }
+    QString Back() { return Page(history.MoveBack(inTree)); }
+    QString Forward() { return Page(history.MoveForward(inTree)); }
+    static QString Page(const History::Step* step) { return step ? step->page : u"none"_s; }
+
+    History history;
+    QStringList gone;
+    History::InTree inTree = [this](const QString& key) { return !gone.contains(key); };
+};
+
+TEST_F(Walk, GoesBackToTheTenthStepAndForwardToTheHead)
+{
+    EXPECT_FALSE(history.HasNewer(inTree));
+    EXPECT_EQ(Forward(), u"none");
+    for (int page = 11; page >= 3; --page)
+        EXPECT_EQ(Back(), u"p%1"_s.arg(page));
+    EXPECT_FALSE(history.HasOlder(inTree));
+    EXPECT_EQ(Back(), u"none");
+    EXPECT_EQ(history.Position(), 10);
+    EXPECT_EQ(Forward(), u"p4");
+    history.Push(Key(13), QString(kMovieList), u"p13"_s); // the walk begins there again
+    EXPECT_FALSE(history.HasNewer(inTree));
+    EXPECT_EQ(Back(), u"p12");
+    history.walking = true;
+    history.Push(Key(14), QString(kMovieList), u"p14"_s);
+    EXPECT_EQ(history.At(1).page, u"p13");
 }
 
-TEST_F(SectionTabsTest, AStepIntoAnotherSectionRecordsNothingAndALostNodeIsPassed)
+TEST_F(Walk, PassesStepsThatCannotBeShown)
 {
-    state.CurrentSection = kMovieList;
-    state.history.Push(FilmKey(1, u"65"), QString(kMovieEdit), {});
-    state.history.Push(FilmKey(2, u"65"), QString(kMovieList), u"p"_s);
-    tabs.GoBack();
-    EXPECT_EQ(state.CurrentSection, kMovieEdit);
-    EXPECT_EQ(state.history.At(3).key, u"");
-    EXPECT_FALSE(state.history.walking);
-    tabs.GoForward();
-    host.gone = FilmKey(1, u"65");
-    EXPECT_THROW(tabs.GoBack(), RuntimeError);
-    EXPECT_EQ(state.history.Position(), 2);
-    EXPECT_FALSE(state.history.walking);
-    EXPECT_THROW(tabs.GoBack(), RuntimeError); // there is no third step
-    EXPECT_EQ(state.history.Position(), 2);
+    history.Push(Key(20), QString(kMovieEdit), {});
+    history.Push(Key(21), QString(kMovieList), u"p21"_s);
+    gone = {Key(20), Key(12)};
+    EXPECT_EQ(Back(), u"p12"); // its node is gone, its page is there
+    EXPECT_EQ(Forward(), u"p21");
+    gone.clear();
+    EXPECT_EQ(history.MoveBack(inTree)->section, kMovieEdit);
+
+    History shortOne;
+    shortOne.Push(Key(1), QString(kMovieEdit), {});
+    shortOne.Push(Key(2), QString(kMovieList), u"p"_s);
+    gone = {Key(1)};
+    EXPECT_FALSE(shortOne.HasOlder(inTree));
 }
 
 } // namespace

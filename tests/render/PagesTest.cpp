@@ -1,9 +1,10 @@
 #include "render/Pages.h"
 
-#include "RecordingHost.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
-#include "support/RecordingShell.h"
+#include "core/RuntimeError.h"
+#include "store/Connection.h"
+#include "support/ErrorOf.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
 
@@ -28,7 +29,6 @@ protected:
         state.skin = u"Plain"_s;
         state.CurrentSection = kMovieList;
         state.comDiagFile.fileName = catalog.Path();
-        host.key = FilmKey(5, u"C");
     }
     ~FilmPages() override { qunsetenv("KELVADO_HOME"); }
 
@@ -40,10 +40,10 @@ protected:
         file.write(bytes);
     }
 
-    /// The text of the page that was opened last, with the program folder's path cut to "HOME" and without its line end.
-    std::string Page() const
+    /// The text of a page, with the program folder's path cut to "HOME" and without its line end.
+    std::string Text(const std::optional<Page>& page) const
     {
-        QFile file(host.calls.isEmpty() ? QString() : host.calls.last().mid(u"navigate "_s.size()));
+        QFile file(page ? page->path : QString());
         if (!file.open(QIODevice::ReadOnly))
             return "<no page>";
         QString text = QString::fromUtf8(file.readAll());
@@ -52,37 +52,26 @@ protected:
         return text.replace(m_home.path(), u"HOME"_s).toStdString();
     }
 
-    std::string FilmPage()
+    std::optional<Page> Show()
     {
-        pages.ShowFilmPage();
-        return Page();
+        Connection connection = OpenCatalog(catalog.Path());
+        return pages.FilmPage(key, connection);
     }
-
-    int FilmPageError()
-    {
-        try {
-            pages.ShowFilmPage();
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        return 0;
-    }
+    std::string FilmPage() { return Text(Show()); }
 
     QTemporaryDir m_home;
     TempCatalog catalog;
     AppState state;
     ScriptedDialogs dialogs;
-    RecordingShell shell;
-    RecordingHost host;
-    Pages pages{state, dialogs, shell, host};
+    QString key = FilmKey(5, u"C");
+    Pages pages{state, dialogs};
 };
 
-TEST_F(FilmPages, AFilmBecomesAStepOfTheHistory)
+TEST_F(FilmPages, AFilmBecomesAPageThatIsAStepOfTheHistory)
 {
     Write("Skins/Plain/templates/Default.HTML", "<h1>!!TITLE!!</h1>!!GENRE!!<a id=\"!!NAVCREDITS!!\">!!WRITER1!!");
     EXPECT_EQ(FilmPage(), "<h1>Cops & <Robbers></h1>N/A<a id=\"SendMessage:PAGE_CREDITS:5\">N/A");
-    EXPECT_EQ(shell.calls.join(u'|').toStdString(), "PushHistory \"5\nC\" MovieList htmltemp0.html");
-    EXPECT_EQ(host.calls, QStringList{u"navigate "_s + m_home.filePath(u"temp/htmltemp0.html"_s)});
+    EXPECT_EQ(Show()->step, u"htmltemp1.html");
 }
 
 TEST_F(FilmPages, PagesAndPicturesGoRound)
@@ -94,28 +83,28 @@ TEST_F(FilmPages, PagesAndPicturesGoRound)
     for (int i = 0; i < 12; ++i)
         EXPECT_EQ(FilmPage(), u"HOME/temp/MImage%1.JPG HOME/temp/MImage%2.GIF"_s.arg(2 * i + 1).arg(2 * i + 2).toStdString());
     EXPECT_EQ(FilmPage(), "HOME/temp/MImage25.JPG HOME/temp/MImage1.GIF");
-    EXPECT_TRUE(host.calls[9].endsWith(u"/htmltemp9.html"_s));
-    EXPECT_TRUE(host.calls[10].endsWith(u"/htmltemp0.html"_s));
+    EXPECT_EQ(Show()->step, u"htmltemp4.html"); // the fifteenth of ten files
 
     catalog.Run("UPDATE Movie SET Image_ID = 99, ImageBack_ID = NULL"); // a picture that is lost, and none
     EXPECT_EQ(FilmPage(), "HOME/Skins/Plain/No Image.jpg HOME/Skins/Plain/No Image.jpg");
 }
 
-TEST_F(FilmPages, FailuresLeaveTheViewAndTheHistoryAlone)
+TEST_F(FilmPages, FailuresGiveNoPage)
 {
-    pages.ShowFilmPage();
+    const auto errorOf = [&](const QString& node) {
+        key = node;
+        return ErrorOf([&] { return Show(); });
+    };
+    EXPECT_FALSE(Show());
     ASSERT_EQ(dialogs.boxes.size(), 1);
     EXPECT_TRUE(dialogs.boxes[0].text.contains(u"default.html"_s));
     Write("Skins/Plain/Templates/default.html", "!!TITLE!!");
-    host.key = FilmKey(6, u"C");
-    EXPECT_EQ(FilmPageError(), kErrNoCurrentRecord);
-    host.key = GroupKey(u"C");
-    EXPECT_EQ(FilmPageError(), kErrTypeMismatch);
-    host.key = FilmKey(5, u"C");
+    EXPECT_EQ(errorOf(FilmKey(6, u"C")), kErrNoCurrentRecord);
+    EXPECT_EQ(errorOf(GroupKey(u"C")), kErrTypeMismatch);
+    EXPECT_EQ(ErrorOf([&] { return pages.CreditsPage(u"1 OR 1=1"_s); }), kErrTypeMismatch);
+    EXPECT_EQ(ErrorOf([&] { return pages.CreditsPage(u"99999999999"_s); }), kErrOverflow);
     Write("Skins/Plain/skin.ini", "[template]\ntype=XML\n");
-    EXPECT_EQ(FilmPageError(), kErrInvalidCall);
-    EXPECT_TRUE(host.calls.isEmpty());
-    EXPECT_TRUE(shell.calls.isEmpty());
+    EXPECT_EQ(errorOf(FilmKey(5, u"C")), kErrInvalidCall);
 }
 
 TEST_F(FilmPages, CreditsKeepTheirOddTokensAndMarkers)
@@ -131,45 +120,40 @@ TEST_F(FilmPages, CreditsKeepTheirOddTokensAndMarkers)
           "(<!--START_ACTOR_CREDIT-->[!!ACTOR!!,!!CHARACTER!!,!!ACTORNAV!!,!!ACTORIMDB!!]<!--END_ACTOR_CREDIT-->)"
           "(<!--START_WRITER_CREDIT-->[!!WRITER!!,!!EXTENDED!!,!!ACTORNAV!!]<!--START_ACTOR_CREDIT--><!--END_WRITER_CREDIT-->)"
           "(<!--START_DIRECTOR_CREDIT-->[!!DIRECTOR!!,!!EXTENDED!!,!!DIRECTORNAV!!,!!WRITERNAV!!]<!--END_DIRECTOR_CREDIT-->)");
-    const QString path = pages.ShowCreditsPage(u"5"_s);
-    EXPECT_EQ(host.calls, QStringList{u"navigate "_s + path});
-    EXPECT_EQ(Page(), "([Ann,Queen,SendMessage:ACTORID:1,http://site/name/1][Bo,,SendMessage:ACTORID:2,http://site])"
+    EXPECT_EQ(Text(pages.CreditsPage(u"5"_s)),
+              "([Ann,Queen,SendMessage:ACTORID:1,http://site/name/1][Bo,,SendMessage:ACTORID:2,http://site])"
                       "(<!--START_WRITER_CREDIT-->[Wu,(novel),SendMessage:WRITERID:3]<!--END_WRITER_CREDIT-->)"
                       "(<!--START_DIRECTOR_CREDIT-->[Di,,SendMessage:WRITERID:4,!!WRITERNAV!!]<!--END_DIRECTOR_CREDIT-->)");
 
     // A block with one marker only is left alone; a film without people leaves nothing of the block.
     catalog.Run("DELETE FROM ActorLink");
-    Write("Skins/Plain/Templates/credits.html", "<!--START_ACTOR_CREDIT-->x<!--END_ACTOR_CREDIT-->!!WRITER!!<!--END_WRITER_CREDIT-->");
-    pages.ShowCreditsPage(u"5"_s);
-    EXPECT_EQ(Page(), "!!WRITER!!<!--END_WRITER_CREDIT-->");
+    Write("Skins/Plain/Templates/credits.html", "!!TITLE!! <!--START_ACTOR_CREDIT-->x<!--END_ACTOR_CREDIT-->!!WRITER!!<!--END_WRITER_CREDIT-->");
+    EXPECT_EQ(Text(pages.CreditsPage(u"5"_s)), "Cops & <Robbers> !!WRITER!!<!--END_WRITER_CREDIT-->");
 }
 
 TEST_F(FilmPages, CreditsWithoutATemplateAreToldOnce)
 {
     const ScriptedDialogs::Box box{u"The credits template file for skin Plain could not be located.  Please contact Kelvado support."_s,
                                    kBoxCritical, u"Credits Page Error"_s};
-    EXPECT_EQ(pages.ShowCreditsPage(u"5"_s), QString());
+    EXPECT_FALSE(pages.CreditsPage(u"5"_s));
     EXPECT_EQ(dialogs.boxes, QList<ScriptedDialogs::Box>{box});
     Write("Skins/Plain/Templates/credits.html", "");
-    EXPECT_EQ(pages.ShowCreditsPage(u"5"_s), QString());
+    EXPECT_FALSE(pages.CreditsPage(u"5"_s));
     EXPECT_EQ(dialogs.boxes, (QList<ScriptedDialogs::Box>{box, box}));
-    EXPECT_TRUE(host.calls.isEmpty());
 
     Write("Skins/Plain/skin.ini", "[Template]\nType=XML\n");
-    EXPECT_TRUE(pages.ShowCreditsPage(u"5"_s).endsWith(u"/temp/htmltemp0.xml"_s));
-    EXPECT_EQ(Page(), "");
+    const std::optional<Page> xml = pages.CreditsPage(u"5"_s);
+    EXPECT_EQ(xml->step, u"htmltemp0.xml");
+    EXPECT_EQ(Text(xml), "");
 }
 
 TEST_F(FilmPages, TheNfoPageIsNoStepOfTheHistory)
 {
     Write("Skins/Plain/Templates/nfo.html", "<pre>!!NFO!!</pre>");
-    pages.ShowNfoPage();
-    EXPECT_EQ(Page(), "<pre>N/A</pre>");
+    EXPECT_EQ(Text(pages.NfoPage(key)), "<pre>N/A</pre>");
     catalog.Run("UPDATE Movie SET Nfo = 'a' || char(13, 10) || '!!TITLE!!'");
-    pages.ShowNfoPage();
-    EXPECT_EQ(Page(), "<pre>a\r\n!!TITLE!!</pre>");
-    EXPECT_EQ(host.calls.last(), u"navigate "_s + m_home.filePath(u"htmltemp.html"_s));
-    EXPECT_TRUE(shell.calls.isEmpty());
+    EXPECT_EQ(Text(pages.NfoPage(key)), "<pre>a\r\n!!TITLE!!</pre>");
+    EXPECT_EQ(pages.NfoPage(key)->step, QString());
 }
 
 } // namespace

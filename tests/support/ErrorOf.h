@@ -4,16 +4,16 @@
 
 namespace kelvado {
 
-/// The number of the run-time error that `action` raises; 0 for none.
-template<typename Action>
-int ErrorOf(Action&& action)
+/// The number of the run-time failure that `run` ends with; 0 for none. Any other exception goes on.
+template<typename Run>
+int ErrorOf(const Run& run)
 {
     try {
-        action();
+        static_cast<void>(run());
+        return 0;
     } catch (const RuntimeError& error) {
         return error.Number();
     }
-    return 0;
 }
 
 } // namespace kelvado

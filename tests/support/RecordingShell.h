@@ -14,10 +14,6 @@ public:
     void RefreshCatalogTree() override { calls << u"RefreshCatalogTree"_s; }
     void ShowSelection() override { calls << u"ShowSelection"_s; }
     void ApplyMenuRules() override { calls << u"ApplyMenuRules"_s; }
-    void PushHistory(const QString& key, const QString& section, const QString& page) override
-    {
-        calls << u"PushHistory %1 %2 %3"_s.arg(key, section, page);
-    }
     void UpdateStatus(bool recount) override { calls << u"UpdateStatus %1"_s.arg(recount); }
     void ShowWorking(bool busy) override { calls << u"ShowWorking %1"_s.arg(busy); }
     void ShowProgress(int percent) override { lastProgress = percent; }

@@ -1,30 +1,19 @@
 #pragma once
 
-class QString;
+#include "Drawing.h"
 
 namespace kelvado {
 
-class Palette;
+/// Makes the pictures of a list (JSON) into `target`: each of its entries says by which drawing, in which states, sizes and frames.
+/// Drawings are looked for in `folders`, in their order, and filled in from the palette and the entry. Raises ArtFault, with the file, for
+/// a list or a drawing that cannot be read and for a picture that cannot be made.
+void MakePictures(const QString& list, const QStringList& folders, const Values& palette, const QString& target);
 
-/// Each button of the tool bar as "Key.png", "Key-over.png", "Key-down.png" and "Key-disabled.png".
-void PaintToolbar(const Palette& palette, const QString& folder);
+/// Makes the skin of the folder `skin`: its own files, and the pictures of "skin.json" by its palette. A drawing or list in the skin's
+/// folder "art" goes before that of the same name in `art`.
+void MakeSkin(const QString& skin, const QString& art, const QString& target);
 
-/// The catalog tree's pictures "1.png" to "13.png".
-void PaintTree(const Palette& palette, const QString& folder);
-
-/// The certificates, in double size for a page that shows them 24 pixels high.
-void PaintCertificates(const Palette& palette, const QString& folder);
-
-/// The pieces of the rating bar, in double size for a page that shows them 20 pixels high.
-void PaintRatingBar(const Palette& palette, const QString& folder);
-
-/// The picture of a film that has none.
-void PaintNoImage(const Palette& palette, const QString& folder);
-
-/// "working.gif", which moves, and its idle twin "stop.gif".
-void PaintBusy(const Palette& palette, const QString& folder);
-
-/// The program's own picture: "kelvado-16.png" … "kelvado-256.png" and "kelvado.png".
-void PaintAppIcon(const Palette& palette, const QString& folder);
+/// Makes the pictures that lie beside the program, "program.json", in the colors of the skin.
+void MakeProgramPictures(const QString& skin, const QString& art, const QString& target);
 
 } // namespace kelvado

@@ -1,6 +1,7 @@
 // Makes what is delivered beside the program:
 //   stage blank SCHEMA.sql OUT            the blank catalog
-//   stage sample FILMS-FOLDER BLANK OUT   the sample collection, stored as the program itself stores films
+//   stage sample FILMS-FOLDER COVERS-FOLDER BLANK OUT
+//                                         the sample collection, stored as the program itself stores films
 //   stage settings DELIVERED TARGET KEY=VALUE…
 //                                         adds the settings that TARGET lacks; what stands there stays
 
@@ -63,7 +64,7 @@ QByteArray Jpeg(const QImage& picture)
 
 CoverText CoverTextOf(const FilmRecord& film)
 {
-    CoverText text{film.TitleNY, film.Year.toInt(), {}, {}};
+    CoverText text{film.TitleNY, film.Year.toInt(), {}, {}, film.Plot};
     for (const FilmGenre& genre : film.Genres)
         text.genres << genre.Genre;
     QStringList directors;
@@ -74,7 +75,7 @@ CoverText CoverTextOf(const FilmRecord& film)
 }
 
 // What no writer of films stores: the list for the evening, the NFO text, the second picture, and who has the film.
-void StoreRest(const SampleFilm& film, qint64 movieId, quint32 seed, const QString& catalog, const QString& folder)
+void StoreRest(const SampleFilm& film, qint64 movieId, const Covers& covers, quint32 seed, const QString& catalog, const QString& folder)
 {
     Connection connection = OpenCatalog(catalog);
     Recordset row;
@@ -85,7 +86,7 @@ void StoreRest(const SampleFilm& film, qint64 movieId, quint32 seed, const QStri
         row[u"Nfo"].Set(film.nfo);
     if (film.backCover) {
         const QString path = folder + u"/back.JPG"_s;
-        WriteFileWhole(path, Jpeg(PaintBackCover(CoverTextOf(film.record), film.record.Plot, seed)));
+        WriteFileWhole(path, Jpeg(covers.Back(CoverTextOf(film.record), seed)));
         row[u"ImageBack_ID"].Set(static_cast<std::int64_t>(StoreImageFile(path, connection)));
     }
     if (!film.loanedTo.isEmpty()) {
@@ -103,8 +104,9 @@ void StoreRest(const SampleFilm& film, qint64 movieId, quint32 seed, const QStri
     connection.Close();
 }
 
-void MakeSample(const QString& filmsFolder, const QString& blank, const QString& target)
+void MakeSample(const QString& filmsFolder, const QString& coversFolder, const QString& blank, const QString& target)
 {
+    const Covers covers(coversFolder);
     const QTemporaryDir folder;
     const QString catalog = folder.filePath(u"sample.kvd"_s);
     CopyFileWhole(blank, catalog);
@@ -114,11 +116,11 @@ void MakeSample(const QString& filmsFolder, const QString& blank, const QString&
     for (SampleFilm& film : ReadSampleFilms(filmsFolder)) {
         FilmRecord& record = film.record;
         ++count;
-        record.ImageData = Jpeg(PaintCover(CoverTextOf(record), count));
+        record.ImageData = Jpeg(covers.Front(CoverTextOf(record), count));
         record.ImageExtention = u"JPG"_s;
         const qint64 movieId = AddFilm(record, cOptIMDbFilm::Everything(), context);
         SaveFilmEdit(record, movieId, context);
-        StoreRest(film, movieId, count, catalog, folder.path());
+        StoreRest(film, movieId, covers, count, catalog, folder.path());
     }
     CopyFileWhole(catalog, target);
     std::printf("%u films in %s\n", count, qPrintable(target));
@@ -158,14 +160,14 @@ int main(int argc, char** argv)
     try {
         if (job == u"blank" && arguments.size() == 3)
             BuildBlankCatalog(arguments[2], QString::fromUtf8(ReadBytes(arguments[1])));
-        else if (job == u"sample" && arguments.size() == 4)
-            MakeSample(arguments[1], arguments[2], arguments[3]);
+        else if (job == u"sample" && arguments.size() == 5)
+            MakeSample(arguments[1], arguments[2], arguments[3], arguments[4]);
         else if (job == u"settings" && arguments.size() >= 3)
             CompleteSettings(arguments[1], arguments[2], arguments.mid(3));
         else
             throw RuntimeError(kErrInvalidCall, u"usage: stage blank|sample|settings …"_s);
         return 0;
-    } catch (const RuntimeError& error) {
+    } catch (const std::exception& error) {
         std::fprintf(stderr, "stage: %s\n", error.what());
         return 1;
     }

@@ -25,7 +25,6 @@ constexpr quint32 kScriptWorld = QWebEngineScript::ApplicationWorld;
 frmPageView::frmPageView(QWidget* parent) : QWidget(parent), m_path(kBlank)
 {
     setObjectName(u"frmPageView"_s);
-    setAccessibleName(tr("Page"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     m_watch.setSingleShot(true);

@@ -1,6 +1,6 @@
 #include "web/forms/Form2.h"
 
-#include "core/Finally.h"
+#include "core/Afterwards.h"
 #include "core/Guard.h"
 #include "core/Literals.h"
 #include "ui_Form2.h"
@@ -110,7 +110,7 @@ void Form2::AddAll()
     if (m_ui->ChkDefault->isChecked())
         choices.defaults = {m_ui->cboFormat->currentText(), m_ui->txtDiscs->text(), m_ui->txtIndex->text()};
     const auto add = [&] { AddQueue(m_queue, choices, m_desk, [this](const JobResult& result) { WriteLog(result); }); };
-    Finally(add, [this] {
+    Afterwards(add, [this] {
         if (m_queue.isEmpty())
             m_search.Clear(); // rows that wait in the queue still need the other titles
         ShowLists();

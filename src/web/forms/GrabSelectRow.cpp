@@ -39,19 +39,11 @@ constexpr ModePictures kModes[] = {
 
 } // namespace
 
-GrabSelectRow::GrabSelectRow(QWidget* parent) : QWidget(parent), m_spacer(new TabImage(u"ImgTaddSpacer"_s, this))
+GrabSelectRow::GrabSelectRow(QWidget* parent) : TabRow(parent)
 {
-    for (std::size_t i = 0; i < kSlots; ++i) {
-        const Slot& slot = kSlotTable[i];
-        auto* piece = new TabImage(QString::fromLatin1(slot.name), this);
-        m_pieces[i] = piece;
-        if (slot.mode.isEmpty())
-            continue;
-        piece->setFocusPolicy(Qt::TabFocus);
-        piece->setAccessibleName(QString::fromLatin1(slot.caption));
-        piece->setCursor(Qt::PointingHandCursor);
-        connect(piece, &QAbstractButton::clicked, this, [this, mode = QString(slot.mode)] { Q_EMIT SourceClick(mode); });
-    }
+    for (std::size_t i = 0; i < kSlots; ++i)
+        m_pieces[i] = AddPiece(kSlotTable[i].name, kSlotTable[i].mode, kSlotTable[i].caption);
+    m_spacer = AddPiece("ImgTaddSpacer", {}, "");
 }
 
 void GrabSelectRow::LoadSearchBar(const QString& skin, const QString& mode)
@@ -65,6 +57,7 @@ void GrabSelectRow::LoadSearchBar(const QString& skin, const QString& mode)
     for (std::size_t i = 0; i < kSlots; ++i)
         m_pieces[i]->SetPicture(load(pictures->files[i]));
     m_spacer->SetPicture(load("ToolSpacer.BMP"));
+    SetSelected(mode);
     ArrangeSearchBar();
 }
 

@@ -8,8 +8,9 @@
 
 namespace kelvado {
 
-/// The row in which the source of new films is chosen: the sources' tabs with the pieces that join them, all pictures of the skin.
-class GrabSelectRow : public QWidget
+/// The row in which the source of new films is chosen: the sources' tabs with the pieces that join them, all pictures of the skin. The
+/// keys are the modes.
+class GrabSelectRow : public TabRow
 {
     Q_OBJECT
 public:
@@ -20,9 +21,6 @@ public:
     void LoadSearchBar(const QString& skin, const QString& mode);
     /// Places the pieces side by side; the last one fills what is left.
     void ArrangeSearchBar();
-
-Q_SIGNALS:
-    void SourceClick(const QString& mode);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

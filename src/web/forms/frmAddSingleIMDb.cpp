@@ -1,6 +1,6 @@
 #include "web/forms/frmAddSingleIMDb.h"
 
-#include "core/Finally.h"
+#include "core/Afterwards.h"
 #include "core/Guard.h"
 #include "ui_frmAddSingleIMDb.h"
 #include "web/forms/Form2.h"
@@ -97,7 +97,7 @@ void frmAddSingleIMDb::OnChoose(int row)
     if (m_ui->ChkAKA->isChecked())
         choose = AskInAkaSet(m_desk.dialogs, m_skinner, *parentWidget());
     hide();
-    Finally([&] { UpdateFromRow(chosen, m_search.OtherTitles(), choose, m_movieId, m_desk); }, [this] { Release(); });
+    Afterwards([&] { UpdateFromRow(chosen, m_search.OtherTitles(), choose, m_movieId, m_desk); }, [this] { Release(); });
 }
 
 } // namespace kelvado

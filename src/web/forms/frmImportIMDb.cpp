@@ -1,6 +1,6 @@
 #include "web/forms/frmImportIMDb.h"
 
-#include "core/Finally.h"
+#include "core/Afterwards.h"
 #include "core/Guard.h"
 #include "ui_frmImportIMDb.h"
 #include "web/search/NumberImport.h"
@@ -49,7 +49,7 @@ void frmImportIMDb::reject()
 void frmImportIMDb::SelectFile()
 {
     // The dialog was the main window's.
-    Finally([this] { m_desk.dialogs.ShowOpen(m_file); }, [this] { activateWindow(); });
+    Afterwards([this] { m_desk.dialogs.ShowOpen(m_file); }, [this] { activateWindow(); });
     ShowNumbers(m_numbers.stringList() + ReadNumbers(m_file.fileName));
 }
 
@@ -74,15 +74,15 @@ void frmImportIMDb::AddAll()
         return;
     QStringList numbers = m_numbers.stringList();
     m_running = true;
-    Finally([&] { AddNumbers(numbers, m_desk); },
-            [&] {
-                m_running = false;
-                ShowNumbers(numbers);
-                if (numbers.isEmpty())
-                    hide();
-                else
-                    activateWindow();
-            });
+    Afterwards([&] { AddNumbers(numbers, m_desk); },
+               [&] {
+                   m_running = false;
+                   ShowNumbers(numbers);
+                   if (numbers.isEmpty())
+                       hide();
+                   else
+                       activateWindow();
+               });
 }
 
 void frmImportIMDb::ShowNumbers(const QStringList& numbers)

@@ -1,6 +1,6 @@
 #include "web/retrieval/FilmDesk.h"
 
-#include "core/Finally.h"
+#include "core/Afterwards.h"
 #include "core/Literals.h"
 #include "core/Paths.h"
 
@@ -17,7 +17,7 @@ std::optional<FetchTurn> TakeTurn(FilmDesk& desk)
 void RunJob(FilmDesk& desk, const std::function<void()>& work)
 {
     desk.shell.EnableMainWindow(false);
-    Finally(
+    Afterwards(
         [&] {
             desk.progress.Open();
             work();

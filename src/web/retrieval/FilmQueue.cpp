@@ -1,7 +1,7 @@
 #include "web/retrieval/FilmQueue.h"
 
+#include "core/Afterwards.h"
 #include "core/Conversions.h"
-#include "core/Finally.h"
 #include "core/Guard.h"
 #include "core/Literals.h"
 #include "core/RuntimeError.h"
@@ -163,7 +163,7 @@ std::optional<JobResult> RunAdding(QList<Row>& rows, const std::function<BatchFi
         desk.progress.Close();
         TellResult(result, desk.dialogs);
     };
-    RunJob(desk, [&] { Finally(add, [&] { desk.shell.ShowWorking(false); }); });
+    RunJob(desk, [&] { Afterwards(add, [&] { desk.shell.ShowWorking(false); }); });
     return result;
 }
 

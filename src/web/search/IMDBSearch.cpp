@@ -1,7 +1,7 @@
 #include "web/search/IMDBSearch.h"
 
+#include "core/Afterwards.h"
 #include "core/Conversions.h"
-#include "core/Finally.h"
 #include "core/Literals.h"
 #include "web/readers/WebText.h"
 #include "web/readers/mIMDBTitleParse.h"
@@ -105,7 +105,7 @@ QString CollectAkaTitles(QStringView text, qsizetype start)
 void ParseSearchPage(QString& page, QList<SearchRow>& lstSearch, QStringList& lstAka, Shell& shell, Dialogs& dialogs)
 {
     shell.ShowWorking(true);
-    Finally([&] { ReadSearchPage(page, lstSearch, lstAka, dialogs); }, [&] { shell.ShowWorking(false); });
+    Afterwards([&] { ReadSearchPage(page, lstSearch, lstAka, dialogs); }, [&] { shell.ShowWorking(false); });
 }
 
 } // namespace kelvado

@@ -1,7 +1,7 @@
 #include "web/search/TitleSearch.h"
 
+#include "core/Afterwards.h"
 #include "core/Conversions.h"
-#include "core/Finally.h"
 #include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/WebHosts.h"
@@ -55,12 +55,12 @@ void TitleSearch::Run(const std::function<bool()>& work)
     m_onChange();
     // However a search ends, the next one can begin; a locked one stays so.
     bool free = true;
-    Finally([&] { free = work(); },
-            [&] {
-                m_waiting = false;
-                m_running = !free;
-                m_onChange();
-            });
+    Afterwards([&] { free = work(); },
+               [&] {
+                   m_waiting = false;
+                   m_running = !free;
+                   m_onChange();
+               });
 }
 
 bool TitleSearch::FindNumber(const QString& number)

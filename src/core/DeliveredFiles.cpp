@@ -1,0 +1,46 @@
+#include "core/DeliveredFiles.h"
+
+#include "core/Literals.h"
+#include "core/Profile.h"
+#include "core/RuntimeError.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+
+namespace kelvado {
+
+namespace {
+
+constexpr QLatin1StringView kSample("Sample.kvd");
+
+void CopyFile(const QString& source, const QString& target)
+{
+    // Delivered files may be read-only; the user's own are not.
+    constexpr QFile::Permissions kOwn = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther;
+    if (!QDir().mkpath(QFileInfo(target).path()) || !QFile::copy(source, target) || !QFile::setPermissions(target, kOwn))
+        throw RuntimeError::WithDetail(kErrFileAccess, target);
+}
+
+} // namespace
+
+void FurnishHome(const QString& home, const QString& delivered)
+{
+    if (QFileInfo::exists(home) && !QDir(home).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+        return;
+    if (QFileInfo(home).canonicalFilePath() == QFileInfo(delivered).canonicalFilePath())
+        return;
+    const QStringList kinds{u"*.ini"_s, u"*.dat"_s, u"*.kvd"_s, u"*.png"_s, u"*.gif"_s};
+    for (const QFileInfo& file : QDir(delivered).entryInfoList(kinds, QDir::Files))
+        CopyFile(file.filePath(), home + u'/' + file.fileName());
+    const QString skins = delivered + u"/Skins"_s;
+    QDirIterator files(skins, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString file = files.next();
+        CopyFile(file, home + u"/Skins"_s + file.mid(skins.size()));
+    }
+    const QString sample = home + u'/' + kSample;
+    WriteProfileValue(u"Settings"_s, u"Default"_s, QFile::exists(sample) ? sample : QString(), home + u"/Settings.ini"_s);
+}
+
+} // namespace kelvado

@@ -1,0 +1,126 @@
+#include "ui/Accessibility.h"
+
+#include "core/Literals.h"
+#include "ui/BusyPicture.h"
+#include "ui/PaneSplitter.h"
+#include "ui/SectionTabRow.h"
+#include "ui/StatusCells.h"
+#include "ui/ctxToolbar.h"
+
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+#include <algorithm>
+
+namespace kelvado {
+
+namespace {
+
+/// A control of another role than its class has by nature.
+class RoleAccessible : public QAccessibleWidget
+{
+public:
+    RoleAccessible(QWidget* widget, QAccessible::Role role) : QAccessibleWidget(widget, role) {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        QString text = QAccessibleWidget::text(kind);
+        // Without a description of its own, the tooltip would be taken: the name once more, or markup.
+        const bool isToolTip = kind == QAccessible::Description && widget()->accessibleDescription().isEmpty();
+        return isToolTip && (text == widget()->accessibleName() || Qt::mightBeRichText(text)) ? QString() : text;
+    }
+};
+
+/// A button that is drawn by us: a tab or a button of the tool bar.
+class ButtonAccessible : public RoleAccessible
+{
+public:
+    ButtonAccessible(QAbstractButton* button, QAccessible::Role role) : RoleAccessible(button, role) {}
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = RoleAccessible::state();
+        if (role() == QAccessible::PageTab) {
+            state.selectable = true;
+            state.selected = static_cast<const TabImage*>(widget())->IsSelected();
+        }
+        return state;
+    }
+    QStringList actionNames() const override { return {widget()->isEnabled() ? pressAction() : QString()}; }
+    void doAction(const QString& action) override
+    {
+        if (action == pressAction())
+            static_cast<QAbstractButton*>(widget())->click();
+    }
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+};
+
+/// A row of tabs. The pieces between them are pictures and no controls.
+class TabRowAccessible : public RoleAccessible
+{
+public:
+    explicit TabRowAccessible(QWidget* row) : RoleAccessible(row, QAccessible::PageTabList) {}
+
+    int childCount() const override { return static_cast<int>(Tabs().size()); }
+    QAccessibleInterface* child(int index) const override { return QAccessible::queryAccessibleInterface(Tabs().value(index)); }
+    int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        return child ? static_cast<int>(Tabs().indexOf(static_cast<TabImage*>(child->object()))) : -1;
+    }
+
+private:
+    QList<TabImage*> Tabs() const
+    {
+        QList<TabImage*> tabs = widget()->findChildren<TabImage*>(QString(), Qt::FindDirectChildrenOnly);
+        tabs.removeIf([](const TabImage* piece) { return !piece->IsTab(); });
+        std::ranges::sort(tabs, {}, [](const TabImage* tab) { return tab->x(); });
+        return tabs;
+    }
+};
+
+QAccessibleInterface* MakeInterface(const QString& className, QObject* object)
+{
+    if (!object || !object->isWidgetType())
+        return nullptr;
+    auto* widget = static_cast<QWidget*>(object);
+    if (className == "kelvado::TabImage"_L1)
+        return static_cast<TabImage*>(widget)->IsTab() ? static_cast<QAccessibleInterface*>(
+                                                             new ButtonAccessible(static_cast<TabImage*>(widget), QAccessible::PageTab))
+                                                       : new RoleAccessible(widget, QAccessible::Graphic);
+    if (className == "kelvado::TabRow"_L1)
+        return new TabRowAccessible(widget);
+    if (className == "kelvado::ctxToolbar"_L1)
+        return new RoleAccessible(widget, QAccessible::ToolBar);
+    if (className == "kelvado::StatusCells"_L1)
+        return new RoleAccessible(widget, QAccessible::StatusBar);
+    if (className == "kelvado::BusyPicture"_L1)
+        return new RoleAccessible(widget, QAccessible::Animation);
+    if (className == "kelvado::PaneSplitter"_L1)
+        return new RoleAccessible(widget, QAccessible::Splitter);
+    if (className == "QAbstractButton"_L1 && qobject_cast<ctxToolbar*>(widget->parentWidget()))
+        return new ButtonAccessible(static_cast<QAbstractButton*>(widget), QAccessible::Button);
+    return nullptr;
+}
+
+} // namespace
+
+void InstallAccessibility()
+{
+    QAccessible::installFactory(MakeInterface);
+}
+
+void TellExpanded(QAbstractItemView& tree, const QModelIndex& node)
+{
+    if (!QAccessible::isActive() || node != tree.currentIndex())
+        return;
+    QAccessibleInterface* view = QAccessible::queryAccessibleInterface(&tree);
+    if (QAccessibleInterface* item = view ? view->focusChild() : nullptr) {
+        QAccessible::State changed;
+        changed.expanded = true;
+        QAccessibleStateChangeEvent event(item, changed);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+} // namespace kelvado
