@@ -9,8 +9,8 @@
 #include "app/mMenuOptions.h"
 #include "browse/SelectionFacts.h"
 #include "core/Afterwards.h"
-#include "core/Literals.h"
 #include "core/OutsideAddress.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
@@ -182,10 +182,11 @@ void Form1::ConnectControls()
             m_menus.Popup(u"mnuTreeview"_s, place);
         });
     });
-    connect(m_ui->PicStatusBar, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
-        if (m_state.CatalogOpen)
-            m_menus.Popup(u"mnuStatus"_s, m_ui->PicStatusBar->mapToGlobal(place));
-    });
+    connect(m_ui->PicStatusBar, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& place) {
+                if (m_state.CatalogOpen)
+                    m_menus.Popup(u"mnuStatus"_s, m_ui->PicStatusBar->mapToGlobal(place));
+            });
     connect(m_pageView, &frmPageView::Clicked, this, [this](const PageClick& click) { Guard([&] { OnPageClick(click); }); });
     connect(m_pageView, &frmPageView::ContextMenu, this, [this] { Guard([&] { ShowFilmMenu(); }); });
 }
