@@ -63,9 +63,12 @@ bool Rename(const QString& from, const QString& to)
 
 void CopyCatalog(const QString& source, const QString& target)
 {
-    if (QFileInfo(source).canonicalFilePath() == QFileInfo(target).canonicalFilePath() && QFileInfo::exists(source))
+    // Through a link, the file that it names is replaced.
+    const QString existing = QFileInfo(target).canonicalFilePath();
+    if (!existing.isEmpty() && QFileInfo(source).canonicalFilePath() == existing)
         throw RuntimeError::WithDetail(kErrFileAccess, target + u" (source and target are the same file)"_s);
-    const QString unfinished = target + u".new"_s;
+    const QString place = existing.isEmpty() ? target : existing;
+    const QString unfinished = place + u".new"_s;
     RemoveCatalog(unfinished);
     try {
         CopyPages(source, unfinished, target);
@@ -73,7 +76,7 @@ void CopyCatalog(const QString& source, const QString& target)
         RemoveCatalog(unfinished);
         throw;
     }
-    PutInPlace(unfinished, target);
+    PutInPlace(unfinished, place);
 }
 
 void RemoveCatalog(const QString& path)
