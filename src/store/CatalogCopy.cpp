@@ -44,7 +44,6 @@ void CopyPages(const QString& source, const QString& unfinished, const QString& 
     sqlite3_backup* copy = sqlite3_backup_init(to.get(), "main", from.get(), "main");
     const int result = copy ? sqlite3_backup_step(copy, -1) : SQLITE_ERROR;
     sqlite3_backup_finish(copy);
-    wait.Finish();
     if (result != SQLITE_DONE) {
         const bool readingFailed = result == SQLITE_BUSY || result == SQLITE_LOCKED || result == SQLITE_NOTADB || result == SQLITE_CORRUPT;
         throw RuntimeError(kErrDatabase, QString::fromUtf8(sqlite3_errstr(result)) + u" ("_s + (readingFailed ? source : target) + u')');

@@ -131,7 +131,7 @@ TEST_F(MainWindow, ACatalogThatIsLockedIsWaitedForWithTheWindowAlive)
     };
     ClickNode(u"Alien"_s);
     EXPECT_TRUE(busy);
-    EXPECT_FALSE(Get<BusyPicture>("Working").IsBusy());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !Get<BusyPicture>("Working").IsBusy(); }));
     EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
 }
 
