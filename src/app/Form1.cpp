@@ -107,11 +107,17 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     m_pageView->hide();
     m_catalog = std::make_unique<CatalogPane>(CatalogPane::Context{m_state, dialogs, events, m_menus, *this, m_skinner, *m_ui->TreeView1});
     m_tray = std::make_unique<WindowTray>(*this, m_state, dialogs, m_menus);
-    WhileLocked().meanwhile = [this] {
+    // The picture moves while the catalog is waited for, and stops soon after the last round.
+    constexpr int kWaitIsOver = 200;
+    auto* waitIsOver = new QTimer(this);
+    waitIsOver->setSingleShot(true);
+    waitIsOver->setInterval(kWaitIsOver);
+    connect(waitIsOver, &QTimer::timeout, this, [this] { ShowWorking(false); });
+    WhileLocked().meanwhile = [this, waitIsOver] {
         ShowWorking(true);
+        waitIsOver->start();
         m_events.ServeWithoutInput();
     };
-    WhileLocked().afterwards = [this] { ShowWorking(false); };
     ConnectMenus();
     ConnectControls();
     m_browseMenus = std::make_unique<BrowseMenus>(BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_catalog->Model(),

@@ -33,7 +33,7 @@ QString ValueOfKey(const QString& key);
 FilmId FilmOfKey(const QString& key);
 
 /// Part `index` (from 0) of a key that is split at its line feeds, without quote marks; the empty text where there is no such part.
-/// Part 1 of an actor is the actor's number.
+/// In an actor's key the second part is the actor's number.
 QString KeyPart(const QString& key, int index);
 
 } // namespace kelvado

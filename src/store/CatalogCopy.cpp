@@ -44,7 +44,6 @@ void CopyPages(const QString& source, const QString& unfinished, const QString& 
     sqlite3_backup* copy = sqlite3_backup_init(to.get(), "main", from.get(), "main");
     const int result = copy ? sqlite3_backup_step(copy, -1) : SQLITE_ERROR;
     sqlite3_backup_finish(copy);
-    wait.Finish();
     if (result != SQLITE_DONE) {
         const bool readingFailed = result == SQLITE_BUSY || result == SQLITE_LOCKED || result == SQLITE_NOTADB || result == SQLITE_CORRUPT;
         throw RuntimeError(kErrDatabase, QString::fromUtf8(sqlite3_errstr(result)) + u" ("_s + (readingFailed ? source : target) + u')');
@@ -63,9 +62,12 @@ bool Rename(const QString& from, const QString& to)
 
 void CopyCatalog(const QString& source, const QString& target)
 {
-    if (QFileInfo(source).canonicalFilePath() == QFileInfo(target).canonicalFilePath() && QFileInfo::exists(source))
+    // Through a link, the file that it names is replaced.
+    const QString existing = QFileInfo(target).canonicalFilePath();
+    if (!existing.isEmpty() && QFileInfo(source).canonicalFilePath() == existing)
         throw RuntimeError::WithDetail(kErrFileAccess, target + u" (source and target are the same file)"_s);
-    const QString unfinished = target + u".new"_s;
+    const QString place = existing.isEmpty() ? target : existing;
+    const QString unfinished = place + u".new"_s;
     RemoveCatalog(unfinished);
     try {
         CopyPages(source, unfinished, target);
@@ -73,7 +75,7 @@ void CopyCatalog(const QString& source, const QString& target)
         RemoveCatalog(unfinished);
         throw;
     }
-    PutInPlace(unfinished, target);
+    PutInPlace(unfinished, place);
 }
 
 void RemoveCatalog(const QString& path)

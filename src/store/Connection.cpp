@@ -109,7 +109,6 @@ void ConnectionImpl::Close()
     m_statements.clear();
     sqlite3_close_v2(m_database);
     m_database = nullptr;
-    m_wait.Finish();
     if (failure)
         std::rethrow_exception(failure);
 }

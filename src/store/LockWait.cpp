@@ -7,7 +7,6 @@
 
 #include <chrono>
 #include <thread>
-#include <utility>
 
 namespace kelvado {
 
@@ -73,12 +72,6 @@ bool LockWait::GoOn()
     }
     m_waited += timer.elapsed();
     return true;
-}
-
-void LockWait::Finish()
-{
-    if (std::exchange(m_waited, 0) > 0 && WhileLocked().afterwards)
-        WhileLocked().afterwards();
 }
 
 } // namespace kelvado

@@ -14,11 +14,9 @@ struct LockManners
     int patience = 5000; ///< milliseconds that an operation waits in all
     /// Called again and again while an operation waits. It must not use the connection that waits.
     std::function<void()> meanwhile;
-    /// Called once when an operation that had to wait is over.
-    std::function<void()> afterwards;
 };
 
-/// One for the process; the main window puts its routines in.
+/// One for the process; the main window puts its routine in.
 LockManners& WhileLocked();
 
 /// The waiting of one connection.
@@ -28,8 +26,6 @@ public:
     explicit LockWait(const QString& path) : m_path(path) {}
     LockWait(const LockWait&) = delete;
     LockWait& operator=(const LockWait&) = delete;
-    /// Tells `afterwards` where there was a wait.
-    void Finish();
     /// Lets `database` wait by this object, which must outlive it. Returns the engine's result.
     int Install(sqlite3* database);
 

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "core/Literals.h"
+#include "ui/BusyPicture.h"
 
 namespace kelvado {
 namespace {
@@ -115,6 +116,23 @@ TEST_F(MainWindow, ACatalogThatVanishedIsNamedOnceForEachClick)
     ASSERT_TRUE(QFile::rename(away, catalog.Path()));
     Press("Refresh");
     EXPECT_EQ(Shown(), kThreeFilms);
+}
+
+TEST_F(MainWindow, ACatalogThatIsLockedIsWaitedForWithTheWindowAlive)
+{
+    Start();
+    OtherProgram other(catalog.Path());
+    other.Run("BEGIN EXCLUSIVE");
+    bool busy = false;
+    events.hook = [&] {
+        events.hook = nullptr;
+        busy = Get<BusyPicture>("Working").IsBusy();
+        other.Run("COMMIT");
+    };
+    ClickNode(u"Alien"_s);
+    EXPECT_TRUE(busy);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !Get<BusyPicture>("Working").IsBusy(); }));
+    EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
 }
 
 TEST_F(MainWindow, APageThatCannotBeWrittenIsNamed)

@@ -138,11 +138,8 @@ TEST_F(Tokens, RatingBars)
     EXPECT_THROW(Film(""), RuntimeError);
 }
 
-TEST_F(Tokens, SkinPicturesAreFoundInAnySpelling)
+TEST(PathForPage, KeepsMarksOfAddressesOut)
 {
-    QDir(m_home.path()).mkpath(u"Skins/Plain/Ratings"_s);
-    QFile(m_home.filePath(u"Skins/Plain/Ratings/na.gif"_s)).open(QIODevice::WriteOnly);
-    EXPECT_EQ(Film("!!RATEDIMG!!"), "HOME/Skins/Plain/Ratings/na.gif");
     EXPECT_EQ(PathForPage(u"C:\\100% #1\\a?&lt;.gif"_s), u"C:/100%25 %231/a%3F%26lt;.gif"_s);
 }
 

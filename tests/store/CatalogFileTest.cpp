@@ -141,16 +141,24 @@ TEST_F(CatalogFileTest, SaveAsWaitsForAnotherWriter)
     state.comDiagFile.fileName = link;
     WhileLocked().patience = 5000;
     int rounds = 0;
-    bool over = false;
     WhileLocked().meanwhile = [&] {
         if (++rounds == 2)
             other.Run("COMMIT");
     };
-    WhileLocked().afterwards = [&] { over = true; };
     file.SaveAs();
     EXPECT_EQ(rounds, 2);
-    EXPECT_TRUE(over);
     EXPECT_EQ(FilmsOf(mine), u"Alien,Brazil");
+
+    // Through a link, the file that it names is replaced.
+    const QString old = Put(u"old.kvd"_s);
+    other.Run("DELETE FROM Movie");
+    const QString linkToOld = home.Path(u"to old.kvd"_s);
+    QFile::link(old, linkToOld);
+    dialogs.files << linkToOld;
+    dialogs.answers << kAnswerYes;
+    file.SaveAs();
+    EXPECT_TRUE(QFileInfo(linkToOld).isSymLink());
+    EXPECT_EQ(FilmsOf(old), u"Alien,Brazil");
 }
 
 TEST_F(CatalogFileTest, SetDefaultWritesThePathOrSaysThatNothingIsOpen)
