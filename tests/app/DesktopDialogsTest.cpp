@@ -55,6 +55,9 @@ TEST(DesktopDialogs, ACancelledFileDialogRaisesAndKeepsThePath)
         FileDialog file{u"/tmp/films.kvd"_s, u"Kelvado Catolog (*.kvd)| *.kvd"_s};
         OnDialog<QFileDialog>([](QFileDialog& dialog) {
             EXPECT_TRUE(dialog.nameFilters().constFirst().contains(u"*.kvd"));
+            if (dialog.acceptMode() == QFileDialog::AcceptSave) {
+                EXPECT_EQ(dialog.selectedFiles(), QStringList(u"/tmp/films.kvd"_s)); // the name that is proposed
+            }
             dialog.reject();
         });
         try {
