@@ -17,13 +17,9 @@
 #include <QTimer>
 #include <QWebEngineView>
 
-std::unique_ptr<QCoreApplication> MakeTestApplication(int& argc, char** argv)
+void PrepareTestApplication()
 {
-    using namespace kelvado;
-    PreparePageEngine();
-    auto application = std::make_unique<QApplication>(argc, argv);
-    QApplication::setStyle(u"Fusion"_s);
-    return application;
+    kelvado::PreparePageEngine();
 }
 
 namespace kelvado {

@@ -22,12 +22,11 @@
 // What the user gave the program, before the engine was prepared.
 QProcessEnvironment userEnvironment;
 
-std::unique_ptr<QCoreApplication> MakeTestApplication(int& argc, char** argv)
+void PrepareTestApplication()
 {
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-breakpad");
     userEnvironment = QProcessEnvironment::systemEnvironment();
     kelvado::PreparePageEngine();
-    return std::make_unique<QApplication>(argc, argv);
 }
 
 namespace kelvado {

@@ -45,15 +45,6 @@ TEST(CreditsPage, TellsThePeopleOfEachSection)
     EXPECT_EQ(ParseActors(page)->constFirst().Extended, u"");
 }
 
-TEST(CreditsPage, ALargeCastKeepsItsOrder)
-{
-    const auto cast = ParseActors(FlattenPage(WithLargeCast(FetchedPage("credits"), 1000)));
-    ASSERT_TRUE(cast);
-    ASSERT_EQ(cast->size(), 1003);
-    EXPECT_EQ(cast->at(999).IMDB_Link, u"nm0001000");
-    EXPECT_EQ(cast->at(1000).Name, u"Bo Ek");
-}
-
 TEST(CreditsPage, AMissingSectionIsNoListAndOneWithoutItsTableAnEmptyOne)
 {
     const struct

@@ -68,7 +68,9 @@ TEST_F(RetrievalTest, FillsTheRecordFromThePages)
     EXPECT_EQ(film.ImageData, "GIF89a large");
     EXPECT_EQ(home.Read(u"temp/tmp.img"_s), "GIF89a large");
     EXPECT_EQ(film.Plot, ParsePlotPage(FetchedPage("plot")));
-    EXPECT_EQ(film.Genres.size(), 3);
+    ASSERT_EQ(film.Genres.size(), 3);
+    EXPECT_EQ(film.Genres[0].Genre + film.Genres[1].Genre + film.Genres[2].Genre, u"DramaWarMystery");
+    EXPECT_EQ(ParsePlotOutline(FlattenPage(FetchedPage("title"))), u" A lion keeper &#38; hisdaughter lose a circus. ");
     EXPECT_EQ(film.Companies.size(), 5);
     for (const auto& people : {film.Actors, film.Directors, film.Producers, film.Writers})
         EXPECT_FALSE(people.isEmpty());

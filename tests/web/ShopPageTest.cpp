@@ -1,5 +1,4 @@
 #include "PageReaders.h"
-#include "WebPages.h"
 
 #include <gtest/gtest.h>
 
@@ -19,18 +18,6 @@ QString BestLink(const QString& products, const QString& filmTitle)
         return asked.size() == 1 ? "Sort by:"_L1 + products : QString();
     });
     return asked.size() == 2 ? asked[1].mid(16) : QString();
-}
-
-TEST(ShopPages, LeadFromTheFilmToTheLargerPicture)
-{
-    QStringList asked;
-    const auto fetch = [&](const QString& url) {
-        asked << url;
-        return FetchedPage(asked.size() == 1 ? "shop-results" : "shop-product");
-    };
-    EXPECT_EQ(GetHiResImage(u"The L&#246;wen Affair (1987)"_s, FlattenPage(FetchedPage("title")), TestHosts(), fetch),
-              u"http://pictures.test/large.jpg");
-    EXPECT_EQ(asked, (QStringList{u"http://search.test/r/5040-dvd/us"_s, u"http://shop.test/exec/dvd/2"_s}));
 }
 
 TEST(ShopPages, TheOfferOfADiscOutranksTheTape)

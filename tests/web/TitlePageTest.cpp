@@ -1,15 +1,9 @@
 #include "PageReaders.h"
-#include "WebPages.h"
 
 #include <gtest/gtest.h>
 
 namespace kelvado {
 namespace {
-
-QString TitlePage()
-{
-    return FlattenPage(FetchedPage("title"));
-}
 
 QStringList GenresOf(const QString& page)
 {
@@ -17,24 +11,6 @@ QStringList GenresOf(const QString& page)
     for (const FilmGenre& genre : ParseGenres(page))
         names << genre.Genre;
     return names;
-}
-
-TEST(TitlePage, TellsEveryFactOfAWholePage)
-{
-    const QString page = TitlePage();
-    const TitleInfo info = ParseTitleBlock(page);
-    EXPECT_EQ(info.RawTitle, u"The L&#246;wen Affair (1987/II) (TV)");
-    EXPECT_EQ(info.Name, u"The L&#246;wen Affair");
-    EXPECT_EQ(info.Year, u"1987");
-    EXPECT_EQ(info.Rating, u"7.0");
-    EXPECT_EQ(info.Votes, u"41,310 votes");
-    EXPECT_EQ(ParseRated(page), u"PG-13");
-    EXPECT_EQ(ParseRuntime(page), u"163 min  / Germany:162 min (cut version)");
-    EXPECT_EQ(ParseLanguage(page), u" German/ French");
-    EXPECT_EQ(ParseTitleNumber(page), u"0912345");
-    EXPECT_EQ(GenresOf(page), (QStringList{u"Drama"_s, u"War"_s, u"Mystery"_s}));
-    EXPECT_EQ(ParsePosterUrl(page, TestHosts()), u"http://posters.test/media/12/48m.jpg");
-    EXPECT_EQ(ParsePlotOutline(page), u" A lion keeper &#38; hisdaughter lose a circus. ");
 }
 
 TEST(TitlePage, NameAndYearLoseTheMarksOfKindAndPlace)

@@ -95,21 +95,6 @@ TEST_F(RetrievalWindow, ASearchEndsByItsButtonAndWithItsPanel)
     EXPECT_TRUE(window->isEnabled());
 }
 
-TEST_F(RetrievalWindow, ADeadHostIsTold)
-{
-    Start();
-    for (const char* host : {"ImdbMainHost", "ImdbSearchHost"})
-        Set("Hosts", host, u"127.0.0.1:1"_s);
-    ClickNode(u"Alien"_s);
-    Entry("mnuUpdateMovieInfo").trigger();
-    EXPECT_EQ(TakeMessages().find("16 : Run-time error '5'"), 0U);
-    EXPECT_TRUE(window->isEnabled());
-    Press("AddIMDb");
-    Press("Image1");
-    EXPECT_EQ(TakeMessages().find("0 : Kelvado encontured the following error"), 0U);
-    EXPECT_TRUE(Get("Image1").isEnabled());
-}
-
 TEST_F(RetrievalWindow, AStoredFilmIsUpdated)
 {
     Start();
