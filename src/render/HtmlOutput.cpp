@@ -230,13 +230,39 @@ QString NumberedToken(QLatin1StringView stem, qint64 number)
     return stem + QString::number(number) + "!!"_L1;
 }
 
-/// Fills the tokens from the last used number up to 50. The first of them is gone already, or is the number 0, which no page uses.
+/// The number of the token of one of these stems that begins at `at`, and where it ends; -1 where none does.
+std::pair<qint64, qsizetype> NumberedTokenAt(const QString& text, qsizetype at, std::initializer_list<QLatin1StringView> stems)
+{
+    const QStringView rest = QStringView(text).sliced(at);
+    for (const QLatin1StringView stem : stems) {
+        if (!rest.startsWith(stem))
+            continue;
+        const qsizetype end = rest.indexOf("!!"_L1, stem.size());
+        const QStringView digits = end < 0 ? QStringView() : rest.sliced(stem.size(), end - stem.size());
+        const qint64 number = digits.toLongLong();
+        if (QString::number(number) == digits)
+            return {number, at + end + 2};
+    }
+    return {-1, at};
+}
+
+/// Fills the tokens from the last used number up to 50, in one pass. The first of them is gone already, or is the number 0, which no page
+/// uses.
 void FillUnused(QString& text, std::initializer_list<QLatin1StringView> stems, qint64 used)
 {
-    for (qint64 number = used; number <= kNumberedTokens; ++number) {
-        for (const QLatin1StringView stem : stems)
-            text.replace(NumberedToken(stem, number), kNone);
+    QString filled;
+    filled.reserve(text.size());
+    qsizetype done = 0;
+    for (qsizetype at = text.indexOf("!!"_L1); at >= 0; at = text.indexOf("!!"_L1, at)) {
+        const auto [number, end] = NumberedTokenAt(text, at, stems);
+        if (number < used || number > kNumberedTokens) {
+            ++at;
+            continue;
+        }
+        filled.append(QStringView(text).sliced(done, at - done)).append(kNone);
+        done = at = end;
     }
+    text = filled.append(QStringView(text).sliced(done));
 }
 
 void FillCrewTokens(QString& text, Connection& connection, const QString& movieId, const Crew& crew)
