@@ -115,20 +115,25 @@ int Measure(const QString& catalog)
     const PaintedPixels pixels(QRect(page.mapToGlobal(QPoint()), page.size()));
     auto* tree = window.findChild<QTreeView*>(u"TreeView1"_s);
     CatalogModel& model = window.Catalog();
-    int number = 0;
-    const double bare = Median("bare page", [&] {
-        const QString path = TempFolder() + u"/bare%1.html"_s.arg(number % 2);
-        WriteWholeFile(path, u"<!DOCTYPE html><meta charset=\"utf-8\"><h1>Film %1</h1>"_s.arg(number++));
-        return TimeOf(pixels, [&] { window.PageView().Navigate(path); });
-    });
-    const auto select = [&] {
-        const QModelIndex group = model.index(number % model.rowCount(), 0);
-        const int films = model.rowCount(group);
-        ++number;
-        return films == 0 ? std::optional<double>()
-                          : TimeOf(pixels, [&] { tree->setCurrentIndex(model.index(number * 7 % films, 0, group)); });
-    };
-    Median("film page", select, bare);
+    // One film after the other in the largest group.
+    int largestGroup = 0;
+    for (int group = 1; group < model.rowCount(); ++group)
+        if (model.rowCount(model.index(group, 0)) > model.rowCount(model.index(largestGroup, 0)))
+            largestGroup = group;
+    const QModelIndex group = model.index(largestGroup, 0);
+    int film = 0;
+    const auto next = [&] { return TimeOf(pixels, [&] { tree->setCurrentIndex(model.index(film++ % model.rowCount(group), 0, group)); }); };
+    const QString skin = window.State().skin;
+    window.State().skin = u"Bare page of window_bench"_s;
+    const QDir bareSkin(SkinFolder(window.State().skin));
+    bareSkin.mkpath(u"Templates"_s);
+    WriteWholeFile(bareSkin.filePath(u"Templates/default.html"_s), u"<!DOCTYPE html><meta charset=\"utf-8\"><h1>!!TITLE!!</h1>"_s);
+    next();
+    const double bare = Median("bare page", next);
+    QDir(bareSkin).removeRecursively();
+    window.State().skin = skin;
+    next();
+    Median("film page", next, bare);
     Connection connection = OpenCatalog(catalog);
     Recordset casts;
     casts.Open(u"SELECT Movie_ID, Count(*) AS People FROM ActorLink GROUP BY Movie_ID ORDER BY People DESC LIMIT 1"_s, connection);

@@ -41,8 +41,15 @@ bool Menus::IsChecked(const QString& menu, int index) const
 
 void Menus::SetEnabled(const QString& menu, int index, bool enabled)
 {
-    if (QAction* entry = Find(menu, index))
+    QAction* entry = Find(menu, index);
+    if (!entry)
+        return;
+    if (!entry->menu())
         entry->setEnabled(enabled);
+    else if (enabled)
+        m_off.remove(entry);
+    else
+        m_off.insert(entry);
 }
 
 void Menus::SetVisible(const QString& menu, int index, bool visible)
@@ -83,20 +90,17 @@ bool Menus::HasUsableEntry(const QMenu& menu)
 
 void Menus::CloseEmptyMenus()
 {
-    for (QAction* closed : std::exchange(m_closed, {}))
-        closed->setEnabled(true);
-    for (const QMenu* menu : std::as_const(m_menus)) {
-        if (menu->menuAction()->isEnabled() && !HasUsableEntry(*menu)) {
-            menu->menuAction()->setEnabled(false);
-            m_closed.insert(menu->menuAction());
-        }
-    }
+    for (const QMenu* menu : std::as_const(m_menus))
+        menu->menuAction()->setEnabled(!m_off.contains(menu->menuAction()) && HasUsableEntry(*menu));
 }
 
 void Menus::Popup(const QString& name, const QPoint& place) const
 {
-    if (QMenu& menu = Menu(name); HasUsableEntry(menu))
-        menu.popup(place);
+    QMenu& menu = Menu(name);
+    if (!HasUsableEntry(menu))
+        return;
+    menu.setEnabled(true); // also where the main window, whose menu it is, is disabled
+    menu.popup(place);
 }
 
 } // namespace kelvado

@@ -29,7 +29,7 @@ public:
     /// Raises 9 where there is none.
     QMenu& Menu(const QString& name) const;
 
-    /// Turns off the menus of which no entry can be used, and on again those that it has turned off before; for every change of entries.
+    /// Turns each menu on or off as `SetEnabled` told, but off where none of its entries can be used; for every change of entries.
     void CloseEmptyMenus();
     /// Opens a menu at a place of the screen; one without an entry that can be used stays shut.
     void Popup(const QString& name, const QPoint& place) const;
@@ -41,7 +41,7 @@ private:
 
     QHash<QString, QAction*> m_entries;
     QHash<QString, QMenu*> m_menus;
-    QSet<QAction*> m_closed; ///< the menus that `CloseEmptyMenus` has turned off
+    QSet<const QAction*> m_off; ///< the menus that `SetEnabled` has turned off
 };
 
 } // namespace kelvado

@@ -148,9 +148,7 @@ void WebMenus::ShowRowMenu(const char* menu, const char* entry, const QPoint& pl
 {
     m_rowNumber = number;
     m_context.menus.SetEnabled(QString::fromLatin1(entry), -1, !number.isEmpty());
-    QMenu& popup = m_context.menus.Menu(QString::fromLatin1(menu));
-    popup.setEnabled(true); // also where the main window, whose menu it is, is disabled
-    popup.popup(place);
+    m_context.menus.Popup(QString::fromLatin1(menu), place);
 }
 
 } // namespace kelvado

@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <cstdio>
+
 namespace kelvado {
 
 namespace {
@@ -24,6 +26,18 @@ void WriteFileWhole(const QString& path, const QByteArray& bytes)
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
         RaiseFileAccess(path, file.errorString());
+}
+
+void WriteFileFast(const QString& path, const QByteArray& bytes)
+{
+    QFile part(path + u".part"_s);
+    const bool isWhole = part.open(QIODevice::WriteOnly) && part.write(bytes) == bytes.size() && part.flush();
+    const QString reason = part.errorString();
+    part.close();
+    if (isWhole && std::rename(QFile::encodeName(part.fileName()).constData(), QFile::encodeName(path).constData()) == 0)
+        return;
+    part.remove();
+    RaiseFileAccess(path, isWhole ? qt_error_string() : reason);
 }
 
 void CopyFileWhole(const QString& source, const QString& target)

@@ -86,7 +86,7 @@ QString ReadWholeFile(const QString& path, Dialogs& dialogs)
 
 void WriteWholeFile(const QString& path, const QString& value)
 {
-    WriteFileWhole(WithSlashes(path), (value + kLineEnd).toUtf8());
+    WriteFileFast(WithSlashes(path), (value + kLineEnd).toUtf8());
 }
 
 void OpenTextFile(const QString& path, bool write)
@@ -181,21 +181,13 @@ QString ExportImageFile(QString& basePath, const QString& imageId, Connection& c
         RaiseAccess(path, u"the picture's kind leads out of the folder"_s);
     basePath = path;
 
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        RaiseAccess(path, file.errorString());
     const Field image = picture[u"Image"];
-    const auto copy = [&](qint64 size) {
-        const QByteArray chunk = image.GetChunk(size);
-        if (file.write(chunk) != chunk.size())
-            RaiseAccess(path, file.errorString());
-    };
     const qint64 size = image.ActualSize();
-    copy(size % kBlockSize);
+    QByteArray bytes = image.GetChunk(size % kBlockSize);
+    bytes.reserve(size);
     for (qint64 block = 0; block < size / kBlockSize; ++block)
-        copy(kBlockSize);
-    if (!file.commit())
-        RaiseAccess(path, file.errorString());
+        bytes += image.GetChunk(kBlockSize);
+    WriteFileFast(path, bytes);
     return path;
 }
 
