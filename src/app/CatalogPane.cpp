@@ -64,7 +64,7 @@ void CatalogPane::ReadTree()
     m_context.events.ServeWithoutInput();
     m_model.Clear();
     m_context.events.ServeWithoutInput();
-    const bool skinTree = m_context.state.gOptions->Display.SkinTree == 1;
+    const bool skinTree = IsOn(m_context.state.gOptions->Display.SkinTree);
     const SkinValues& skin = m_context.skinner.Values();
     m_model.SetColors(skinTree ? Visible(skin.treeItemText, skin.treeItemBack) : QColor(), skinTree ? skin.treeItemBack : QColor());
     m_tree.FillTree();

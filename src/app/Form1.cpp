@@ -364,7 +364,7 @@ void Form1::ApplyMenuRules()
 void Form1::ApplyFacts()
 {
     const History::InTree inTree = [this](const QString& key) { return IsInTree(key); };
-    const MenuFacts facts{m_state.CatalogOpen, m_state.FilterCount >= Filters::kMost, m_state.history.HasOlder(inTree),
+    const MenuFacts facts{m_state.CatalogOpen, m_state.canAddFilter, m_state.FilterCount > 0, m_state.history.HasOlder(inTree),
                           m_state.history.HasNewer(inTree), m_selection};
     kelvado::ApplyMenuRules(facts, m_menus, [this](const QString& key, bool enabled) {
         m_ui->cToolbar->SetButtonEnabled(m_ui->cToolbar->ButtonIndex(key), enabled);

@@ -7,7 +7,6 @@ namespace kelvado {
 
 namespace {
 
-constexpr int kLastEntry = 12;
 const QString kMenu = u"mnuStatusItem"_s;
 
 } // namespace
@@ -15,7 +14,7 @@ const QString kMenu = u"mnuStatusItem"_s;
 StatusBar::StatusBar(const AppState& state, Dialogs& dialogs, Menus& menus, const Skinner& skinner, StatusCells& cells)
     : m_state(state), m_menus(menus), m_skinner(skinner), m_cells(cells)
 {
-    for (int entry = 1; entry <= kLastEntry; ++entry)
+    for (int entry = 1; entry <= kStatusCells; ++entry)
         connect(&m_menus.Entry(kMenu, entry), &QAction::triggered, this,
                 [this, entry, &dialogs] { Guarded(dialogs, [&] { Toggle(entry); }); });
 }

@@ -20,7 +20,7 @@ void WindowTray::Apply()
 {
     m_icon.SetIcon(m_window.windowIcon());
     m_icon.SetTipText(m_window.windowTitle());
-    if (m_state.gOptions->Display.AlwaysInTray == 1 && TrayIcon::IsAvailable())
+    if (IsOn(m_state.gOptions->Display.AlwaysInTray) && TrayIcon::IsAvailable())
         m_icon.ShowTrayIcon();
 }
 
@@ -36,7 +36,7 @@ void WindowTray::OnStateChange()
     if (!m_window.isMinimized() || !m_state.gOptions)
         return;
     // Only where there is a tray to come back from.
-    if (m_state.gOptions->Display.InSysTray == 1 && TrayIcon::IsAvailable()) {
+    if (IsOn(m_state.gOptions->Display.InSysTray) && TrayIcon::IsAvailable()) {
         m_icon.ShowTrayIcon();
         QTimer::singleShot(0, &m_window, &QWidget::hide);
     }
@@ -46,9 +46,9 @@ void WindowTray::PrepareConfirmation()
 {
     if (!m_state.gOptions || (m_window.isVisible() && !m_window.isMinimized()))
         return;
-    if (m_state.gOptions->Display.RestoreCon == 1)
+    if (IsOn(m_state.gOptions->Display.RestoreCon))
         Restore();
-    if (m_state.gOptions->Display.FlashCon == 1) {
+    if (IsOn(m_state.gOptions->Display.FlashCon)) {
         QApplication::alert(&m_window);
         m_icon.Flash();
     }
@@ -63,7 +63,7 @@ void WindowTray::End()
 void WindowTray::OnMessage(int message)
 {
     const cOptDisplay& display = m_state.gOptions->Display;
-    if (display.InSysTray != 1 && display.AlwaysInTray != 1)
+    if (!IsOn(display.InSysTray) && !IsOn(display.AlwaysInTray))
         return;
     switch (message) {
     case kTrayLeftDown:

@@ -8,7 +8,8 @@ using Condition = bool (*)(const MenuFacts&);
 
 constexpr Condition kNever = [](const MenuFacts&) { return false; };
 constexpr Condition kCatalog = [](const MenuFacts& facts) { return facts.catalogOpen; };
-constexpr Condition kRoomForFilter = [](const MenuFacts& facts) { return facts.catalogOpen && !facts.filtersFull; };
+constexpr Condition kRoomForFilter = [](const MenuFacts& facts) { return facts.catalogOpen && facts.canAddFilter; };
+constexpr Condition kFilters = [](const MenuFacts& facts) { return facts.hasFilters; };
 constexpr Condition kOlder = [](const MenuFacts& facts) { return facts.hasOlder; };
 constexpr Condition kNewer = [](const MenuFacts& facts) { return facts.hasNewer; };
 constexpr Condition kFilm = [](const MenuFacts& facts) { return facts.selection.film; };
@@ -51,6 +52,7 @@ constexpr MenuRule kRules[] = {
     {"Refresh", Effect::Button, kCatalog},
     {"mnuAddFilter", Effect::Enable, kRoomForFilter},
     {"AddFilter", Effect::Button, kRoomForFilter},
+    {"mnuFilterRemoveAll", Effect::Enable, kFilters},
 
     {"mnuWebExport", Effect::Enable, kCatalog},
     {"mnuWebExportByView", Effect::Enable, kCatalog},

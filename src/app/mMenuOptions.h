@@ -11,7 +11,7 @@ namespace kelvado {
 struct MenuFacts
 {
     bool catalogOpen = false;
-    bool filtersFull = false;             ///< no further filter can be added
+    bool canAddFilter = true, hasFilters = false;
     bool hasOlder = false, hasNewer = false; ///< steps of the history
     SelectionFacts selection;
 };

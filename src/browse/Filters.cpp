@@ -18,8 +18,6 @@ struct Operand
 constexpr Operand kOperands[] = {{"Equal To", "="}, {"Greater Than", ">="}, {"Less Than", "<="}};
 constexpr const char* kOperandCaptions[] = {kOperands[0].caption, kOperands[1].caption, kOperands[2].caption};
 
-const QString kAddEntry = u"mnuAddFilter"_s;
-const QString kRemoveAllEntry = u"mnuFilterRemoveAll"_s;
 const QString kRemoveEntries = u"MnuFilterRemoveSingle"_s;
 
 } // namespace
@@ -59,11 +57,6 @@ Filters::Filters(AppState& state, Dialogs& dialogs, MenuMarks& marks, Shell& she
 {
 }
 
-void Filters::EnableAdd(bool enabled)
-{
-    m_marks.SetEnabled(kAddEntry, -1, enabled);
-}
-
 void Filters::Add()
 {
     if (m_state.FilterCount >= kMost)
@@ -73,12 +66,10 @@ void Filters::Add()
         return;
     const int place = m_state.FilterCount;
     m_active[static_cast<std::size_t>(place)] = filter;
-    m_marks.SetEnabled(kRemoveAllEntry, -1, true);
     m_marks.SetCaption(kRemoveEntries, place, filter.Caption);
     m_marks.SetVisible(kRemoveEntries, place, true);
     ++m_state.FilterCount;
-    if (m_state.FilterCount == kMost)
-        EnableAdd(false);
+    m_state.canAddFilter = m_state.FilterCount < kMost;
     Apply();
 }
 
@@ -92,8 +83,7 @@ void Filters::RemoveAll()
     }
     m_state.FilterWhere.clear();
     m_state.FilterCount = 0;
-    m_marks.SetEnabled(kRemoveAllEntry, -1, false);
-    EnableAdd(true);
+    m_state.canAddFilter = true;
     Apply();
 }
 
@@ -106,11 +96,8 @@ void Filters::RemoveSingle(int index)
     for (int i = index; i < kMost; ++i)
         m_active[static_cast<std::size_t>(i)] = m_active[static_cast<std::size_t>(i) + 1];
     m_marks.SetVisible(kRemoveEntries, index, false);
-    // Both tests look at the count before it goes down: after one of five is removed, none can be added until a further one goes.
-    if (m_state.FilterCount == 1)
-        m_marks.SetEnabled(kRemoveAllEntry, -1, false);
-    if (m_state.FilterCount < kMost)
-        EnableAdd(true);
+    // The count before it goes down decides: after one of five is removed, none can be added until a further one goes.
+    m_state.canAddFilter = m_state.FilterCount < kMost;
     --m_state.FilterCount;
     Apply();
 }

@@ -51,7 +51,6 @@ public:
 
 private:
     void Apply();
-    void EnableAdd(bool enabled);
 
     AppState& m_state;
     Dialogs& m_dialogs;

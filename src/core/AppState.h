@@ -26,6 +26,7 @@ struct AppState
     QString CurrentSection;
     QString FilterWhere;
     std::int16_t FilterCount = 0;
+    bool canAddFilter = true;
     History history;
     FileDialog comDiagFile; ///< its `fileName` is the path of the open catalog; empty means that none is open
     FileDialog ComDiag;     ///< the second file dialog

@@ -28,11 +28,11 @@ constexpr Count kCounts[] = {
     {StatusCell::Producers, "Total Producers: ", "SELECT Producer FROM Producer"},
 };
 
-// By cell.
-constexpr std::int32_t cOptStatus::*kOptions[] = {&cOptStatus::TotalMovies,    &cOptStatus::TotalRequests,  &cOptStatus::TotalLoans,
-                                                  &cOptStatus::TotalDiscs,     &cOptStatus::TotalActors,    &cOptStatus::TotalWriters,
-                                                  &cOptStatus::TotalDirectors, &cOptStatus::TotalProducers, &cOptStatus::PrimMethod,
-                                                  &cOptStatus::SecMethod,      &cOptStatus::ViewMethod,     &cOptStatus::FiltersMethod};
+// From left to right.
+constexpr StatusCell kShown[kStatusCells] = {StatusCell::Movies,          StatusCell::Requests,   StatusCell::Loans,
+                                             StatusCell::Discs,           StatusCell::Actors,     StatusCell::Writers,
+                                             StatusCell::Directors,       StatusCell::Producers,  StatusCell::PrimaryMethod,
+                                             StatusCell::SecondaryMethod, StatusCell::ViewMethod, StatusCell::Filters};
 
 QString BehindThePoint(const QString& sort)
 {
@@ -66,9 +66,10 @@ void StatusTexts::TakeView(const AppState& state)
 QStringList StatusTexts::Shown(const cOptStatus& options) const
 {
     QStringList shown;
-    for (std::size_t cell = 0; cell < m_texts.size(); ++cell) {
-        if (IsOn(options.*kOptions[cell]))
-            shown << m_texts[cell];
+    for (const StatusCell cell : kShown) {
+        const int number = static_cast<int>(cell);
+        if (IsOn(options.*StatusOption(number)))
+            shown << m_texts[static_cast<std::size_t>(number)];
     }
     return shown;
 }

@@ -9,22 +9,23 @@
 
 namespace kelvado {
 
-/// The twelve cells of the status bar, in the order in which they are shown.
+/// The cells of the status bar, in the order in which they are shown. A cell's number is its entry in the status bar's menu, and with it
+/// its option (`StatusOption`).
 enum class StatusCell {
-    Movies,
-    Requests,
-    Loans,
-    Discs,
-    Actors,
-    Writers,
-    Directors,
-    Producers,
-    PrimaryMethod,
-    SecondaryMethod,
-    ViewMethod,
-    Filters,
-    Count
+    Movies = 1,
+    Requests = 2,
+    Loans = 3,
+    Discs = 4,
+    Actors = 9,
+    Writers = 10,
+    Directors = 11,
+    Producers = 12,
+    PrimaryMethod = 5,
+    SecondaryMethod = 6,
+    ViewMethod = 7,
+    Filters = 8,
 };
+inline constexpr int kStatusCells = 12;
 
 /// The texts of the status bar.
 class StatusTexts
@@ -42,7 +43,7 @@ public:
 private:
     QString& Text(StatusCell cell) { return m_texts[static_cast<std::size_t>(cell)]; }
 
-    std::array<QString, static_cast<std::size_t>(StatusCell::Count)> m_texts;
+    std::array<QString, kStatusCells + 1> m_texts; ///< by number
 };
 
 } // namespace kelvado

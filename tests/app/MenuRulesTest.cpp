@@ -73,10 +73,13 @@ TEST(MenuRules, FollowTheCatalogItsFiltersAndTheHistory)
     EXPECT_TRUE(open.contains(u"Save"_s) && open.contains(u"mnuImdb"_s) && open.contains(u"AddFilter"_s));
     for (const char* never : {"Print", "MnuPrint", "mnuExportWebWizard", "mnuTreeview", "frmEdit", "mnuExcel"})
         EXPECT_FALSE(open.contains(QLatin1StringView(never))) << never;
-    facts.filtersFull = true;
-    QStringList full = On(facts);
+    facts.canAddFilter = false;
+    const QStringList full = On(facts);
     EXPECT_EQ(open.size() - full.size(), 2);
     EXPECT_FALSE(full.contains(u"AddFilter"_s) || full.contains(u"mnuAddFilter"_s));
+    facts.hasFilters = true;
+    EXPECT_EQ(On(facts, open), Names("mnuFilterRemoveAll"));
+    facts.hasFilters = false;
     facts.hasOlder = true;
     EXPECT_EQ(On(facts, open), Names("Back"));
     facts.hasNewer = true;

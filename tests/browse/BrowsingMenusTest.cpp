@@ -96,7 +96,7 @@ protected:
         filters.Add();
     }
     bool Visible(int entry) const { return marks.visible.value(u"MnuFilterRemoveSingle_%1"_s.arg(entry)); }
-    bool CanAdd() const { return marks.enabled.value(u"mnuAddFilter"_s, true); }
+    bool CanAdd() const { return state.canAddFilter; }
 
     FilterRecord next{u"0"_s, {}};
     ScriptedDialogs dialogs;

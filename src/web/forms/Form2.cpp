@@ -53,8 +53,8 @@ void Form2::ConnectControls()
 void Form2::LoadDefaults()
 {
     m_defaults = m_desk.state.gOptions->Defaults;
-    m_ui->ChkAKA->setChecked(m_defaults.PromptAKA != 0);
-    m_ui->ChkDefault->setChecked(m_defaults.Enable != 0);
+    m_ui->ChkAKA->setChecked(IsOn(m_defaults.PromptAKA));
+    m_ui->ChkDefault->setChecked(IsOn(m_defaults.Enable));
     m_ui->cboFormat->setEditText(m_defaults.Format);
     m_ui->txtDiscs->setText(m_defaults.Discs);
     m_ui->txtIndex->setText(m_defaults.Index);

@@ -40,7 +40,7 @@ void frmAddSingleIMDb::Open(const QString& title, FilmId movieId)
     m_search.Clear();
     m_ui->lstSearch->SetRows({});
     m_ui->txtSearch->setText(title);
-    m_ui->ChkAKA->setChecked(m_desk.state.gOptions->Defaults.PromptAKA != 0);
+    m_ui->ChkAKA->setChecked(IsOn(m_desk.state.gOptions->Defaults.PromptAKA));
     m_desk.shell.EnableMainWindow(false);
     setEnabled(true); // as a window of the main one it went with it
     show();
