@@ -26,11 +26,6 @@ protected:
         // The node's own color says nothing in a tree that cannot be worked with.
         if (!option->state.testFlag(QStyle::State_Enabled) && option->widget)
             option->palette = option->widget->palette();
-        // The selection shows whether the keys go here.
-        if (const auto* tree = qobject_cast<const CatalogTreeView*>(option->widget); tree && !tree->hasFocus()) {
-            option->palette.setColor(QPalette::Highlight, tree->RestingHighlight());
-            option->palette.setColor(QPalette::HighlightedText, tree->palette().color(QPalette::Text));
-        }
     }
 };
 
@@ -115,9 +110,14 @@ void CatalogTreeView::contextMenuEvent(QContextMenuEvent* event)
     Q_EMIT MenuRequested(byKeyboard ? viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()) : event->globalPos());
 }
 
-QColor CatalogTreeView::RestingHighlight() const
+// The selection shows whether the keys go here.
+void CatalogTreeView::initViewItemOption(QStyleOptionViewItem* option) const
 {
-    return Mixed(palette().color(QPalette::Highlight), palette().color(QPalette::Base), 0.75F);
+    QTreeView::initViewItemOption(option);
+    if (hasFocus())
+        return;
+    option->palette.setColor(QPalette::Highlight, Mixed(palette().color(QPalette::Highlight), palette().color(QPalette::Base), 0.75F));
+    option->palette.setColor(QPalette::HighlightedText, palette().color(QPalette::Text));
 }
 
 void CatalogTreeView::focusInEvent(QFocusEvent* event)

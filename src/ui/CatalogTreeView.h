@@ -16,8 +16,6 @@ public:
     void SelectSilently(const QModelIndex& index);
     /// While it is silent, changes of the selection are the program's own.
     void SetSilent(bool silent) { m_silent = silent; }
-    /// The color behind the selected row while the keys go elsewhere.
-    QColor RestingHighlight() const;
     /// The selected node; an invalid index where there is none.
     QModelIndex Selected() const;
 
@@ -31,6 +29,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
