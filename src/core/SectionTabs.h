@@ -52,7 +52,7 @@ public:
 
     /// Makes `section`, one of the four names, the current one and returns what to show; `selected` is the tree's selected node. Asks
     /// about unsaved changes of the panel that is left. Returns nothing where the window stays as it is: while no catalog is open, which
-    /// is told, and on the current section's own tab, which asks all the same. Raises 5 for any other name.
+    /// is told, and on the current section's own tab, which asks all the same. Raises `kErrInvalidCall` for any other name.
     std::optional<SectionView> Choose(const QString& section, const std::optional<NodeRef>& selected);
 
 private:
