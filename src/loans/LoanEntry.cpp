@@ -1,13 +1,12 @@
 #include "loans/LoanEntry.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "loans/LoanQueries.h"
 #include "store/Recordset.h"
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
