@@ -2,6 +2,7 @@
 
 #include "core/AppState.h"
 #include "core/Dialogs.h"
+#include "core/Literals.h"
 #include "core/NodeKey.h"
 
 #include <QString>
@@ -18,7 +19,7 @@ inline constexpr int kTabPieces = 9;
 using TabPictures = std::array<const char*, kTabPieces>;
 
 /// The message of a section for which no catalog is open, or nothing that suits it is selected.
-inline constexpr QLatin1StringView kNoCatalogOpen("No Kelvado Catolog is open");
+inline constexpr QLatin1StringView kNoCatalogOpen = "No Kelvado Catolog is open"_L1;
 
 /// A panel whose changes may be unsaved, as far as the question about them goes.
 class EditPanel

@@ -16,7 +16,7 @@ namespace kelvado {
 
 namespace {
 
-constexpr QLatin1StringView kNone("N/A");
+constexpr QLatin1StringView kNone = "N/A"_L1;
 constexpr int kNumberedTokens = 50;
 
 enum class TokenKind { Plain, YesNo, Date, SiteLink, SiteNumber };
@@ -85,16 +85,16 @@ constexpr std::array<Certificate, 5> kCertificates{{
     {"R"_L1, "R.Gif"_L1},
     {"NC17"_L1, "NC-17.Gif"_L1},
 }};
-constexpr QLatin1StringView kNoCertificate("NA.Gif");
+constexpr QLatin1StringView kNoCertificate = "NA.Gif"_L1;
 
-constexpr QLatin1StringView kGenreQuery("SELECT Movie.Movie_ID, Genre.Genre FROM (GenreLink INNER "
-                                        "JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID) INNER "
-                                        "JOIN Movie ON GenreLink.Movie_ID = Movie.Movie_ID "
-                                        "WHERE Movie.Movie_ID = ");
+constexpr QLatin1StringView kGenreQuery = "SELECT Movie.Movie_ID, Genre.Genre FROM (GenreLink INNER "
+                                          "JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID) INNER "
+                                          "JOIN Movie ON GenreLink.Movie_ID = Movie.Movie_ID "
+                                          "WHERE Movie.Movie_ID = "_L1;
 
-constexpr QLatin1StringView kActorQuery("SELECT ActorLink.Movie_ID, ActorLink.Character, Actor.Actor, Actor.Actor_ID"
-                                        " FROM Actor INNER JOIN ActorLink ON Actor.Actor_ID"
-                                        " = ActorLink.Actor_ID WHERE ActorLink.Movie_ID = ");
+constexpr QLatin1StringView kActorQuery = "SELECT ActorLink.Movie_ID, ActorLink.Character, Actor.Actor, Actor.Actor_ID"
+                                          " FROM Actor INNER JOIN ActorLink ON Actor.Actor_ID"
+                                          " = ActorLink.Actor_ID WHERE ActorLink.Movie_ID = "_L1;
 
 struct Crew
 {
@@ -103,17 +103,17 @@ struct Crew
     QLatin1StringView stem;
 };
 
-constexpr Crew kProducers{QLatin1StringView("SELECT Producer.*, ProducerLink.* FROM Producer INNER JOIN "
-                                            "ProducerLink ON Producer.Producer_ID = ProducerLink.Producer_ID "
-                                            "WHERE ProducerLink.Movie_ID  = "),
+constexpr Crew kProducers{"SELECT Producer.*, ProducerLink.* FROM Producer INNER JOIN "
+                          "ProducerLink ON Producer.Producer_ID = ProducerLink.Producer_ID "
+                          "WHERE ProducerLink.Movie_ID  = "_L1,
                           "Producer"_L1, "!!PRODUCER"_L1};
-constexpr Crew kDirectors{QLatin1StringView("SELECT Director.*, DirectorLink.* FROM Director INNER JOIN "
-                                            "DirectorLink ON Director.Director_ID = DirectorLink.Director_ID "
-                                            "WHERE DirectorLink.Movie_ID  = "),
+constexpr Crew kDirectors{"SELECT Director.*, DirectorLink.* FROM Director INNER JOIN "
+                          "DirectorLink ON Director.Director_ID = DirectorLink.Director_ID "
+                          "WHERE DirectorLink.Movie_ID  = "_L1,
                           "Director"_L1, "!!DIRECTOR"_L1};
-constexpr Crew kWriters{QLatin1StringView("SELECT Writer.*, WriterLink.* FROM Writer INNER JOIN "
-                                          "WriterLink ON Writer.Writer_ID = WriterLink.Writer_ID "
-                                          "WHERE WriterLink.Movie_ID  = "),
+constexpr Crew kWriters{"SELECT Writer.*, WriterLink.* FROM Writer INNER JOIN "
+                        "WriterLink ON Writer.Writer_ID = WriterLink.Writer_ID "
+                        "WHERE WriterLink.Movie_ID  = "_L1,
                         "Writer"_L1, "!!WRITER"_L1};
 
 bool IsDigit(QChar c)
@@ -191,7 +191,7 @@ QString BarTag(const TokenSettings& settings, QLatin1StringView name, QLatin1Str
 /// draws neither a half nor an empty segment, and the bar is one segment shorter.
 QString RatingBar(const QString& rating, const TokenSettings& settings)
 {
-    constexpr QLatin1StringView kEnd("\"/>");
+    constexpr QLatin1StringView kEnd = "\"/>"_L1;
     if (!IsDigit(rating.back()))
         throw RuntimeError(kErrTypeMismatch);
     const int whole = rating.front().digitValue();
@@ -308,8 +308,8 @@ void FillGenreToken(QString& text, Connection& connection, const QString& movieI
 
 void FillActorTokens(QString& text, Connection& connection, const QString& movieId)
 {
-    constexpr QLatin1StringView kActor("!!ACTOR");
-    constexpr QLatin1StringView kCharacter("!!CHARACTER");
+    constexpr QLatin1StringView kActor = "!!ACTOR"_L1;
+    constexpr QLatin1StringView kCharacter = "!!CHARACTER"_L1;
     Recordset rows;
     rows.Open(kActorQuery + movieId, connection);
     qint64 count = 0;

@@ -22,8 +22,8 @@ namespace {
 
 constexpr int kPictures = 25;
 constexpr int kPages = 10;
-constexpr QLatin1StringView kFilmQuery("SELECT * FROM Movie WHERE Movie_ID = ");
-constexpr QLatin1StringView kMessage("SendMessage:");
+constexpr QLatin1StringView kFilmQuery = "SELECT * FROM Movie WHERE Movie_ID = "_L1;
+constexpr QLatin1StringView kMessage = "SendMessage:"_L1;
 
 struct CreditToken
 {
