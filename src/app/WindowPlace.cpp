@@ -1,6 +1,7 @@
 #include "app/WindowPlace.h"
 
 #include "core/Literals.h"
+#include "core/Options.h"
 #include "core/Profile.h"
 
 #include <QGuiApplication>
@@ -23,10 +24,11 @@ constexpr QSize kGrip(120, 24);
 
 std::optional<WindowPlace> ReadWindowPlace(const QString& settingsFile)
 {
+    const Profile settings(settingsFile);
     std::array<int, kKeys.size()> numbers{};
     for (std::size_t i = 0; i < kKeys.size(); ++i) {
         bool isNumber = false;
-        numbers[i] = ReadProfileValue(kSection, QLatin1StringView(kKeys[i]), settingsFile).toInt(&isNumber);
+        numbers[i] = settings.Value(kSection, QLatin1StringView(kKeys[i])).toInt(&isNumber);
         if (!isNumber)
             return std::nullopt;
     }
@@ -37,12 +39,12 @@ std::optional<WindowPlace> ReadWindowPlace(const QString& settingsFile)
         std::ranges::any_of(screens, [&](const QScreen* screen) { return screen->availableGeometry().intersected(grip).size() == kGrip; });
     if (!isOnScreen || width <= 0 || height <= 0)
         return std::nullopt;
-    return WindowPlace{QRect(left, top, width, height), maximised == 1, std::clamp(divider, 0, 99)};
+    return WindowPlace{QRect(left, top, width, height), IsOn(maximised), std::clamp(divider, 0, 99)};
 }
 
 void WriteWindowPlace(const WindowPlace& place, const QString& settingsFile)
 {
-    const std::array<int, kKeys.size()> numbers{place.normal.left(),   place.normal.top(),       place.normal.width(),
+    const std::array<int, kKeys.size()> numbers{place.normal.left(),   place.normal.top(),        place.normal.width(),
                                                 place.normal.height(), place.isMaximised ? 1 : 0, place.dividerPercent};
     ProfileChanges changes(settingsFile);
     for (std::size_t i = 0; i < kKeys.size(); ++i)
