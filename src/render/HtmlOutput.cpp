@@ -19,13 +19,13 @@ namespace {
 constexpr QLatin1StringView kNone = "N/A"_L1;
 constexpr int kNumberedTokens = 50;
 
-enum class TokenKind { Plain, YesNo, Date, SiteLink, SiteNumber };
+enum class ValueForm { Plain, YesNo, Date, SiteLink, SiteNumber };
 
 struct FilmToken
 {
     QLatin1StringView token;
     QLatin1StringView column;
-    TokenKind kind = TokenKind::Plain;
+    ValueForm kind = ValueForm::Plain;
 };
 
 // The order is behaviour: a value may hold the token of a later line, which is then replaced in its turn.
@@ -40,8 +40,8 @@ constexpr std::array<FilmToken, 40> kFilmTokens{{
     {"!!RUNTIME!!"_L1, "Runtime"_L1},
     {"!!PLOT!!"_L1, "Plot"_L1},
     {"!!INDEX!!"_L1, "Index"_L1},
-    {"!!IMDB!!"_L1, "IMDB"_L1, TokenKind::SiteLink},
-    {"!!IMDBNUM!!"_L1, "IMDB"_L1, TokenKind::SiteNumber},
+    {"!!IMDB!!"_L1, "IMDB"_L1, ValueForm::SiteLink},
+    {"!!IMDBNUM!!"_L1, "IMDB"_L1, ValueForm::SiteNumber},
     {"!!QUALITY!!"_L1, "Quality"_L1},
     {"!!RESOLUTION!!"_L1, "Resolution"_L1},
     {"!!AUDBITRATE!!"_L1, "audBitRate"_L1},
@@ -57,14 +57,14 @@ constexpr std::array<FilmToken, 40> kFilmTokens{{
     {"!!CUSTOM1!!"_L1, "Custom1"_L1},
     {"!!CUSTOM2!!"_L1, "Custom2"_L1},
     {"!!CUSTOM3!!"_L1, "Custom3"_L1},
-    {"!!SEENIT!!"_L1, "SeenIt"_L1, TokenKind::YesNo},
-    {"!!SUBTITLES!!"_L1, "SubTitles"_L1, TokenKind::YesNo},
-    {"!!REQUEST!!"_L1, "IsRequest"_L1, TokenKind::YesNo},
+    {"!!SEENIT!!"_L1, "SeenIt"_L1, ValueForm::YesNo},
+    {"!!SUBTITLES!!"_L1, "SubTitles"_L1, ValueForm::YesNo},
+    {"!!REQUEST!!"_L1, "IsRequest"_L1, ValueForm::YesNo},
     {"!!COLOR!!"_L1, "Color"_L1},
     {"!!COUNTRY!!"_L1, "Country"_L1},
     {"!!PURCHASEPRICE!!"_L1, "PurchasePrice"_L1},
     {"!!PURCHASEDWHERE!!"_L1, "PurchasedWhere"_L1},
-    {"!!LASTVIEWING!!"_L1, "LastViewing"_L1, TokenKind::Date},
+    {"!!LASTVIEWING!!"_L1, "LastViewing"_L1, ValueForm::Date},
     {"!!MYRATING!!"_L1, "MyRating"_L1},
     {"!!MYRATINGNOTES!!"_L1, "MyRatingNotes"_L1},
     {"!!URL1!!"_L1, "UserURL1"_L1},
@@ -140,18 +140,18 @@ QString DateOrNone(const Value& value)
     return date ? DateText(*date) : text;
 }
 
-QString TokenValue(TokenKind kind, const Value& value, const TokenSettings& settings)
+QString TokenValue(ValueForm kind, const Value& value, const TokenSettings& settings)
 {
     switch (kind) {
-    case TokenKind::YesNo:
+    case ValueForm::YesNo:
         return YesNo(value);
-    case TokenKind::Date:
+    case ValueForm::Date:
         return DateOrNone(value);
-    case TokenKind::SiteLink:
+    case ValueForm::SiteLink:
         return value.IsNull() ? settings.siteAddress : settings.siteAddress + u"/Title?"_s + value.Text();
-    case TokenKind::SiteNumber:
+    case ValueForm::SiteNumber:
         return value.IsNull() ? QString() : value.Text();
-    case TokenKind::Plain:
+    case ValueForm::Plain:
         break;
     }
     return ValueOrNone(value);
