@@ -31,9 +31,6 @@ double ToDouble(QStringView text);
 /// The whole number that `text` reads as, ties rounded to even. Raises `kErrTypeMismatch` for no number, `kErrOverflow` outside 32 bits.
 std::int32_t ToLong(QStringView text);
 
-/// As `ToLong`, within 16 bits.
-std::int16_t ToInteger(QStringView text);
-
 /// Rounds to a whole number, ties to even.
 double RoundHalfEven(double value);
 
