@@ -1,9 +1,6 @@
 #include "core/Conversions.h"
 
-#include "core/Literals.h"
 #include "support/ErrorOf.h"
-
-#include <gtest/gtest.h>
 
 namespace kelvado {
 namespace {
@@ -54,11 +51,7 @@ TEST(Conversions, TakeTextsForTruth)
 
 TEST(DecodeEntities, ReadsDecimalCodesOfTheCodePageAndStopsAtTheFirstItCannotRead)
 {
-    const struct
-    {
-        const char16_t* text;
-        const char16_t* decoded;
-    } cases[] = {
+    const std::pair<const char16_t*, const char16_t*> cases[] = {
         {u"K&#246;nig &#38; K&#246;nigin", u"König & Königin"},
         {u"price &#128;5", u"price €5"},
         {u"&#38;#65;", u"A"},                 // what comes out is read again

@@ -255,4 +255,3 @@ TEST_F(AddPanel, EveryControlIsReachedByTabAndHasAName)
 } // namespace kelvado
 
 #include "AddPanelTest.moc"
-#include "core/Literals.h"
