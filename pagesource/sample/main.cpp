@@ -20,6 +20,7 @@
 #include <set>
 
 using namespace pagesource;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -64,7 +65,7 @@ QJsonArray ReadList(const QString& path)
     QJsonParseError fault{};
     const QJsonDocument list = file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll(), &fault) : QJsonDocument();
     if (!list.isArray())
-        throw Failure((path + QStringLiteral(": ") + (file.isOpen() ? fault.errorString() : file.errorString())).toStdString());
+        throw Failure((path + u": "_s + (file.isOpen() ? fault.errorString() : file.errorString())).toStdString());
     return list.array();
 }
 
@@ -136,24 +137,23 @@ void PaintPoster(const kelvado::Covers& covers, const Film& film, const QJsonVal
     QStringList directors;
     for (const QJsonValue director : json[u"directors"].toArray())
         directors << (director.isString() ? director.toString() : director[u"name"].toString());
-    text.director = directors.join(QStringLiteral(", "));
+    text.director = directors.join(u", "_s);
     const QImage cover = covers.Front(text, seed);
     const QString name = QString::fromStdString(Padded(film.number, 7));
-    Save(cover, pictures.filePath(name + QStringLiteral("-large.jpg")), kLargeQuality);
-    Save(cover.scaled(kPosterSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), pictures.filePath(name + QStringLiteral(".jpg")),
-         kPosterQuality);
+    Save(cover, pictures.filePath(name + u"-large.jpg"_s), kLargeQuality);
+    Save(cover.scaled(kPosterSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), pictures.filePath(name + u".jpg"_s), kPosterQuality);
 }
 
 // Head and shoulders of nobody, for everybody.
 void PaintPerson(const QString& art, const QDir& pictures)
 {
-    const kelvado::Drawing drawing({art}, QStringLiteral("person.svg"), {});
+    const kelvado::Drawing drawing({art}, u"person.svg"_s, {});
     QImage picture(drawing.Size().toSize(), QImage::Format_RGB32);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     drawing.Draw(painter, picture.rect());
     painter.end();
-    Save(picture, pictures.filePath(QStringLiteral("person.jpg")), kLargeQuality);
+    Save(picture, pictures.filePath(u"person.jpg"_s), kLargeQuality);
 }
 
 void AddPersons(FilmWriter& writer, const OwnNumbers& people, const QString& facts)
@@ -181,12 +181,12 @@ void AddPersons(FilmWriter& writer, const OwnNumbers& people, const QString& fac
 void MakeSample(const QStringList& arguments)
 {
     const QDir films(arguments[0]);
-    const kelvado::Covers covers(arguments[4] + QStringLiteral("/covers"));
+    const kelvado::Covers covers(arguments[4] + u"/covers"_s);
     const QDir pictures(arguments[3]);
-    if (!pictures.mkpath(QStringLiteral(".")))
+    if (!pictures.mkpath(u"."_s))
         throw Failure("Cannot make " + arguments[3].toStdString());
     std::vector<QJsonValue> list;
-    for (const QString& name : films.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name)) {
+    for (const QString& name : films.entryList({u"*.json"_s}, QDir::Files, QDir::Name)) {
         for (const QJsonValue film : ReadList(films.filePath(name)))
             list.push_back(film);
     }

@@ -3,6 +3,7 @@
 #include "browse/forms/frmFilter.h"
 #include "browse/forms/frmFind.h"
 #include "browse/forms/frmSortCustom.h"
+#include "core/Afterwards.h"
 #include "core/Guard.h"
 #include "core/Literals.h"
 #include "loans/LoanActions.h"
@@ -81,14 +82,13 @@ FilterRecord BrowseMenus::AskFilter()
 void BrowseMenus::DeleteSelected()
 {
     // The view goes on to a neighbour by itself when the node is taken out; the command shows it.
-    const struct Silence
-    {
-        CatalogTreeView& tree;
-        explicit Silence(CatalogTreeView& t) : tree(t) { tree.SetSilent(true); }
-        ~Silence() { tree.SetSilent(false); }
-    } silence(m_context.tree);
-    m_films.Delete(m_context.tree.Selected());
-    m_context.updateSelectionMenus();
+    m_context.tree.SetSilent(true);
+    Afterwards(
+        [this] {
+            m_films.Delete(m_context.tree.Selected());
+            m_context.updateSelectionMenus();
+        },
+        [this] { m_context.tree.SetSilent(false); });
 }
 
 void BrowseMenus::LoanSelected()

@@ -76,11 +76,6 @@ constexpr ButtonEntry kButtonEntries[] = {
 constexpr int kStateMaximised = 2;
 constexpr int kTreeMargin = 1;
 
-QString Setting(const char* key)
-{
-    return ReadProfileValue(u"Settings"_s, QString::fromLatin1(key), SettingsFile());
-}
-
 // The open catalog's name stands first, where the desktop's lists of windows show it.
 QString Caption(const QString& catalog)
 {
@@ -288,7 +283,7 @@ void Form1::OnFirstActivation()
 
 void Form1::OpenDefaultCatalog()
 {
-    const QString catalog = Setting("Default");
+    const QString catalog = ReadProfileValue(u"Settings"_s, u"Default"_s, SettingsFile());
     if (catalog.isEmpty())
         return;
     if (!QFileInfo(catalog).isFile()) {

@@ -24,9 +24,9 @@ public:
     void SetVisible(const QString& menu, int index, bool visible) override;
     void SetCaption(const QString& menu, int index, const QString& caption) override;
 
-    /// The entry, or the action of a menu of that name. Raises 9 where there is none.
+    /// The entry, or the action of a menu of that name. Raises `kErrSubscript` where there is none.
     QAction& Entry(const QString& menu, int index = -1) const;
-    /// Raises 9 where there is none.
+    /// Raises `kErrSubscript` where there is none.
     QMenu& Menu(const QString& name) const;
 
     /// Turns each menu on or off as `SetEnabled` told, but off where none of its entries can be used; for every change of entries.

@@ -2,6 +2,7 @@
 
 #include "browse/FilmCommands.h"
 #include "core/Guard.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "web/UpdateCheck.h"
 #include "web/VisitAddress.h"
@@ -17,7 +18,7 @@ namespace kelvado {
 
 namespace {
 
-constexpr QLatin1StringView kFilmSite("IMDB");
+constexpr QLatin1StringView kFilmSite = "IMDB"_L1;
 
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "app/WindowPlace.h"
 
 #include "core/Literals.h"
+#include "core/Options.h"
 #include "core/Profile.h"
 
 #include <QGuiApplication>
@@ -34,17 +35,18 @@ QRect WithinAScreen(const QRect& place)
 
 std::optional<WindowPlace> ReadWindowPlace(const QString& settingsFile)
 {
+    const Profile settings(settingsFile);
     std::array<int, kKeys.size()> numbers{};
     for (std::size_t i = 0; i < kKeys.size(); ++i) {
         bool isNumber = false;
-        numbers[i] = ReadProfileValue(kSection, QLatin1StringView(kKeys[i]), settingsFile).toInt(&isNumber);
+        numbers[i] = settings.Value(kSection, QLatin1StringView(kKeys[i])).toInt(&isNumber);
         if (!isNumber)
             return std::nullopt;
     }
     const auto [left, top, width, height, maximised, divider] = numbers;
     if (width <= 0 || height <= 0)
         return std::nullopt;
-    return WindowPlace{WithinAScreen({left, top, width, height}), maximised == 1, std::clamp(divider, 0, 99)};
+    return WindowPlace{WithinAScreen({left, top, width, height}), IsOn(maximised), std::clamp(divider, 0, 99)};
 }
 
 void WriteWindowPlace(const WindowPlace& place, const QString& settingsFile)

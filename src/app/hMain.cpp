@@ -9,15 +9,6 @@
 
 namespace kelvado {
 
-namespace {
-
-QString Setting(const char* key)
-{
-    return ReadProfileValue(u"Settings"_s, QString::fromLatin1(key), SettingsFile());
-}
-
-} // namespace
-
 void LoaderMain(Form1& window, const QStringList& arguments)
 {
     // A file named on the command line is never opened: the start ends here.
@@ -27,7 +18,7 @@ void LoaderMain(Form1& window, const QStringList& arguments)
         throw RuntimeError::WithDetail(kErrFileNotFound, SettingsFile());
     // The skin comes first, so that the splash and every question of the start have its colours.
     AppState& state = window.State();
-    state.skin = Setting("Skin");
+    state.skin = ReadProfileValue(u"Settings"_s, u"Skin"_s, SettingsFile());
     window.PaintBySkin();
     frmAbout splash;
     splash.show();

@@ -48,7 +48,7 @@ int main(int argc, char** argv)
     } catch (const RuntimeError& error) {
         ReportError(dialogs, error);
     } catch (const std::exception& error) {
-        ReportError(dialogs, RuntimeError(7, QString::fromUtf8(error.what())));
+        ReportError(dialogs, RuntimeError(kErrOutOfMemory, QString::fromUtf8(error.what())));
     }
     return 1;
 }

@@ -20,7 +20,8 @@ class FilmCommands
 public:
     FilmCommands(const AppState& state, Dialogs& dialogs, Shell& shell, CatalogModel& model);
 
-    /// Each entry raises 91 for no node and 5 for a node that is no film. Nothing is written where the tree is not current.
+    /// Each entry raises `kErrObjectNotSet` for no node and `kErrInvalidCall` for a node that is no film. Nothing is written where the tree
+    /// is not current.
 
     /// Asks, takes the node out of the tree and deletes the film. Under the sort by genre its other nodes stay until the next refresh.
     /// A film that cannot be deleted is back in the tree when the failure is raised.

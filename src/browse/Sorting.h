@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/AppState.h"
+#include "core/Literals.h"
 #include "core/MenuMarks.h"
 #include "core/Shell.h"
 
@@ -12,7 +13,7 @@
 namespace kelvado {
 
 /// What the custom dialog answers where nothing was chosen.
-inline constexpr QLatin1StringView kNothingChosen("0");
+inline constexpr QLatin1StringView kNothingChosen = "0"_L1;
 
 /// The sort and view menus: they change the view's options and their check marks, and rebuild the tree.
 class Sorting

@@ -42,7 +42,7 @@ public:
     bool GroupsExpanded() const;
 
     /// Fetches the cast of a film node anew; any other node is left alone. An actor with two roles is shown once.
-    /// A loaned film under the location sort raises 35601 then.
+    /// A loaned film under the location sort raises `kErrElementNotFound` then.
     void ExpandFilmNode(const QModelIndex& node);
 
     /// Every key that this film has in the present tree: one, or one for each genre under the sort by genre; none for an unknown film.

@@ -2,6 +2,7 @@
 
 #include "core/Dialogs.h"
 #include "core/History.h"
+#include "core/Literals.h"
 #include "core/Options.h"
 
 #include <QString>
@@ -11,10 +12,10 @@
 namespace kelvado {
 
 /// The names of the four sections of the main window.
-inline constexpr QLatin1StringView kMovieList("MovieList");
-inline constexpr QLatin1StringView kMovieGrab("MovieGrab");
-inline constexpr QLatin1StringView kMovieEdit("MovieEdit");
-inline constexpr QLatin1StringView kActorInfo("ActorInfo");
+inline constexpr QLatin1StringView kMovieList = "MovieList"_L1;
+inline constexpr QLatin1StringView kMovieGrab = "MovieGrab"_L1;
+inline constexpr QLatin1StringView kMovieEdit = "MovieEdit"_L1;
+inline constexpr QLatin1StringView kActorInfo = "ActorInfo"_L1;
 
 /// The process-wide state, one copy, owned by the main window and handed down.
 struct AppState

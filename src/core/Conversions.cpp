@@ -54,15 +54,6 @@ QByteArray PlainNumber(QStringView text)
     return plain;
 }
 
-template<typename Whole>
-Whole ToWhole(QStringView text)
-{
-    const double rounded = RoundHalfEven(ToDouble(text));
-    if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max()))
-        throw RuntimeError(kErrOverflow);
-    return static_cast<Whole>(rounded);
-}
-
 // The upper half of Windows-1252 where it differs from Latin-1; places that the code page leaves open keep their number.
 constexpr char16_t kCodePageUpper[32] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
                                          0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -97,12 +88,10 @@ double ToDouble(QStringView text)
 
 std::int32_t ToLong(QStringView text)
 {
-    return ToWhole<std::int32_t>(text);
-}
-
-std::int16_t ToInteger(QStringView text)
-{
-    return ToWhole<std::int16_t>(text);
+    const double rounded = RoundHalfEven(ToDouble(text));
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() && rounded <= std::numeric_limits<std::int32_t>::max()))
+        throw RuntimeError(kErrOverflow);
+    return static_cast<std::int32_t>(rounded);
 }
 
 double RoundHalfEven(double value)

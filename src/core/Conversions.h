@@ -25,25 +25,23 @@ QDate ZeroDate();
 /// False for the empty text.
 bool IsNumeric(QStringView text);
 
-/// The number that `text` reads as. Raises 13 (type mismatch) where `IsNumeric` is false.
+/// The number that `text` reads as. Raises `kErrTypeMismatch` where `IsNumeric` is false.
 double ToDouble(QStringView text);
 
-/// The whole number that `text` reads as, ties rounded to even. Raises 13 for no number, 6 (overflow) outside 32 bits.
+/// The whole number that `text` reads as, ties rounded to even. Raises `kErrTypeMismatch` for no number, `kErrOverflow` outside 32 bits.
 std::int32_t ToLong(QStringView text);
-
-/// As `ToLong`, within 16 bits.
-std::int16_t ToInteger(QStringView text);
 
 /// Rounds to a whole number, ties to even.
 double RoundHalfEven(double value);
 
-/// Reads "True" and "False" in any case and numbers (0 is false). Raises 13 for any other text.
+/// Reads "True" and "False" in any case and numbers (0 is false). Raises `kErrTypeMismatch` for any other text.
 bool ToBoolean(QStringView text);
 
 /// True if `text` says that a setting is on, as "-1" and "True" do; never raises.
 bool EqualsTrue(QStringView text);
 
-/// The amount that `text` reads as, ties rounded to even at the fourth decimal. Raises 13 for no number, 6 outside the range.
+/// The amount that `text` reads as, ties rounded to even at the fourth decimal. Raises `kErrTypeMismatch` for no number, `kErrOverflow`
+/// outside the range.
 Currency ToCurrency(QStringView text);
 
 /// The shortest decimal text of a number: "8", "7.5", "-0.25"; at most 15 digits, a point as decimal sign.

@@ -12,7 +12,7 @@ namespace kelvado {
 
 namespace {
 
-constexpr QLatin1StringView kSample("Sample.kvd");
+constexpr QLatin1StringView kSample = "Sample.kvd"_L1;
 
 void CopyFile(const QString& source, const QString& target)
 {

@@ -19,7 +19,7 @@ void Guarded(Dialogs& dialogs, Handler&& handler)
     } catch (const RuntimeError& error) {
         ReportError(dialogs, error);
     } catch (const std::exception& error) {
-        ReportError(dialogs, RuntimeError(7, QString::fromUtf8(error.what())));
+        ReportError(dialogs, RuntimeError(kErrOutOfMemory, QString::fromUtf8(error.what())));
     }
 }
 

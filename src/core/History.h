@@ -36,7 +36,7 @@ public:
 
     /// 0 at the head, else the place that is shown, 1 to 10.
     int Position() const { return m_position; }
-    /// The step at `place`, 1 to 10. Raises 9 for any other place.
+    /// The step at `place`, 1 to 10. Raises `kErrSubscript` for any other place.
     const Step& At(int place) const;
 
     bool walking = false; ///< Back or Forward runs

@@ -1,15 +1,16 @@
 #pragma once
 
 #include "core/FilmId.h"
+#include "core/Literals.h"
 #include <QString>
 #include <QStringView>
 
 namespace kelvado {
 
 /// Tags of tree nodes: they say what a node stands for.
-inline constexpr QLatin1StringView kTagGroup("Primary");
-inline constexpr QLatin1StringView kTagFilm("Movie");
-inline constexpr QLatin1StringView kTagActor("Actor");
+inline constexpr QLatin1StringView kTagGroup = "Primary"_L1;
+inline constexpr QLatin1StringView kTagFilm = "Movie"_L1;
+inline constexpr QLatin1StringView kTagActor = "Actor"_L1;
 
 /// The selected node, as the handlers see it.
 struct NodeRef

@@ -10,7 +10,8 @@
 namespace kelvado {
 
 /// The option groups. Each reads its keys from `Settings.ini` when it is made (`Load`), and from then on is the truth; `Save` hands
-/// all keys back in the same order. A whole number whose text is missing or no number raises 13, with the section, key and file named.
+/// all keys back in the same order. A whole number whose text is missing or no number raises `kErrTypeMismatch`, with the section, key and
+/// file named.
 
 /// True where an option of those that are kept as numbers is on.
 constexpr bool IsOn(std::int32_t option)
@@ -54,7 +55,7 @@ struct cOptStatus
     void Save(ProfileChanges& changes) const;
 };
 
-/// The option behind entry 1 to 12 of the status bar's menu. Raises 9 for any other entry.
+/// The option behind entry 1 to 12 of the status bar's menu. Raises `kErrSubscript` for any other entry.
 std::int32_t cOptStatus::*StatusOption(int entry);
 
 /// What is fetched for a film; a value above 0 means that the part is on. Used twice: for adding and for updating.

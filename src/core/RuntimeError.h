@@ -9,6 +9,7 @@ namespace kelvado {
 /// Numbers of the run-time failures that our own code raises. Database failures carry `kErrDatabase` and the engine's text.
 inline constexpr int kErrInvalidCall = 5;
 inline constexpr int kErrOverflow = 6;
+inline constexpr int kErrOutOfMemory = 7; ///< also what stands for any failure that is no run-time failure
 inline constexpr int kErrSubscript = 9;
 inline constexpr int kErrDivisionByZero = 11;
 inline constexpr int kErrTypeMismatch = 13;

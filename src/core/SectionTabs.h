@@ -2,6 +2,7 @@
 
 #include "core/AppState.h"
 #include "core/Dialogs.h"
+#include "core/Literals.h"
 #include "core/NodeKey.h"
 
 #include <QString>
@@ -18,7 +19,7 @@ inline constexpr int kTabPieces = 9;
 using TabPictures = std::array<const char*, kTabPieces>;
 
 /// The message of a section for which no catalog is open, or nothing that suits it is selected.
-inline constexpr QLatin1StringView kNoCatalogOpen("No Kelvado Catolog is open");
+inline constexpr QLatin1StringView kNoCatalogOpen = "No Kelvado Catolog is open"_L1;
 
 /// A panel whose changes may be unsaved, as far as the question about them goes.
 class EditPanel
@@ -52,7 +53,7 @@ public:
 
     /// Makes `section`, one of the four names, the current one and returns what to show; `selected` is the tree's selected node. Asks
     /// about unsaved changes of the panel that is left. Returns nothing where the window stays as it is: while no catalog is open, which
-    /// is told, and on the current section's own tab, which asks all the same. Raises 5 for any other name.
+    /// is told, and on the current section's own tab, which asks all the same. Raises `kErrInvalidCall` for any other name.
     std::optional<SectionView> Choose(const QString& section, const std::optional<NodeRef>& selected);
 
 private:

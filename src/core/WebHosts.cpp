@@ -1,7 +1,6 @@
 #include "core/WebHosts.h"
 
 #include "core/Literals.h"
-#include "core/Profile.h"
 
 #include <utility>
 
@@ -22,15 +21,19 @@ constexpr std::pair<QLatin1StringView, QString WebHosts::*> kKeys[] = {
 
 } // namespace
 
-WebHosts ReadWebHosts(const QString& settingsFile)
+WebHosts ReadWebHosts(const Profile& settings)
 {
-    const Profile settings(settingsFile);
     WebHosts hosts;
     for (const auto& [key, host] : kKeys) {
         const QString value = settings.Value(u"Hosts"_s, key);
         hosts.*host = value.isEmpty() ? QString(kPageSource) : value;
     }
     return hosts;
+}
+
+WebHosts ReadWebHosts(const QString& settingsFile)
+{
+    return ReadWebHosts(Profile(settingsFile));
 }
 
 } // namespace kelvado

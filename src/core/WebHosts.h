@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Profile.h"
+
 #include <QString>
 
 namespace kelvado {
@@ -21,6 +23,7 @@ struct WebHosts
 };
 
 /// Reads section `Hosts` of the settings file, a key a host. A key that is missing or empty stands for the local page source.
+WebHosts ReadWebHosts(const Profile& settings);
 WebHosts ReadWebHosts(const QString& settingsFile);
 
 } // namespace kelvado

@@ -7,7 +7,7 @@ namespace kelvado {
 /// Widths of the main window are kept in twips: 15 of them make one pixel at 100 % scale.
 inline constexpr int kTwipsPerPixel = 15;
 
-/// The left pane's share of the window in whole per cent. Raises 11 for a window without width.
+/// The left pane's share of the window in whole per cent. Raises `kErrDivisionByZero` for a window without width.
 int SplitterPercent(int leftPaneTwips, int windowTwips);
 
 /// The splitter's new percentage while it is dragged: the pointer stands at `barLeft + pointerX` of a window `windowTwips` wide.

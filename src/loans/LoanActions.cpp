@@ -1,12 +1,11 @@
 #include "loans/LoanActions.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "loans/LoanQueries.h"
 #include "store/Recordset.h"
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

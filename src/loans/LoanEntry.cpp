@@ -1,20 +1,19 @@
 #include "loans/LoanEntry.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "loans/LoanQueries.h"
 #include "store/Recordset.h"
 
 namespace kelvado {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 const QString kAllFilms = u"SELECT Title, Movie_ID FROM Movie"_s;
 const QString kTitleOfFilm = u"SELECT Title FROM Movie WHERE Movie_ID = "_s;
 const QString kTitleOfLoan = u"SELECT Title FROM Movie WHERE Loan_ID = "_s;
-const QString kFilmById = u"SELECT * FROM Movie WHERE Movie_ID = "_s;
+const QString kFilmToLend = u"SELECT * FROM Movie WHERE Movie_ID = "_s;
 const QString kBorrowers = u"SELECT DISTINCT LoanedTo FROM Loans"_s;
 const QString kBorrowerOfEachLoan = u"SELECT LoanedTo FROM Loans"_s;
 const QString kAllLoans = u"SELECT * FROM Loans"_s;
@@ -36,7 +35,7 @@ QStringList ReadBorrowers(const QString& sql, Connection& connection)
     return names;
 }
 
-FilmChoice ReadFilm(const QString& sql, qint64 number, Connection& connection)
+FilmChoice ReadChoice(const QString& sql, qint64 number, Connection& connection)
 {
     Recordset film;
     film.Open(sql + QString::number(number), connection);
@@ -90,7 +89,7 @@ void AddLoan(FilmId movieId, const LoanTerms& terms, const QString& catalogPath)
     loans.Update();
     loans.Close();
     Recordset film;
-    film.Open(kFilmById + QString::number(movieId), connection);
+    film.Open(kFilmToLend + QString::number(movieId), connection);
     film[u"Loan_ID"].Set(loanId);
     film.Update();
     film.Close();
@@ -131,7 +130,7 @@ LoanEntry Load_DirectLoan(FilmId movieId, const QString& catalogPath, const Cloc
         return EmptyEntry();
     LoanEntry entry = NewEntry(clock);
     Connection connection = OpenCatalog(catalogPath);
-    entry.films.push_back(ReadFilm(kTitleOfFilm, movieId, connection));
+    entry.films.push_back(ReadChoice(kTitleOfFilm, movieId, connection));
     entry.filmIsGiven = true;
     entry.borrowers = ReadBorrowers(kBorrowerOfEachLoan, connection);
     connection.Close();
@@ -145,7 +144,7 @@ LoanEntry Edit_Loan(qint64 loanId, const QString& catalogPath)
     Connection connection = OpenCatalog(catalogPath);
     LoanEntry entry;
     entry.caption = kEditCaption;
-    entry.films.push_back(ReadFilm(kTitleOfLoan, loanId, connection));
+    entry.films.push_back(ReadChoice(kTitleOfLoan, loanId, connection));
     entry.filmIsGiven = true;
     Recordset loan;
     loan.Open(kLoanById + QString::number(loanId), connection);

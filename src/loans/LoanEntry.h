@@ -38,10 +38,11 @@ struct LoanEntry
 LoanEntry Load_NewLoan(const QString& catalogPath, const Clock& clock);
 
 /// A new loan of one film; an entry without a film for the number 0. The borrowers stand there once for each of their loans.
-/// Raises 3021 where there is no such film.
+/// Raises `kErrNoCurrentRecord` where there is no such film.
 LoanEntry Load_DirectLoan(FilmId movieId, const QString& catalogPath, const Clock& clock);
 
-/// An existing loan; an empty entry for the number 0. Raises 3021 where no film is out under it: an ended loan cannot be edited.
+/// An existing loan; an empty entry for the number 0. Raises `kErrNoCurrentRecord` where no film is out under it: an ended loan cannot be
+/// edited.
 LoanEntry Edit_Loan(qint64 loanId, const QString& catalogPath);
 
 /// What the user accepted. `film` is the number behind the chosen film; nothing where none is chosen.
@@ -52,7 +53,7 @@ struct LoanAnswer
 };
 
 /// Stores a new loan, or the terms of an edited one. False, with nothing written and the user told, where film or borrower is missing.
-/// Raises 3021 where the film of a new loan is gone, which leaves a loan of no film, or where the edited loan is.
+/// Raises `kErrNoCurrentRecord` where the film of a new loan is gone, which leaves a loan of no film, or where the edited loan is.
 bool StoreLoan(LoanMode mode, const LoanAnswer& answer, const QString& catalogPath, Dialogs& dialogs);
 
 } // namespace kelvado

@@ -1,13 +1,12 @@
 #include "loans/LoanModel.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
 
 #include <algorithm>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -16,16 +16,16 @@ namespace kelvado {
 
 namespace {
 
-constexpr QLatin1StringView kNone("N/A");
+constexpr QLatin1StringView kNone = "N/A"_L1;
 constexpr int kNumberedTokens = 50;
 
-enum class TokenKind { Plain, YesNo, Date, SiteLink, SiteNumber };
+enum class ValueForm { Plain, YesNo, Date, SiteLink, SiteNumber };
 
 struct FilmToken
 {
     QLatin1StringView token;
     QLatin1StringView column;
-    TokenKind kind = TokenKind::Plain;
+    ValueForm kind = ValueForm::Plain;
 };
 
 // The order is behaviour: a value may hold the token of a later line, which is then replaced in its turn.
@@ -40,8 +40,8 @@ constexpr std::array<FilmToken, 40> kFilmTokens{{
     {"!!RUNTIME!!"_L1, "Runtime"_L1},
     {"!!PLOT!!"_L1, "Plot"_L1},
     {"!!INDEX!!"_L1, "Index"_L1},
-    {"!!IMDB!!"_L1, "IMDB"_L1, TokenKind::SiteLink},
-    {"!!IMDBNUM!!"_L1, "IMDB"_L1, TokenKind::SiteNumber},
+    {"!!IMDB!!"_L1, "IMDB"_L1, ValueForm::SiteLink},
+    {"!!IMDBNUM!!"_L1, "IMDB"_L1, ValueForm::SiteNumber},
     {"!!QUALITY!!"_L1, "Quality"_L1},
     {"!!RESOLUTION!!"_L1, "Resolution"_L1},
     {"!!AUDBITRATE!!"_L1, "audBitRate"_L1},
@@ -57,14 +57,14 @@ constexpr std::array<FilmToken, 40> kFilmTokens{{
     {"!!CUSTOM1!!"_L1, "Custom1"_L1},
     {"!!CUSTOM2!!"_L1, "Custom2"_L1},
     {"!!CUSTOM3!!"_L1, "Custom3"_L1},
-    {"!!SEENIT!!"_L1, "SeenIt"_L1, TokenKind::YesNo},
-    {"!!SUBTITLES!!"_L1, "SubTitles"_L1, TokenKind::YesNo},
-    {"!!REQUEST!!"_L1, "IsRequest"_L1, TokenKind::YesNo},
+    {"!!SEENIT!!"_L1, "SeenIt"_L1, ValueForm::YesNo},
+    {"!!SUBTITLES!!"_L1, "SubTitles"_L1, ValueForm::YesNo},
+    {"!!REQUEST!!"_L1, "IsRequest"_L1, ValueForm::YesNo},
     {"!!COLOR!!"_L1, "Color"_L1},
     {"!!COUNTRY!!"_L1, "Country"_L1},
     {"!!PURCHASEPRICE!!"_L1, "PurchasePrice"_L1},
     {"!!PURCHASEDWHERE!!"_L1, "PurchasedWhere"_L1},
-    {"!!LASTVIEWING!!"_L1, "LastViewing"_L1, TokenKind::Date},
+    {"!!LASTVIEWING!!"_L1, "LastViewing"_L1, ValueForm::Date},
     {"!!MYRATING!!"_L1, "MyRating"_L1},
     {"!!MYRATINGNOTES!!"_L1, "MyRatingNotes"_L1},
     {"!!URL1!!"_L1, "UserURL1"_L1},
@@ -85,16 +85,16 @@ constexpr std::array<Certificate, 5> kCertificates{{
     {"R"_L1, "R.Gif"_L1},
     {"NC17"_L1, "NC-17.Gif"_L1},
 }};
-constexpr QLatin1StringView kNoCertificate("NA.Gif");
+constexpr QLatin1StringView kNoCertificate = "NA.Gif"_L1;
 
-constexpr QLatin1StringView kGenreQuery("SELECT Movie.Movie_ID, Genre.Genre FROM (GenreLink INNER "
-                                        "JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID) INNER "
-                                        "JOIN Movie ON GenreLink.Movie_ID = Movie.Movie_ID "
-                                        "WHERE Movie.Movie_ID = ");
+constexpr QLatin1StringView kGenreQuery = "SELECT Movie.Movie_ID, Genre.Genre FROM (GenreLink INNER "
+                                          "JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID) INNER "
+                                          "JOIN Movie ON GenreLink.Movie_ID = Movie.Movie_ID "
+                                          "WHERE Movie.Movie_ID = "_L1;
 
-constexpr QLatin1StringView kActorQuery("SELECT ActorLink.Movie_ID, ActorLink.Character, Actor.Actor, Actor.Actor_ID"
-                                        " FROM Actor INNER JOIN ActorLink ON Actor.Actor_ID"
-                                        " = ActorLink.Actor_ID WHERE ActorLink.Movie_ID = ");
+constexpr QLatin1StringView kActorQuery = "SELECT ActorLink.Movie_ID, ActorLink.Character, Actor.Actor, Actor.Actor_ID"
+                                          " FROM Actor INNER JOIN ActorLink ON Actor.Actor_ID"
+                                          " = ActorLink.Actor_ID WHERE ActorLink.Movie_ID = "_L1;
 
 struct Crew
 {
@@ -103,17 +103,17 @@ struct Crew
     QLatin1StringView stem;
 };
 
-constexpr Crew kProducers{QLatin1StringView("SELECT Producer.*, ProducerLink.* FROM Producer INNER JOIN "
-                                            "ProducerLink ON Producer.Producer_ID = ProducerLink.Producer_ID "
-                                            "WHERE ProducerLink.Movie_ID  = "),
+constexpr Crew kProducers{"SELECT Producer.*, ProducerLink.* FROM Producer INNER JOIN "
+                          "ProducerLink ON Producer.Producer_ID = ProducerLink.Producer_ID "
+                          "WHERE ProducerLink.Movie_ID  = "_L1,
                           "Producer"_L1, "!!PRODUCER"_L1};
-constexpr Crew kDirectors{QLatin1StringView("SELECT Director.*, DirectorLink.* FROM Director INNER JOIN "
-                                            "DirectorLink ON Director.Director_ID = DirectorLink.Director_ID "
-                                            "WHERE DirectorLink.Movie_ID  = "),
+constexpr Crew kDirectors{"SELECT Director.*, DirectorLink.* FROM Director INNER JOIN "
+                          "DirectorLink ON Director.Director_ID = DirectorLink.Director_ID "
+                          "WHERE DirectorLink.Movie_ID  = "_L1,
                           "Director"_L1, "!!DIRECTOR"_L1};
-constexpr Crew kWriters{QLatin1StringView("SELECT Writer.*, WriterLink.* FROM Writer INNER JOIN "
-                                          "WriterLink ON Writer.Writer_ID = WriterLink.Writer_ID "
-                                          "WHERE WriterLink.Movie_ID  = "),
+constexpr Crew kWriters{"SELECT Writer.*, WriterLink.* FROM Writer INNER JOIN "
+                        "WriterLink ON Writer.Writer_ID = WriterLink.Writer_ID "
+                        "WHERE WriterLink.Movie_ID  = "_L1,
                         "Writer"_L1, "!!WRITER"_L1};
 
 bool IsDigit(QChar c)
@@ -140,18 +140,18 @@ QString DateOrNone(const Value& value)
     return date ? DateText(*date) : text;
 }
 
-QString TokenValue(TokenKind kind, const Value& value, const TokenSettings& settings)
+QString TokenValue(ValueForm kind, const Value& value, const TokenSettings& settings)
 {
     switch (kind) {
-    case TokenKind::YesNo:
+    case ValueForm::YesNo:
         return YesNo(value);
-    case TokenKind::Date:
+    case ValueForm::Date:
         return DateOrNone(value);
-    case TokenKind::SiteLink:
+    case ValueForm::SiteLink:
         return value.IsNull() ? settings.siteAddress : settings.siteAddress + u"/Title?"_s + value.Text();
-    case TokenKind::SiteNumber:
+    case ValueForm::SiteNumber:
         return value.IsNull() ? QString() : value.Text();
-    case TokenKind::Plain:
+    case ValueForm::Plain:
         break;
     }
     return ValueOrNone(value);
@@ -191,7 +191,7 @@ QString BarTag(const TokenSettings& settings, QLatin1StringView name, QLatin1Str
 /// draws neither a half nor an empty segment, and the bar is one segment shorter.
 QString RatingBar(const QString& rating, const TokenSettings& settings)
 {
-    constexpr QLatin1StringView kEnd("\"/>");
+    constexpr QLatin1StringView kEnd = "\"/>"_L1;
     if (!IsDigit(rating.back()))
         throw RuntimeError(kErrTypeMismatch);
     const int whole = rating.front().digitValue();
@@ -308,8 +308,8 @@ void FillGenreToken(QString& text, Connection& connection, const QString& movieI
 
 void FillActorTokens(QString& text, Connection& connection, const QString& movieId)
 {
-    constexpr QLatin1StringView kActor("!!ACTOR");
-    constexpr QLatin1StringView kCharacter("!!CHARACTER");
+    constexpr QLatin1StringView kActor = "!!ACTOR"_L1;
+    constexpr QLatin1StringView kCharacter = "!!CHARACTER"_L1;
     Recordset rows;
     rows.Open(kActorQuery + movieId, connection);
     qint64 count = 0;

@@ -20,7 +20,7 @@ struct TokenSettings
 /// costs nothing; one that no value reaches stays in it. `movieId` is a film's number as text and goes into the query as it stands.
 
 /// All single-value tokens. `film` stands on the film's row of `Movie`. "N/A" for Null; an empty text is a value.
-/// Raises 13 for a rating that begins with a digit and does not end with one.
+/// Raises `kErrTypeMismatch` for a rating that begins with a digit and does not end with one.
 void FillFilmTokens(QString& text, const Recordset& film, const TokenSettings& settings);
 
 /// `!!GENRE!!`: the genres with ", " between them and a blank in front, or "N/A".
@@ -36,7 +36,7 @@ void FillWriterTokens(QString& text, Connection& connection, const QString& movi
 void FillPageTokens(QString& text, qint64 page, qint64 pageCount, qint64 pageSize, qint64 filmCount);
 
 /// Copies the rating bar's pictures of `skin` into the picture folder of the web export; what the skin does not have is left out.
-/// Raises 75 with the path where a picture cannot be written.
+/// Raises `kErrFileAccess` with the path where a picture cannot be written.
 void CopyRatingBarImages(const QString& skin);
 
 /// `path` as pages take it: "/" for "\", and the few characters that would end or change the path in an attribute's address given as %XX.

@@ -35,7 +35,7 @@ struct PageAction
 PageAction ActionOfClick(const PageClick& click);
 
 /// The meaning of a message: `SendMessage:GOTO:12:Action`, `SendMessage:PAGE_CREDITS:12`, `SendMessage:PAGE_ADD`. `id` is split at its
-/// colons and the second part is the command; an unknown one asks for nothing. Raises 9 where an argument is missing.
+/// colons and the second part is the command; an unknown one asks for nothing. Raises `kErrSubscript` where an argument is missing.
 PageAction ActionOfMessage(const QString& id, bool controlDown);
 
 } // namespace kelvado

@@ -22,8 +22,8 @@ namespace {
 
 constexpr int kPictures = 25;
 constexpr int kPages = 10;
-constexpr QLatin1StringView kFilmQuery("SELECT * FROM Movie WHERE Movie_ID = ");
-constexpr QLatin1StringView kMessage("SendMessage:");
+constexpr QLatin1StringView kFilmQuery = "SELECT * FROM Movie WHERE Movie_ID = "_L1;
+constexpr QLatin1StringView kMessage = "SendMessage:"_L1;
 
 struct CreditToken
 {
@@ -51,7 +51,7 @@ QString WriterMessage(const FilmPerson& person, const QString&)
 {
     return kMessage + "WRITERID:"_L1 + QString::number(person.ID);
 }
-QString PersonAddress(const FilmPerson& person, const QString& siteAddress)
+QString CreditAddress(const FilmPerson& person, const QString& siteAddress)
 {
     return siteAddress + person.IMDB_Link;
 }
@@ -72,21 +72,21 @@ constexpr std::array<CreditBlock, 3> kCreditBlocks{{
      {{{"!!ACTOR!!"_L1, PersonName},
        {"!!CHARACTER!!"_L1, PersonCharacter},
        {"!!ACTORNAV!!"_L1, ActorMessage},
-       {"!!ACTORIMDB!!"_L1, PersonAddress}}}},
+       {"!!ACTORIMDB!!"_L1, CreditAddress}}}},
     {"<!--START_WRITER_CREDIT-->"_L1,
      "<!--END_WRITER_CREDIT-->"_L1,
      &FilmRecord::Writers,
      {{{"!!WRITER!!"_L1, PersonName},
        {"!!EXTENDED!!"_L1, PersonExtended},
        {"!!ACTORNAV!!"_L1, WriterMessage},
-       {"!!WRITERIMDB!!"_L1, PersonAddress}}}},
+       {"!!WRITERIMDB!!"_L1, CreditAddress}}}},
     {"<!--START_DIRECTOR_CREDIT-->"_L1,
      "<!--END_DIRECTOR_CREDIT-->"_L1,
      &FilmRecord::Directors,
      {{{"!!DIRECTOR!!"_L1, PersonName},
        {"!!EXTENDED!!"_L1, PersonExtended},
        {"!!DIRECTORNAV!!"_L1, WriterMessage},
-       {"!!DIRECTORIMDB!!"_L1, PersonAddress}}}},
+       {"!!DIRECTORIMDB!!"_L1, CreditAddress}}}},
 }};
 
 /// Puts one copy of the block for each person in the block's place. A text without both markers is left as it is.

@@ -22,7 +22,7 @@ ColumnType TypeOfDeclaration(const char* declaration);
 
 /// The form in which a column of that kind keeps `value`: the empty text becomes Null where the column holds no texts, dates are taken
 /// as yyyy-mm-dd and mm/dd/yyyy, truth as `ToBoolean` reads it. A number column keeps a text that is no number.
-/// Raises 13 with the column's name where the value does not fit, 6 where a whole number is too large.
+/// Raises `kErrTypeMismatch` with the column's name where the value does not fit, `kErrOverflow` where a whole number is too large.
 Value ToStored(ColumnKind kind, const Value& value, const QString& column);
 
 } // namespace kelvado

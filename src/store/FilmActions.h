@@ -6,7 +6,7 @@
 namespace kelvado {
 
 /// What can be done with a stored film. Each routine works on the catalog at `catalogPath` over a connection of its own. An unknown film
-/// raises 3021.
+/// raises `kErrNoCurrentRecord`.
 
 /// Deletes the film's row, its front picture and its links to genres, people and companies. The people stay, and so do its features,
 /// its back picture and its loans. Where one of the statements fails, nothing is deleted.

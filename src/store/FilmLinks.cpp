@@ -1,6 +1,7 @@
 #include "store/FilmLinks.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "store/CaseBlind.h"
 #include "store/JetFunctions.h"
 
@@ -8,8 +9,6 @@
 #include <functional>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

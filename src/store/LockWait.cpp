@@ -1,7 +1,7 @@
 #include "store/LockWait.h"
 
 #include <QElapsedTimer>
-#include <QScopeGuard>
+#include <QScopedValueRollback>
 
 #include <sqlite3.h>
 
@@ -66,8 +66,7 @@ bool LockWait::GoOn()
     timer.start();
     std::this_thread::sleep_for(std::chrono::milliseconds(kStep));
     if (const std::function<void()> meanwhile = WhileLocked().meanwhile) {
-        waiting = true;
-        const auto over = qScopeGuard([] { waiting = false; });
+        const QScopedValueRollback turn(waiting, true);
         meanwhile();
     }
     m_waited += timer.elapsed();

@@ -29,7 +29,7 @@ public:
     Value Get() const;
     /// Changes the value in the row that is being added or edited; it reaches the catalog with `Recordset::Update`.
     /// The value is brought into the column's form: the empty text becomes Null in columns that hold no texts; a date may also be given
-    /// as mm/dd/yyyy. Raises 13 where it does not fit.
+    /// as mm/dd/yyyy. Raises `kErrTypeMismatch` where it does not fit.
     void Set(const Value& value) const;
 
     /// The next `size` bytes of a binary column of the current row, fewer at its end; reading begins anew with every row.
@@ -67,7 +67,7 @@ public:
 
     /// True behind the last row. False while a row is being added.
     bool Eof() const;
-    /// Raises 3021 behind the last row.
+    /// Raises `kErrNoCurrentRecord` behind the last row.
     void MoveNext();
     void MoveFirst();
     /// The number of all rows of the query; it is counted by a query of its own at the first call.
@@ -75,20 +75,20 @@ public:
     /// 1 for the first row; 0 where there is no current row.
     qint64 AbsolutePosition() const;
 
-    /// The column's place from 0, found without regard to case. Raises 3265 with the name where there is none.
+    /// The column's place from 0, found without regard to case. Raises `kErrItemNotFound` with the name where there is none.
     int ColumnIndex(QStringView name) const;
-    /// Raises 3265 where there is no such column.
+    /// Raises `kErrItemNotFound` where there is no such column.
     Field operator[](QStringView name) const;
     Field operator[](int index) const;
 
-    /// The current row's values by place; the fast way for long walks. Raises 3021 where there is no current row, 3265 for a place
-    /// that is none.
+    /// The current row's values by place; the fast way for long walks. Raises `kErrNoCurrentRecord` where there is no current row,
+    /// `kErrItemNotFound` for a place that is none.
     bool IsNull(int column) const;
     QString Text(int column) const; ///< "" for Null and for the zero date
     /// The same text as UTF-8, without a copy where that can be; valid until the next call on this recordset.
     QByteArrayView Utf8(int column) const;
-    std::int64_t Integer(int column) const; ///< 0 for Null; raises 13 for a text that is no number
-    double Number(int column) const;        ///< 0 for Null; raises 13 for a text that is no number
+    std::int64_t Integer(int column) const; ///< 0 for Null; raises `kErrTypeMismatch` for a text that is no number
+    double Number(int column) const;        ///< 0 for Null; raises `kErrTypeMismatch` for a text that is no number
 
     /// Begins a new row. A numbered key is given at once: it can be read before `Update`, and never comes back.
     void AddNew();

@@ -1,12 +1,11 @@
 #include "store/RecordsetImpl.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <algorithm>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -32,13 +32,13 @@ public:
     bool IsBytes() const { return std::holds_alternative<QByteArray>(m_data); }
     bool IsText() const { return std::holds_alternative<QString>(m_data); }
 
-    /// The text form. Raises 94 for Null.
+    /// The text form. Raises `kErrInvalidNull` for Null.
     QString Text() const;
-    /// The number that the value holds or reads as. Raises 94 for Null, 13 for a text that is no number.
+    /// The number that the value holds or reads as. Raises `kErrInvalidNull` for Null, `kErrTypeMismatch` for a text that is no number.
     double Number() const;
-    /// As `Number`, rounded, ties to even. Raises 6 outside 64 bits.
+    /// As `Number`, rounded, ties to even. Raises `kErrOverflow` outside 64 bits.
     std::int64_t Integer() const;
-    /// The bytes; a text's UTF-8. Raises 94 for Null.
+    /// The bytes; a text's UTF-8. Raises `kErrInvalidNull` for Null.
     QByteArray Bytes() const;
 
     const std::variant<std::monostate, std::int64_t, double, QString, QByteArray>& Data() const { return m_data; }

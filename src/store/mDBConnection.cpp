@@ -1,6 +1,7 @@
 #include "store/mDBConnection.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
 #include "store/FilmColumns.h"
@@ -10,8 +11,6 @@
 #include <span>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

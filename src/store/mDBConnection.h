@@ -42,7 +42,7 @@ inline void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOp
 /// Stores the plain columns of an edit. Links and pictures are not its business.
 void SaveFilmEdit(const FilmRecord& film, FilmId movieId, const WriterContext& context);
 
-/// Reads a film with all its lists. Raises 3021 where there is no such film.
+/// Reads a film with all its lists. Raises `kErrNoCurrentRecord` where there is no such film.
 FilmRecord ReadFilm(FilmId movieId, const QString& catalogPath);
 
 /// Puts a value into a column of the row that is being added or edited, and knows the column's size: a longer text is cut

@@ -1,5 +1,6 @@
 #include "store/mFileAccess.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "core/SafeFile.h"
 #include "store/Recordset.h"
@@ -14,8 +15,6 @@
 #include <memory>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -10,7 +10,8 @@ namespace kelvado {
 /// The whole text of a file: UTF-8 if it is valid, else Windows-1252. A missing file is told in a message and gives the empty text.
 QString ReadWholeFile(const QString& path, Dialogs& dialogs);
 
-/// Creates or replaces the file with the value and a line end (CR LF), as UTF-8. Raises 75 with the path where it cannot be written.
+/// Creates or replaces the file with the value and a line end (CR LF), as UTF-8. Raises `kErrFileAccess` with the path where it cannot be
+/// written.
 void WriteWholeFile(const QString& path, const QString& value);
 
 /// One text file at a time for line-wise work; it is written beside its target and takes its place with `CloseTextFile`.
@@ -28,16 +29,16 @@ QString ImageKindOfFile(const QString& path);
 /// The same for bytes at hand.
 QString ImageKindOfBytes(const QByteArray& bytes);
 
-/// Creates every missing folder of `path`. Raises 75 with the folder's name where one cannot be made.
+/// Creates every missing folder of `path`. Raises `kErrFileAccess` with the folder's name where one cannot be made.
 void MakeDirs(const QString& path);
 
 /// Writes the picture `imageId` to `basePath` + "." + its kind; `basePath` becomes that path, which is returned too.
-/// Raises 3021 for an unknown picture.
+/// Raises `kErrNoCurrentRecord` for an unknown picture.
 QString ExportImageFile(QString& basePath, const QString& imageId, Connection& connection);
 
 /// Stores the picture file at `path` as a new row of `Images` and returns its `Image_ID`. The file is taken in blocks, each one byte
 /// longer than its share, so a stored picture carries a few zero bytes behind its end. The file is read whole before anything is
-/// written. Raises 53 for a missing file.
+/// written. Raises `kErrFileNotFound` for a missing file.
 qint64 StoreImageFile(const QString& path, Connection& connection);
 
 } // namespace kelvado

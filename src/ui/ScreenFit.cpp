@@ -1,5 +1,7 @@
 #include "ui/ScreenFit.h"
 
+#include "core/Literals.h"
+
 #include <QDialog>
 #include <QEvent>
 #include <QFileDialog>
@@ -28,7 +30,7 @@ void LetScroll(QWidget& window)
     auto* content = new QWidget;
     content->setLayout(window.layout()); // which takes the controls along
     auto* area = new QScrollArea(&window);
-    area->setObjectName(QString::fromLatin1("ScreenFit"));
+    area->setObjectName(u"ScreenFit"_s);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(content);

@@ -68,7 +68,7 @@ class SectionTabRow : public TabRow
 public:
     explicit SectionTabRow(QWidget* parent = nullptr);
 
-    /// Loads the pieces' pictures of `skin`. Raises 53 or 481 where one is missing.
+    /// Loads the pieces' pictures of `skin`. Raises `kErrFileNotFound` or `kErrInvalidPicture` where one is missing.
     void LoadPictures(const QString& skin, const TabPictures& pictures);
     /// Loads the two pieces that stay the same: what fills the row, and its right end.
     void LoadEnds(const QString& skin);

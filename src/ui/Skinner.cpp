@@ -2,7 +2,6 @@
 
 #include "core/Literals.h"
 #include "core/Paths.h"
-#include "core/Profile.h"
 #include "core/RuntimeError.h"
 #include "core/SafeFile.h"
 
@@ -137,15 +136,17 @@ QColor ParseColor(const QString& text)
     return QColor(pair(text.left(2)), pair(text.mid(2, 2)), pair(text.right(2)));
 }
 
-QString Skinner::Read(const char* section, const char* key) const
+// Without a name it is the skin that the settings name.
+Profile Skinner::ReadSkinFile(const QString& skin)
 {
-    const QString skin = m_skin.isEmpty() ? ReadProfileValue(u"Settings"_s, u"Skin"_s, SettingsFile()) : m_skin;
-    return ReadProfileValue(QString::fromLatin1(section), QString::fromLatin1(key), FindFileCaseBlind(SkinFolder(skin), u"skin.ini"_s));
+    const QString name = skin.isEmpty() ? ReadProfileValue(u"Settings"_s, u"Skin"_s, SettingsFile()) : skin;
+    return Profile(FindFileCaseBlind(SkinFolder(name), u"skin.ini"_s));
 }
 
 void Skinner::ApplySkin(const QString& skin)
 {
     m_skin = skin;
+    m_file = ReadSkinFile(skin);
     InstallSkinFont();
     LoadSkinValues();
     if (!m_values.fontName.isEmpty() && QFontDatabase::hasFamily(m_values.fontName))
@@ -166,7 +167,7 @@ void Skinner::InstallSkinFont() const
     const QString folder = SkinFolder(m_skin);
     if (m_skin.isEmpty() || !QFileInfo(folder).isDir())
         return;
-    const QString fontFile = Read("Skin", "FontFile");
+    const QString fontFile = m_file->Value(u"Skin"_s, u"FontFile"_s);
     const QString path = FindFileCaseBlind(folder, fontFile);
     const bool named = !fontFile.isEmpty() && fontFile != u"0";
     // A font made known to this process goes with it, so it is registered at every start; the marker says that the skin has been used.
@@ -184,16 +185,16 @@ void Skinner::InstallSkinFont() const
 void Skinner::LoadSkinValues()
 {
     for (const ColorKey& entry : kColorKeys)
-        m_values.*entry.value = ParseColor(Read("Skin", entry.key));
-    m_values.boxBorder = Read("Skin", "TextHasBorder");
-    m_values.fontName = Read("Skin", "Font");
+        m_values.*entry.value = ParseColor(m_file->Value(u"Skin"_s, QLatin1StringView(entry.key)));
+    m_values.boxBorder = m_file->Value(u"Skin"_s, u"TextHasBorder"_s);
+    m_values.fontName = m_file->Value(u"Skin"_s, u"Font"_s);
 }
 
 QColor Skinner::GetMenuColor(const QString& name) const
 {
     for (const MenuColorKey& entry : kMenuColorKeys) {
         if (name == QLatin1StringView(entry.name))
-            return ParseColor(Read("Menu", entry.key));
+            return ParseColor((m_file ? *m_file : ReadSkinFile(m_skin)).Value(u"Menu"_s, QLatin1StringView(entry.key)));
     }
     return ParseColor({});
 }

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "core/Profile.h"
+
 #include <QColor>
 #include <QPalette>
 #include <QString>
+
+#include <optional>
 
 class QWidget;
 
@@ -35,9 +39,6 @@ public:
     /// Reads the skin and gives every window that is open, and all that open later, its colours.
     void ApplySkin(const QString& skin);
 
-    /// Makes the skin's own font known, once for each skin: an empty "install.skn" marks that it was done.
-    void InstallSkinFont() const;
-    void LoadSkinValues();
     /// A menu colour by "MENU_BLOCK", "MENU_BACK", "MENU_HIGHLIGHT" or "MENUBAR_BACK"; any other name gives what an empty text gives.
     QColor GetMenuColor(const QString& name) const;
 
@@ -50,11 +51,15 @@ public:
     const QString& Skin() const { return m_skin; }
 
 private:
-    QString Read(const char* section, const char* key) const;
+    /// Makes the skin's own font known, once for each skin: an empty "install.skn" marks that it was done.
+    void InstallSkinFont() const;
+    void LoadSkinValues();
+    static Profile ReadSkinFile(const QString& skin);
     QPalette WindowPalette() const;
     QPalette MenuPalette() const;
 
     QString m_skin;
+    std::optional<Profile> m_file; ///< of the skin that was applied
     SkinValues m_values;
 };
 

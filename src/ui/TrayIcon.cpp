@@ -48,11 +48,6 @@ void TrayIcon::SetTipText(const QString& text)
     m_tipText = text.left(kLongestTip);
 }
 
-bool TrayIcon::IsVisible() const
-{
-    return m_icon->isVisible();
-}
-
 void TrayIcon::ShowTrayIcon()
 {
     Update();

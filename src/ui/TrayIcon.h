@@ -30,7 +30,6 @@ public:
     /// At most 63 characters are kept.
     void SetTipText(const QString& text);
     QString TipText() const { return m_tipText; }
-    bool IsVisible() const;
 
     void ShowTrayIcon();
     void HideTrayIcon();

@@ -42,7 +42,7 @@ public:
     int ButtonCount() const { return static_cast<int>(m_buttons.size()); }
     /// The number of the button with this key, compared letter for letter; 0 where there is none.
     int ButtonIndex(const QString& key) const;
-    /// Raises 9 for a number outside 1 to `ButtonCount`.
+    /// Raises `kErrSubscript` for a number outside 1 to `ButtonCount`.
     void SetButtonEnabled(int index, bool enabled);
     bool IsButtonEnabled(int index) const;
     void Refresh();

@@ -1,6 +1,7 @@
 #include "web/UpdateCheck.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 #include "core/Version.h"
@@ -9,8 +10,6 @@
 #include <QProcess>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 bool CheckForUpdate(bool quiet, Transport& transport, const WebHosts& hosts, Dialogs& dialogs, const std::function<void()>& startUpdater)
 {

@@ -1,10 +1,9 @@
 #include "web/VisitAddress.h"
 
+#include "core/Literals.h"
 #include "store/mDBConnection.h"
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,5 +1,4 @@
 #include "MainWindow.h"
-#include "core/Literals.h"
 #include "render/forms/frmPageView.h"
 
 #include <QLabel>

@@ -1,6 +1,5 @@
 #include "MainWindow.h"
 
-#include "core/Literals.h"
 #include "ui/StatusCells.h"
 
 #include <QComboBox>

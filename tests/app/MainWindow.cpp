@@ -1,7 +1,6 @@
 #include "MainWindow.h"
 
 #include "app/hMain.h"
-#include "core/Literals.h"
 #include "core/Profile.h"
 #include "render/forms/PageEngine.h"
 #include "render/forms/frmPageView.h"

@@ -1,5 +1,4 @@
 #include "MainWindow.h"
-#include "core/Literals.h"
 #include "ui/BusyPicture.h"
 
 #include <QProgressBar>

@@ -3,7 +3,6 @@
 #include "browse/Filters.h"
 #include "browse/Find.h"
 #include "browse/Sorting.h"
-#include "core/Literals.h"
 #include "support/ScriptedDialogs.h"
 
 namespace kelvado {

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "browse/Tree.h"
-#include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "store/Recordset.h"
-#include "support/ErrorOf.h"
 #include "support/IdleEvents.h"
 #include "support/MapMarks.h"
 #include "support/RecordingShell.h"

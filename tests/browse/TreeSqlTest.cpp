@@ -1,7 +1,5 @@
 #include "TreeFixture.h"
 
-#include "core/Literals.h"
-
 namespace kelvado {
 namespace {
 
@@ -44,11 +42,8 @@ TEST_F(TreeSqlTest, EverySortViewModeAndDirectionRunsOnRealRows)
                 "(3, 'Heat', 1995, NULL, 9, 0, 'B', '', 'X');"
                 "INSERT INTO Genre (Genre_ID, Genre) VALUES (901, 'Tragedy'); INSERT INTO GenreLink (Movie_ID, Genre_ID) VALUES (1, 901), "
                 "(2, 901), (3, 901)");
-    const struct
-    {
-        const char16_t* mode;
-        qint64 films;
-    } modes[] = {{u"Movies", 3}, {u"Requests", 1}, {u"Loans", 1}, {u"MovieNight", 1}, {u"Unknown", 3}};
+    const std::pair<const char16_t*, qint64> modes[] = {
+        {u"Movies", 3}, {u"Requests", 1}, {u"Loans", 1}, {u"MovieNight", 1}, {u"Unknown", 3}};
     cOptView& view = state.gOptions->View;
     for (const char* primary : kSortKeys) {
         for (const char* secondary : {"Movie.Title", "Movie.Index", "Movie.Format", "Movie.Year", "Movie.Group"}) {

@@ -1,7 +1,5 @@
 #include "TreeFixture.h"
 
-#include "core/Literals.h"
-
 namespace kelvado {
 namespace {
 
@@ -81,13 +79,9 @@ TEST_F(TreeTest, SortedByGenreAFilmStandsOnceUnderEach)
 
 TEST_F(TreeTest, FilmNodeKeysHaveTheTreesOwnForm)
 {
-    const struct
-    {
-        const char* sort;
-        FilmId film;
-        const char16_t* value;
-    } cases[] = {{"Movie.Title", 1, u"65"},       {"Movie.Title", 5, u"1"},         {"Movie.IsRequest", 4, u"True"},
-                 {"Movie.IsRequest", 2, u"True"}, {"Movie.IsRequest", 1, u"False"}, {"Movie.Year", 3, u""}};
+    const std::tuple<const char*, FilmId, const char16_t*> cases[] = {{"Movie.Title", 1, u"65"},        {"Movie.Title", 5, u"1"},
+                                                                      {"Movie.IsRequest", 4, u"True"},  {"Movie.IsRequest", 2, u"True"},
+                                                                      {"Movie.IsRequest", 1, u"False"}, {"Movie.Year", 3, u""}};
     for (const auto& [sort, film, value] : cases) {
         Sort(sort);
         tree.FillTree();

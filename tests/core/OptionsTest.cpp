@@ -1,7 +1,5 @@
 #include "core/Options.h"
 
-#include "core/Literals.h"
-#include "core/RuntimeError.h"
 #include "support/MapMarks.h"
 #include "support/TempHome.h"
 
@@ -61,11 +59,7 @@ TEST(Options, CheckTheMenuEntriesThatStandForThem)
 
 TEST(Options, SaveBothDirectionsFromThePrimaryMark)
 {
-    const struct
-    {
-        bool primary, secondary;
-        const char16_t* afterwards; ///< of both
-    } cases[] = {{false, true, u""}, {true, false, u"DESC"}};
+    const std::tuple<bool, bool, const char16_t*> cases[] = {{false, true, u""}, {true, false, u"DESC"}};
     for (const auto& [primary, secondary, afterwards] : cases) {
         const TempHome home;
         home.Write(kName, Delivered());

@@ -1,6 +1,5 @@
 #include "core/Profile.h"
 
-#include "core/Literals.h"
 #include "core/Paths.h"
 #include "support/TempHome.h"
 

@@ -1,11 +1,7 @@
 #include "core/SectionTabs.h"
 
 #include "core/History.h"
-#include "core/Literals.h"
-#include "core/RuntimeError.h"
 #include "support/ScriptedDialogs.h"
-
-#include <gtest/gtest.h>
 
 namespace kelvado {
 namespace {

@@ -1,12 +1,9 @@
 #pragma once
 
 #include "core/AppState.h"
-#include "core/Literals.h"
 #include "loans/LoanContext.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
-
-#include <gtest/gtest.h>
 
 namespace kelvado {
 

@@ -3,14 +3,11 @@
 #include "loans/LoanActions.h"
 #include "loans/LoanEntry.h"
 #include "loans/LoanModel.h"
-#include "support/ErrorOf.h"
 
 #include <QFile>
 
 namespace kelvado {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class LoanLogic : public LoanFixture
 {

@@ -1,6 +1,5 @@
 #include "LoanFixture.h"
 
-#include "core/Literals.h"
 #include "loans/forms/fLoan.h"
 #include "loans/forms/fLoanAdd.h"
 #include "ui/DatePicker.h"
@@ -22,8 +21,6 @@
 
 namespace kelvado {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 template<typename Control>
 Control& Find(QWidget& window, const char* name)

@@ -1,13 +1,9 @@
 #include "render/HtmlOutput.h"
 
-#include "core/Literals.h"
-#include "core/RuntimeError.h"
 #include "support/TempCatalog.h"
 
 #include <QDir>
 #include <QFile>
-
-#include <gtest/gtest.h>
 
 namespace kelvado {
 namespace {
@@ -76,35 +72,27 @@ TEST_F(Tokens, AValueIsScannedForLaterTokensOnly)
 
 TEST_F(Tokens, YesAndNo)
 {
-    const struct
-    {
-        const char* value;
-        const char* word;
-    } cases[] = {{"0", "No"}, {"'0'", "No"}, {"' 0.0 '", "No"}, {"1", "Yes"}, {"'English'", "Yes"}, {"''", "Yes"}, {"NULL", "Yes"}};
-    for (const auto& test : cases) {
-        Set("SubTitles", test.value);
-        EXPECT_EQ(Film("!!SUBTITLES!!"), test.word) << test.value;
+    const std::pair<const char*, const char*> cases[] = {{"0", "No"},          {"'0'", "No"}, {"' 0.0 '", "No"}, {"1", "Yes"},
+                                                         {"'English'", "Yes"}, {"''", "Yes"}, {"NULL", "Yes"}};
+    for (const auto& [value, word] : cases) {
+        Set("SubTitles", value);
+        EXPECT_EQ(Film("!!SUBTITLES!!"), word) << value;
     }
 }
 
 TEST_F(Tokens, CertificatesMatchToTheLetter)
 {
-    const struct
-    {
-        const char* rated;
-        const char* page;
-        const char* exported;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"NULL", "N/A HOME/Skins/Plain/ratings/NA.Gif", "N/A Images\\NA.Gif"},
         {"'PG-13'", "PG-13 HOME/Skins/Plain/ratings/PG-13.Gif", "PG-13 Images\\PG-13.Gif"},
         {"'NC17'", "NC17 HOME/Skins/Plain/ratings/NC-17.Gif", "NC17 Images\\NC-17.Gif"},
         {"'NC-17'", "NC-17 HOME/Skins/Plain/ratings/NA.Gif", "NC-17 !!RATEDIMG!!"},
         {"''", " HOME/Skins/Plain/ratings/NA.Gif", " !!RATEDIMG!!"},
     };
-    for (const auto& test : cases) {
-        Set("Rated", test.rated);
-        EXPECT_EQ(Film("!!RATEDTXT!! !!RATEDIMG!!"), test.page);
-        EXPECT_EQ(Film("!!RATEDTXT!! !!RATEDIMG!!", true), test.exported);
+    for (const auto& [rated, page, exported] : cases) {
+        Set("Rated", rated);
+        EXPECT_EQ(Film("!!RATEDTXT!! !!RATEDIMG!!"), page);
+        EXPECT_EQ(Film("!!RATEDTXT!! !!RATEDIMG!!", true), exported);
     }
 }
 
@@ -113,17 +101,14 @@ TEST_F(Tokens, RatingBars)
     const auto count = [](const std::string& text, const char* part) {
         return QString::fromStdString(text).count(QLatin1StringView(part));
     };
-    const struct
-    {
-        const char* rating;
-        int yes, half, no;
-    } cases[] = {{"'7.4'", 7, 0, 3}, {"'7.5'", 7, 0, 2}, {"'7.6'", 7, 1, 2}, {"'10'", 1, 0, 9}, {"'9.9'", 9, 1, 0}, {"'0.0'", 0, 0, 10}};
-    for (const auto& test : cases) {
-        Set("Rating", test.rating);
+    const std::tuple<const char*, int, int, int> cases[] = {{"'7.4'", 7, 0, 3}, {"'7.5'", 7, 0, 2}, {"'7.6'", 7, 1, 2},
+                                                            {"'10'", 1, 0, 9},  {"'9.9'", 9, 1, 0}, {"'0.0'", 0, 0, 10}};
+    for (const auto& [rating, yes, half, no] : cases) {
+        Set("Rating", rating);
         const std::string bar = Film("!!RATINGBAR!!", true);
-        EXPECT_EQ(count(bar, "barYes.gif\"/>"), test.yes) << test.rating;
-        EXPECT_EQ(count(bar, "barHalf.gif\"/>"), test.half) << test.rating;
-        EXPECT_EQ(count(bar, "barNo.gif\"/>"), test.no) << test.rating;
+        EXPECT_EQ(count(bar, "barYes.gif\"/>"), yes) << rating;
+        EXPECT_EQ(count(bar, "barHalf.gif\"/>"), half) << rating;
+        EXPECT_EQ(count(bar, "barNo.gif\"/>"), no) << rating;
     }
     Set("Rating", "'9.0'");
     EXPECT_TRUE(Film("!!RATINGBAR!!").starts_with("<NOBR><IMG SRC=\"HOME/Skins/Plain/RatingBar/barLeft.gif\"/><IMG SRC="));

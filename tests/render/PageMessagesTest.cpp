@@ -1,10 +1,6 @@
 #include "render/PageMessages.h"
 
-#include "core/Literals.h"
-#include "core/RuntimeError.h"
 #include "support/ErrorOf.h"
-
-#include <gtest/gtest.h>
 
 namespace kelvado {
 namespace {

@@ -1,17 +1,12 @@
 #include "render/Pages.h"
 
-#include "core/Literals.h"
 #include "core/NodeKey.h"
-#include "core/RuntimeError.h"
 #include "store/Connection.h"
-#include "support/ErrorOf.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
 
 #include <QDir>
 #include <QFile>
-
-#include <gtest/gtest.h>
 
 namespace kelvado {
 namespace {

@@ -1,8 +1,6 @@
 #include "store/CatalogFile.h"
 
-#include "core/Literals.h"
 #include "core/Profile.h"
-#include "core/RuntimeError.h"
 #include "store/LockWait.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"

@@ -6,13 +6,10 @@
 #include <QDir>
 #include <QFile>
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace kelvado {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 // What opening the catalog and reading its films, or adding one, raises; empty for nothing.
 QString FailureOf(const QString& path, bool write = false)

@@ -1,20 +1,14 @@
 #include "store/mFileAccess.h"
 
-#include "core/RuntimeError.h"
 #include "store/Recordset.h"
-#include "support/ErrorOf.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
 
 #include <QDir>
 #include <QFile>
 
-#include <gtest/gtest.h>
-
 namespace kelvado {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class FileAccess : public ::testing::Test
 {

@@ -1,7 +1,6 @@
 #include "store/mDBConnection.h"
 
 #include "core/Profile.h"
-#include "core/RuntimeError.h"
 #include "store/FilmActions.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
@@ -10,13 +9,10 @@
 #include <QFileInfo>
 
 #include <csignal>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 
 namespace kelvado {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 FilmPerson Person(const QString& name, const QString& link = {}, const QString& extended = {}, const QString& character = {})
 {

@@ -2,12 +2,8 @@
 #include "store/Recordset.h"
 #include "support/TempCatalog.h"
 
-#include <gtest/gtest.h>
-
 namespace kelvado {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 // Statements of the catalog's dialect that other tools' engines take, on a small collection. Those that have a home in the program are
 // tested there.

@@ -1,11 +1,11 @@
 #include "store/JetSql.h"
 
+#include "core/Literals.h"
+
 #include <gtest/gtest.h>
 
 namespace kelvado {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 const NumberColumns kNumberColumns{{u"rating"_s, u"year"_s}, {u"year"_s, u"loan_id"_s}, {u"loan_id"_s}};
 
@@ -16,11 +16,7 @@ QString Translated(const QString& sql)
 
 TEST(JetSql, WritesTheDialectInTheGrammarOfTheEngine)
 {
-    const struct
-    {
-        QString given;
-        QString expected;
-    } cases[] = {
+    const std::pair<QString, QString> cases[] = {
         {u"SELECT Movie.Index, Group, Order FROM Movie"_s, u"SELECT Movie.[Index], [Group], [Order] FROM Movie"_s},
         {u"SELECT x FROM Movie GROUP BY Movie.Group ORDER BY Movie.Index  DESC"_s,
          u"SELECT x FROM Movie GROUP BY Movie.[Group] ORDER BY Movie.[Index] DESC"_s},
@@ -64,11 +60,7 @@ TEST(JetSql, WritesTheDialectInTheGrammarOfTheEngine)
 
 TEST(JetSql, OnlyTheRowsOfOneTableCanBeWritten)
 {
-    const struct
-    {
-        QString given;
-        QString table;
-    } cases[] = {
+    const std::pair<QString, QString> cases[] = {
         {u"SELECT * FROM Movie"_s, u"Movie"_s},
         {u"SELECT ActorLink.* FROM Actorlink WHERE ActorLink.Movie_ID = 5 ORDER BY Order"_s, u"Actorlink"_s},
         {u"SELECT Actor, Actor_ID FROM [Actor] WHERE Actor = ?"_s, u"Actor"_s},

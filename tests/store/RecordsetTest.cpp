@@ -1,16 +1,11 @@
 #include "store/Recordset.h"
-#include "support/ErrorOf.h"
 #include "support/TempCatalog.h"
 
 #include <QElapsedTimer>
 #include <QStringList>
 
-#include <gtest/gtest.h>
-
 namespace kelvado {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class RecordsetTest : public ::testing::Test
 {

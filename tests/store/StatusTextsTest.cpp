@@ -1,10 +1,6 @@
 #include "store/mStatusBar.h"
 
-#include "core/Literals.h"
-#include "core/RuntimeError.h"
 #include "support/TempCatalog.h"
-
-#include <gtest/gtest.h>
 
 namespace kelvado {
 namespace {

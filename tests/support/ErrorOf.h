@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
+
+#include <gtest/gtest.h>
 
 namespace kelvado {
 
@@ -13,6 +16,18 @@ int ErrorOf(const Run& run)
         return 0;
     } catch (const RuntimeError& error) {
         return error.Number();
+    }
+}
+
+/// The text of that failure; empty for none.
+template<typename Run>
+std::string ErrorTextOf(const Run& run)
+{
+    try {
+        static_cast<void>(run());
+        return {};
+    } catch (const RuntimeError& error) {
+        return error.Description().toStdString();
     }
 }
 

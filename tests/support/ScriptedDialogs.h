@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Dialogs.h"
-#include "core/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <QList>
 #include <QQueue>

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "core/Literals.h"
-#include "core/RuntimeError.h"
 #include "core/Transport.h"
+#include "support/ErrorOf.h"
 
 #include <QHash>
 #include <QStringList>

@@ -1,11 +1,9 @@
 #include "support/TempCatalog.h"
 
-#include "core/Literals.h"
 #include "store/CatalogTemplate.h"
 
 #include <QFile>
 
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 
 namespace kelvado {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/Literals.h"
 #include "core/Options.h"
+#include "support/ErrorOf.h"
 
 #include <QString>
 #include <QTemporaryDir>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "support/ErrorOf.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace kelvado {
 

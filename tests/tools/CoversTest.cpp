@@ -1,11 +1,8 @@
 #include "Covers.h"
 
-#include "core/Literals.h"
 #include "support/TempHome.h"
 
 #include <QGuiApplication>
-
-#include <gtest/gtest.h>
 
 #include <memory>
 

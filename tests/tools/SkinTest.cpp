@@ -1,7 +1,6 @@
 // Runs the painter as the build does and looks at what it made.
 
 #include "Drawing.h"
-#include "core/Literals.h"
 #include "support/TempHome.h"
 
 #include <QColor>
@@ -10,9 +9,6 @@
 #include <QImageReader>
 #include <QProcess>
 #include <QSettings>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <cmath>
 

@@ -1,7 +1,5 @@
 #include "ui/Skinner.h"
 
-#include "core/Literals.h"
-#include "core/RuntimeError.h"
 #include "support/TempHome.h"
 #include "ui/SkinPictures.h"
 

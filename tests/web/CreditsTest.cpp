@@ -1,8 +1,6 @@
 #include "PageReaders.h"
 #include "WebPages.h"
 
-#include <gtest/gtest.h>
-
 namespace kelvado {
 namespace {
 

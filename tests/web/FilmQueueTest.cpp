@@ -8,14 +8,10 @@ namespace {
 
 TEST(FilmQueue, AChosenTitleEndsBehindItsYear)
 {
-    const struct
-    {
-        const char* choice;
-        const char* title;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"Film (1987) (TV)", "Film (1987)"}, {"Film (1987)", "Film (1987)"}, {"Other Title", "Other Title)"}, {"", ")"}, {")x", ")"}};
-    for (const auto& c : cases)
-        EXPECT_EQ(ChosenTitle(QString::fromLatin1(c.choice)), QString::fromLatin1(c.title));
+    for (const auto& [choice, title] : cases)
+        EXPECT_EQ(ChosenTitle(QString::fromLatin1(choice)), QString::fromLatin1(title));
 }
 
 TEST(FilmQueue, TheUserChoosesAmongDecodedTitlesAndTheShortOneStays)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/Literals.h"
-#include "support/ErrorOf.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
 #include "web/readers/WebText.h"

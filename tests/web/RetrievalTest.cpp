@@ -1,6 +1,5 @@
 #include "TestDesk.h"
 #include "WebPages.h"
-#include "core/Profile.h"
 #include "web/retrieval/mIMDB.h"
 
 namespace kelvado {

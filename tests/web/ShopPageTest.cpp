@@ -1,7 +1,5 @@
 #include "PageReaders.h"
 
-#include <gtest/gtest.h>
-
 namespace kelvado {
 namespace {
 
@@ -22,11 +20,7 @@ QString BestLink(const QString& products, const QString& filmTitle)
 
 TEST(ShopPages, TheOfferOfADiscOutranksTheTape)
 {
-    const struct
-    {
-        QStringView page;
-        std::optional<QString> link;
-    } cases[] = {
+    const std::pair<QStringView, std::optional<QString>> cases[] = {
         {u"href=\"/v\" title=\"VHS available at Amazon href=\"/d\" title=\"DVD available at Amazon", u"/d"_s},
         {u"href=\"/v\" title=\"VHS available at Amazon", u"/v"_s},
         {u"href=\"/v\" title=\"DVD unavailable at Amazon", std::nullopt},

@@ -1,6 +1,5 @@
 #include "LoopbackServer.h"
 #include "PageReaders.h"
-#include "support/ScriptedDialogs.h"
 #include "web/transport/Hraw.h"
 #include "web/transport/ctxHTTP.h"
 
@@ -34,18 +33,14 @@ protected:
 
 TEST(SplitUrl, KeepsAnAddressWithoutPathAsItWasGiven)
 {
-    const struct
-    {
-        QString url;
-        SplitAddress address;
-    } cases[] = {
+    const std::pair<QString, SplitAddress> cases[] = {
         {u"http://a.test/x/y?z=1"_s, {u"a.test"_s, u"/x/y?z=1"_s}}, {u"HTTP://a.test:81\\x y\\z"_s, {u"a.test:81"_s, u"/x%20y/z"_s}},
         {u"Http://a.test/x"_s, {u"Http:"_s, u"//a.test/x"_s}},      {u"a.test/to?http://b.test/"_s, {u"a.test"_s, u"/to?b.test/"_s}},
         {u"http:\\\\a.test\\x"_s, {u"a.test"_s, u"/x"_s}},          {u"http://a b.test"_s, {u"http://a b.test"_s, u"/"_s}},
         {u"https://a.test/x"_s, {u"https:"_s, u"//a.test/x"_s}},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(SplitUrl(c.url), c.address) << qPrintable(c.url);
+    for (const auto& [url, address] : cases)
+        EXPECT_EQ(SplitUrl(url), address) << qPrintable(url);
 }
 
 TEST(RedirectTarget, IsLookedForAmongTheFirst1199Characters)
@@ -132,28 +127,22 @@ TEST_F(SocketFetch, TellsWhatItCannotReachInItsWords)
         return {Redirect(path == "/a" ? u"/b"_s : path == "/b" ? u"/a"_s : u"/to/http"_s)};
     });
     const QString dead = LoopbackServer(QByteArray()).Url(u"/x"_s);
-    const struct
-    {
-        QString url;  ///< that is asked for
-        QString told; ///< that the message names
-        int number;
-        QString description;
-    } cases[] = {
+    const std::tuple<QString, QString, int, QString> cases[] = {
         {dead, dead, 10061, u"Connection refused"_s},
         {site.Url(u"/c"_s), u"/to/http"_s, 11001, u"Host not found"_s},         // a target that holds "http" anywhere is a whole address
         {site.Url(QString()), site.Url(QString()), 11001, u"Host not found"_s}, // an address without a path keeps its scheme
         {site.Url(u"/a"_s), site.Url(u"/b"_s), 40006, u"Too many redirects"_s},
     };
-    for (const auto& c : cases) {
+    for (const auto& [url, told, number, description] : cases) {
         dialogs.boxes.clear();
-        Hraw(kShort, dialogs).Get_HTML(c.url);
-        ASSERT_EQ(dialogs.boxes.size(), 1) << qPrintable(c.url);
+        Hraw(kShort, dialogs).Get_HTML(url);
+        ASSERT_EQ(dialogs.boxes.size(), 1) << qPrintable(url);
         EXPECT_EQ(dialogs.boxes[0].text,
                   u"Kelvado encontured the following error while attempting \r\nto reach: %1ErrNumber: %2\r\nDescription %3\r\n"
-                  "Scode : %4\r\nSource : WS_HTTP"_s.arg(c.told)
-                      .arg(c.number)
-                      .arg(c.description)
-                      .arg(c.number - 2146828288));
+                  "Scode : %4\r\nSource : WS_HTTP"_s.arg(told)
+                      .arg(number)
+                      .arg(description)
+                      .arg(number - 2146828288));
     }
     EXPECT_EQ(site.requests.size(), 5) << "three redirects are followed";
     const LoopbackServer longWay([step = 0](const QByteArray&) mutable -> LoopbackServer::Reply {
@@ -173,27 +162,21 @@ TEST_F(SocketFetch, EndsBrokenConnectionsWithWhatHasArrived)
 {
     NetworkLimits tight = kShort;
     tight.LargestAnswer = 1000;
-    const struct
-    {
-        const char* name;
-        QByteArray bytes;
-        Then then;
-        int told;
-    } cases[] = {
+    const std::tuple<const char*, QByteArray, Then, int> cases[] = {
         {"reset", "half a pa", Then::Reset, 10054},
         {"stall", "half a pa", Then::Stall, 10060},
         {"a byte now and then", "half a pa", Then::Trickle, 10060},
         {"too much", QByteArray("half a pa").leftJustified(1001, 'x'), Then::Stall, 10040},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, bytes, then, told] : cases) {
+        SCOPED_TRACE(name);
         dialogs.boxes.clear();
-        tight.TimeoutMilliseconds = c.told == 10060 ? 150 : 20'000;
-        const LoopbackServer server(c.bytes, c.then);
+        tight.TimeoutMilliseconds = told == 10060 ? 150 : 20'000;
+        const LoopbackServer server(bytes, then);
         const QString answer = Hraw(tight, dialogs).Get_HTML(server.Url(u"/x"_s));
         EXPECT_TRUE(answer.startsWith("half a pa"_L1)) << qPrintable(answer);
         EXPECT_LT(answer.size(), 1100);
-        EXPECT_EQ(ToldNumber(), c.told);
+        EXPECT_EQ(ToldNumber(), told);
     }
 }
 

@@ -1,7 +1,5 @@
 #include "PageReaders.h"
 
-#include <gtest/gtest.h>
-
 namespace kelvado {
 namespace {
 
@@ -15,10 +13,7 @@ QStringList GenresOf(const QString& page)
 
 TEST(TitlePage, NameAndYearLoseTheMarksOfKindAndPlace)
 {
-    const struct
-    {
-        QString title, name, year;
-    } cases[] = {
+    const std::tuple<QString, QString, QString> cases[] = {
         {u"Film (1999)"_s, u"Film"_s, u"1999"_s},
         {u"&#34;Series&#34; (1999)"_s, u"&#34;Series&#34;"_s, u"1999"_s},
         {u"Film (1999/IV) (V)"_s, u"Film"_s, u"1999"_s},
@@ -59,10 +54,7 @@ TEST(TitlePage, RatingAndVotesNeedAStarInFront)
 
 TEST(TitlePage, TheCertificateIsTheFirstKnownOneInAFixedOrder)
 {
-    const struct
-    {
-        QStringView page, rated;
-    } cases[] = {
+    const std::pair<QStringView, QStringView> cases[] = {
         {u"", u""},
         {u"Rated G, USA:G, rated R", u""},
         {u"Rated NC-17 x", u"NC-17"},

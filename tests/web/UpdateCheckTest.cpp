@@ -4,8 +4,6 @@
 
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
 namespace kelvado {
 namespace {
 

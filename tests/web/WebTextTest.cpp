@@ -1,7 +1,5 @@
 #include "PageReaders.h"
 
-#include <gtest/gtest.h>
-
 namespace kelvado {
 namespace {
 

@@ -253,4 +253,3 @@ TEST_F(AddPanel, EveryControlIsReachedByTabAndHasAName)
 } // namespace kelvado
 
 #include "AddPanelTest.moc"
-#include "core/Literals.h"

@@ -1,7 +1,5 @@
 #include "WebPanels.h"
 
-#include "core/Literals.h"
-
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>

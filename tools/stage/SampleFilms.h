@@ -16,6 +16,6 @@ struct SampleFilm
     QString loanedTo; ///< empty for a film at home
 };
 
-/// Reads every "*.json" file of `folder`, in the order of their names. Raises 53 for an empty folder, 13 for a file that cannot be read
-/// as a list of films; both name it.
+/// Reads every "*.json" file of `folder`, in the order of their names. Raises `kErrFileNotFound` for an empty folder, `kErrTypeMismatch`
+/// for a file that cannot be read as a list of films; both name it.
 std::vector<SampleFilm> ReadSampleFilms(const QString& folder);

@@ -48,7 +48,7 @@ private:
     void CheckIn();
     void Edit();
     void Delete();
-    /// The `Loan_ID` of the selected row; raises 91 where no row is selected.
+    /// The `Loan_ID` of the selected row; raises `kErrObjectNotSet` where no row is selected.
     qint64 SelectedLoan();
     bool ShowsOtherCatalog() const;
 
@@ -60,7 +60,7 @@ private:
     QString m_triedPath; ///< the catalog that the window last went over to
 };
 
-/// Lets the user lend the film `movieId`, above `parent`. Raises 3021 where there is no such film.
+/// Lets the user lend the film `movieId`, above `parent`. Raises `kErrNoCurrentRecord` where there is no such film.
 void LoanFilm(FilmId movieId, const LoanContext& context, const Skinner& skinner, QWidget* parent);
 
 } // namespace kelvado

@@ -17,7 +17,7 @@ namespace kelvado {
 
 namespace {
 
-constexpr QLatin1StringView kBlank("about:blank");
+constexpr QLatin1StringView kBlank = "about:blank"_L1;
 constexpr quint32 kScriptWorld = QWebEngineScript::ApplicationWorld;
 
 } // namespace

@@ -1,13 +1,12 @@
 #include "web/readers/WebText.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

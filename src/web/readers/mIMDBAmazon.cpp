@@ -1,5 +1,6 @@
 #include "web/readers/mIMDBAmazon.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "web/readers/WebText.h"
 
@@ -8,8 +9,6 @@
 #include <algorithm>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,11 +1,10 @@
 #include "web/readers/mIMDBCompaniesParse.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "web/readers/WebText.h"
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,12 +1,11 @@
 #include "web/readers/mIMDBTitleParse.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "web/readers/WebText.h"
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -47,7 +47,7 @@ QString StoredNumber(FilmId movieId, const QString& catalogPath)
 class Retrieval
 {
 public:
-    Retrieval(const QString& number, FilmDesk& desk) : m_number(number), m_desk(desk), m_hosts(ReadWebHosts(SettingsFile())) {}
+    Retrieval(const QString& number, FilmDesk& desk) : m_number(number), m_desk(desk) {}
 
     std::optional<FilmRecord> Run();
 
@@ -59,7 +59,8 @@ private:
 
     QString m_number;
     FilmDesk& m_desk;
-    WebHosts m_hosts;
+    const Profile m_settings{SettingsFile()};
+    const WebHosts m_hosts = ReadWebHosts(m_settings);
 };
 
 std::optional<FilmRecord> Retrieval::Run()
@@ -78,7 +79,7 @@ std::optional<FilmRecord> Retrieval::Run()
     ReadTitlePage(titlePage, title, m_hosts, film);
 
     ShowStage(3, u"Locating High Resolution Imagery"_s);
-    if (ReadProfileValue(u"Options"_s, u"GetHighResImage"_s, SettingsFile()) != "0"_L1)
+    if (m_settings.Value(u"Options"_s, u"GetHighResImage"_s) != "0"_L1)
         film.HiResImageURL =
             GetHiResImage(film.Title, titlePage, m_hosts, [&](const QString& url) { return m_desk.transport.Get_HTML(url); });
     if (IsCancelled())

@@ -1,6 +1,7 @@
 #include "web/transport/ctxHTTP.h"
 
 #include "core/Conversions.h"
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "web/readers/WebText.h"
 #include "web/transport/Exchange.h"
@@ -10,8 +11,6 @@
 #include <algorithm>
 
 namespace kelvado {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
