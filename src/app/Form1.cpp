@@ -492,7 +492,7 @@ void Form1::ShowFilmPage(const NodeRef& film)
     Open(m_pages.FilmPage(film.key, catalog));
 }
 
-void Form1::ShowCreditsPage(const QString& movieId)
+void Form1::ShowCreditsPage(FilmId movieId)
 {
     Open(m_pages.CreditsPage(movieId));
 }
@@ -575,7 +575,7 @@ void Form1::OnPageClick(const PageClick& click)
         ShowSelection();
         break;
     case PageAction::Kind::Credits:
-        ShowCreditsPage(action.text);
+        ShowCreditsPage(action.film);
         break;
     case PageAction::Kind::PopupMenu:
         m_menus.Popup(u"mnuTreeview"_s, QCursor::pos());

@@ -68,7 +68,7 @@ public:
     void RekeySelectedNode(qint64 movieId) override;
 
     void ShowSection(const QString& section);
-    void ShowCreditsPage(const QString& movieId);
+    void ShowCreditsPage(FilmId movieId);
     void GoBack();
     void GoForward();
     /// Hands an address of the web or of mail to the desktop; any other is dropped. The only way out of the program.

@@ -105,6 +105,15 @@ std::int16_t ToInteger(QStringView text)
     return ToWhole<std::int16_t>(text);
 }
 
+FilmId ToFilmId(QStringView text)
+{
+    bool isNumber = false;
+    const FilmId film = text.toLongLong(&isNumber);
+    if (!isNumber)
+        throw RuntimeError(kErrTypeMismatch);
+    return film;
+}
+
 double RoundHalfEven(double value)
 {
     const double whole = std::floor(value);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/FilmId.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QDate>
@@ -33,6 +35,9 @@ std::int32_t ToLong(QStringView text);
 
 /// As `ToLong`, within 16 bits.
 std::int16_t ToInteger(QStringView text);
+
+/// The film's number that `text` is. Raises 13 for any other text.
+FilmId ToFilmId(QStringView text);
 
 /// Rounds to a whole number, ties to even.
 double RoundHalfEven(double value);

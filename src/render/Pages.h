@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/AppState.h"
+#include "core/FilmId.h"
 
 #include <optional>
 
@@ -23,13 +24,14 @@ public:
     /// Both must outlive this object.
     Pages(const AppState& state, Dialogs& dialogs) : m_state(state), m_dialogs(dialogs) {}
 
-    /// The page of the film whose tree node has this key, from the open catalog. A missing template is told in a message that names the file, and there is no
-    /// page. Raises 13 for a node that is no film, 3021 for a film that the catalog does not have, 5 for a skin whose type is XML.
+    /// The page of the film whose tree node has this key, from the open catalog. A missing template is told in a message that names the
+    /// file, and there is no page. Raises 13 for a node that is no film, 3021 for a film that the catalog does not have, 5 for a skin whose
+    /// type is XML.
     std::optional<Page> FilmPage(const QString& key, Connection& catalog);
 
-    /// All credits of a film. Nothing where the template is missing or empty, which is told in a message. Raises 13 or 6 where `movieId`
-    /// is no film's number, 3021 for a film that the catalog does not have.
-    std::optional<Page> CreditsPage(const QString& movieId);
+    /// All credits of a film. Nothing where the template is missing or empty, which is told in a message. Raises 3021 for a film that the
+    /// catalog does not have.
+    std::optional<Page> CreditsPage(FilmId movieId);
 
     /// The `Nfo` of the film with this key, "N/A" where it has none. This page is no step of the history. A missing template as in
     /// `FilmPage`.
