@@ -132,17 +132,24 @@ void CatalogPane::Select(const QString& key)
     m_context.view.SelectSilently(key.isEmpty() ? QModelIndex() : m_model.Find(key));
 }
 
-void CatalogPane::Retitle(const QString& title)
-{
-    m_model.SetFilmTitle(m_context.view.Selected(), title);
-}
-
-void CatalogPane::Rekey(qint64 movieId)
+// An invalid index where the user has selected something else meanwhile.
+QModelIndex CatalogPane::SelectedNodeOf(FilmId movieId) const
 {
     const QModelIndex node = m_context.view.Selected();
+    const bool sameFilm = node.isValid() && m_model.Tag(node) == kTagFilm && FilmOfKey(m_model.Key(node)) == movieId;
+    return sameFilm ? node : QModelIndex();
+}
+
+void CatalogPane::Retitle(FilmId movieId, const QString& title)
+{
+    m_model.SetFilmTitle(SelectedNodeOf(movieId), title);
+}
+
+void CatalogPane::Rekey(FilmId movieId)
+{
+    const QModelIndex node = SelectedNodeOf(movieId);
     const QStringList keys = m_tree.FilmNodeKeys(movieId);
-    const bool sameFilm = node.isValid() && m_model.Tag(node) == kTagFilm && KeyPart(m_model.Key(node), 0) == QString::number(movieId);
-    if (!sameFilm || keys.isEmpty() || keys.contains(m_model.Key(node), Qt::CaseInsensitive))
+    if (!node.isValid() || keys.isEmpty() || keys.contains(m_model.Key(node), Qt::CaseInsensitive))
         return;
     m_model.SetFilmValue(node, ValueOfKey(keys.constFirst()));
 }

@@ -51,9 +51,9 @@ public:
     std::optional<NodeRef> Selected() const;
     /// Selects the node of this key without a click; none where the tree does not have it.
     void Select(const QString& key);
-    /// Gives the selected film another text, and the key that the catalog now gives it.
-    void Retitle(const QString& title);
-    void Rekey(qint64 movieId);
+    /// Gives the film another text, and the key that the catalog now gives it, where its node is the selected one.
+    void Retitle(FilmId movieId, const QString& title);
+    void Rekey(FilmId movieId);
 
 Q_SIGNALS:
     /// The tree was filled; what was selected and open before is so again where the tree still has it.
@@ -70,6 +70,7 @@ private:
     Kept Remember();
     void ReadTree();
     void ShowTree(const Kept& kept);
+    QModelIndex SelectedNodeOf(FilmId movieId) const;
     void OnExpand(const QModelIndex& node);
     void DoWhatWaited();
 

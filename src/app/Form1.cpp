@@ -398,12 +398,12 @@ void Form1::EnableMainWindow(bool enabled)
         std::exchange(m_focusBefore, nullptr)->setFocus();
 }
 
-void Form1::RetitleSelectedNode(const QString& title)
+void Form1::RetitleSelectedNode(FilmId movieId, const QString& title)
 {
-    m_catalog->Retitle(title);
+    m_catalog->Retitle(movieId, title);
 }
 
-void Form1::RekeySelectedNode(qint64 movieId)
+void Form1::RekeySelectedNode(FilmId movieId)
 {
     m_catalog->Rekey(movieId);
 }

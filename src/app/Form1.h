@@ -64,8 +64,8 @@ public:
     void ShowWorking(bool busy) override;
     void ShowProgress(int percent) override;
     void EnableMainWindow(bool enabled) override;
-    void RetitleSelectedNode(const QString& title) override;
-    void RekeySelectedNode(qint64 movieId) override;
+    void RetitleSelectedNode(FilmId movieId, const QString& title) override;
+    void RekeySelectedNode(FilmId movieId) override;
 
     void ShowSection(const QString& section);
     void ShowCreditsPage(FilmId movieId);

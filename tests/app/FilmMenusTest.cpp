@@ -111,6 +111,16 @@ TEST_F(FilmMenus, FilmsAreMovedListedAndDeletedAndTheMenusFollow)
     EXPECT_TRUE(Get<StatusCells>("StatusCells").Cells().contains(u"Total Requests: 1"_s));
 }
 
+TEST_F(FilmMenus, AFilmThatIsStoredAnewIsRenamedWhereItIsStillSelected)
+{
+    Start();
+    ClickNode(u"Alien"_s);
+    window->RetitleSelectedNode(2, u"Zulu"_s);
+    EXPECT_EQ(Shown(), "0-9\n 2001\nA\n Alien\nB\n Brazil");
+    window->RetitleSelectedNode(1, u"Aliens"_s);
+    EXPECT_EQ(Shown(), "0-9\n 2001\nA\n Aliens\nB\n Brazil");
+}
+
 TEST_F(FilmMenus, FindSelectsWhatItMeetsAndACommandNeverTakesAGroupForAFilm)
 {
     Start();
