@@ -41,7 +41,7 @@ public:
     CatalogModel& Model() { return m_model; }
 
     /// Fills the tree anew; during a fill that is asked for once more, when that one has ended. Raises what filling raises, and shows
-    /// what was read before.
+    /// what was read before; where that is nothing of the same catalog, the tree stands as it was.
     void Fill();
     bool IsFilling() const { return m_filling; }
     bool IsBusy() const { return m_filling || m_tree.Expanding(); }
@@ -79,6 +79,7 @@ private:
     Tree m_tree;
     std::function<void()> m_afterJob;
     bool m_filling = false;
+    bool m_isNew = false; ///< the last filling has put something new into the tree
     bool m_refillAsked = false;
     bool m_filledOnce = false;
 };

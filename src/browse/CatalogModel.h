@@ -67,7 +67,6 @@ public:
 
     void SetContent(TreeContent content);
     bool HasFilms() const { return static_cast<int>(m_content.films.size()) > m_removedFilms; }
-    void Clear() { SetContent({}); }
     /// Puts `cast` under a film in place of all its children. Anything but a film is left alone.
     void SetCast(const QModelIndex& film, const std::vector<TreeActor>& cast);
 

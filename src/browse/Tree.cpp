@@ -202,6 +202,7 @@ public:
             DropSecondLinks();
     }
 
+    bool HasFilms() const { return !m_content.films.empty(); }
     /// What was read, also where that was cut short.
     TreeContent TakeContent() { return std::move(m_content); }
 
@@ -343,17 +344,20 @@ bool Tree::GroupsExpanded() const
 
 void Tree::FillTree()
 {
-    Connection connection = Connect();
     Filling filling(*this);
-    m_context.state.treeCatalog = m_context.state.CatalogPath();
+    const bool sameCatalog = std::exchange(m_context.state.treeCatalog, m_context.state.CatalogPath()) == m_context.state.CatalogPath();
+    bool whole = false;
     Afterwards(
         [&] {
+            Connection connection = Connect();
             filling.ReadGroups(connection);
             filling.ReadFilms(connection);
             connection.Close();
+            whole = true;
         },
         [&] {
-            m_context.model.SetContent(filling.TakeContent());
+            if (whole || !sameCatalog || filling.HasFilms())
+                m_context.model.SetContent(filling.TakeContent());
             m_context.shell.ShowProgress(0);
         });
     m_context.shell.UpdateStatus(true);

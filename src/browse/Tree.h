@@ -35,7 +35,8 @@ public:
     explicit Tree(const Context& context);
 
     /// Fills the tree from the catalog, serves events meanwhile, and brings the status bar up to date. A failure half-way leaves what was
-    /// read so far in the tree. A film that stands twice under one group is shown once.
+    /// read so far in the tree; before the first film it leaves the tree as it was, where that shows the same catalog.
+    /// A film that stands twice under one group is shown once.
     void FillTree();
 
     /// True where new groups are to be shown expanded.
