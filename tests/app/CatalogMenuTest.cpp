@@ -43,8 +43,12 @@ TEST_F(MainWindow, NewMakesABlankCatalogAndAsksBeforeItOverwrites)
 TEST_F(MainWindow, SaveAsWorksOnInTheCopy)
 {
     Start();
+    ClickNode(u"Alien"_s);
     dialogs.files << home.Path(u"copy.kvd"_s);
     Choose("mnuFile", "mnuFileSaveAs");
+    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s)) << "the copy has the same films";
+    EXPECT_TRUE(Tree().isExpanded(Node(u"A"_s)));
+    EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
     catalog.Run("DELETE FROM Movie");
     Press("Refresh");
     EXPECT_EQ(Shown(), kThreeFilms);
