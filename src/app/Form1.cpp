@@ -398,12 +398,12 @@ void Form1::EnableMainWindow(bool enabled)
         std::exchange(m_focusBefore, nullptr)->setFocus();
 }
 
-void Form1::RetitleSelectedNode(const QString& title)
+void Form1::RetitleSelectedNode(FilmId movieId, const QString& title)
 {
-    m_catalog->Retitle(title);
+    m_catalog->Retitle(movieId, title);
 }
 
-void Form1::RekeySelectedNode(qint64 movieId)
+void Form1::RekeySelectedNode(FilmId movieId)
 {
     m_catalog->Rekey(movieId);
 }
@@ -492,7 +492,7 @@ void Form1::ShowFilmPage(const NodeRef& film)
     Open(m_pages.FilmPage(film.key, catalog));
 }
 
-void Form1::ShowCreditsPage(const QString& movieId)
+void Form1::ShowCreditsPage(FilmId movieId)
 {
     Open(m_pages.CreditsPage(movieId));
 }
@@ -575,7 +575,7 @@ void Form1::OnPageClick(const PageClick& click)
         ShowSelection();
         break;
     case PageAction::Kind::Credits:
-        ShowCreditsPage(action.text);
+        ShowCreditsPage(action.film);
         break;
     case PageAction::Kind::PopupMenu:
         m_menus.Popup(u"mnuTreeview"_s, QCursor::pos());

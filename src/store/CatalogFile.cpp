@@ -90,6 +90,8 @@ void CatalogFile::SaveAs()
     if (!ChooseFile(&Dialogs::ShowSave, proposal) || !MayReplace(u"Kelvado Save As Confirmation"_s))
         return;
     CopyToChosen(source);
+    if (m_state.treeCatalog == source)
+        m_state.treeCatalog = m_state.CatalogPath(); // the copy has the same films under the same numbers
     m_shell.RefreshCatalogTree();
 }
 
