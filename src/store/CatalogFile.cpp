@@ -72,8 +72,14 @@ void CatalogFile::Open()
 {
     if (!ChooseFile(&Dialogs::ShowOpen, m_state.CatalogPath()))
         return;
-    // The tree comes first: a file that is no catalog fails there, and is then not counted as open.
-    m_shell.RefreshCatalogTree();
+    // The tree comes first: a file that is no catalog fails there, and the catalog that the tree shows stays the open one.
+    try {
+        m_shell.RefreshCatalogTree();
+    } catch (const RuntimeError&) {
+        if (m_state.treeCatalog != m_state.CatalogPath())
+            m_state.comDiagFile.fileName = m_state.treeCatalog;
+        throw;
+    }
     m_state.CatalogOpen = true;
     m_shell.ApplyMenuRules();
 }

@@ -100,6 +100,12 @@ TEST_F(MainWindow, AFileThatIsNoCatalogIsNamedAndTheWindowLivesOn)
     EXPECT_EQ(Shown(), kThreeFilms);
     ClickNode(u"Alien"_s);
     EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
+    dialogs.files << home.Path(u"holiday.jpg"_s);
+    Press("Open"); // the catalog that is open stays so
+    EXPECT_EQ(dialogs.boxes.size(), 1);
+    TakeMessages();
+    EXPECT_EQ(window->State().CatalogPath(), catalog.Path());
+    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s));
 }
 
 TEST_F(MainWindow, ACatalogThatVanishedIsNamedOnceForEachClick)
