@@ -131,7 +131,9 @@ TEST_F(AddPanel, ANumberIsLookedUp)
 TEST_F(AddPanel, ASecondSearchStaysOut)
 {
     StartAdding();
-    LookUp("0912345");
+    instead = [](const QByteArray&) { return LoopbackServer::Reply{"HTTP/1.0 200 OK\r\n\r\n<title>A Film</title>"}; };
+    LookUp("0000002");
+    instead = nullptr;
     DoubleClick("lstSearch", 0);
     int during = 0;
     onRequest = [&, once = false](const QByteArray&) mutable {
@@ -150,6 +152,7 @@ TEST_F(AddPanel, ASecondSearchStaysOut)
     EXPECT_EQ(site.requests.size(), 1);
     EXPECT_EQ(TakeMessages(), "64 : Another search or retrieval is still under way.");
     EXPECT_EQ(Rows("lstSearch"), kFound);
+    EXPECT_EQ(Rows("lstSelect"), "A Film|0000002");
 }
 
 /// Keeps what would have gone to the desktop's browser.

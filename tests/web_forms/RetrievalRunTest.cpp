@@ -88,6 +88,7 @@ TEST_F(RetrievalWindow, AStoredFilmIsUpdated)
     EXPECT_TRUE(Page(u"/temp/htmltemp1.html"_s).contains(u"Alien Renewed"));
     EXPECT_EQ(catalog.Ask("SELECT Format || ' ' || Nfo || ' ' || IMDB FROM Movie WHERE Movie_ID = 1"), u"DVD Seen in the dark. 0078748"_s);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 1 AND Actor_ID IN (11, 12)"), u"0"_s);
+    onRequest = nullptr;
     Entry("mnuHelpUpdate").trigger();
     EXPECT_EQ(TakeMessages(), "0 The newest build of Kelvado (yours is 2247): 2247 | 0 : Kelvado is currently upto date.");
 }
