@@ -138,7 +138,7 @@ int Measure(const QString& catalog)
     Recordset casts;
     casts.Open(u"SELECT Movie_ID, Count(*) AS People FROM ActorLink GROUP BY Movie_ID ORDER BY People DESC LIMIT 1"_s, connection);
     if (!casts.Eof()) {
-        const QString largest = casts.Text(0);
+        const FilmId largest = casts.Integer(0);
         std::printf("largest cast %s people\n", qPrintable(casts.Text(1)));
         casts.Close();
         connection.Close();

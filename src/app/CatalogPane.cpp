@@ -15,6 +15,7 @@ CatalogPane::CatalogPane(const Context& context)
     : m_context(context), m_tree({context.state, context.menus, context.events, context.shell, m_model})
 {
     m_context.view.setModel(&m_model);
+    connect(&m_model, &QAbstractItemModel::modelReset, this, [this] { m_isNew = true; });
     connect(&m_context.view, &QTreeView::expanded, this,
             [this](const QModelIndex& node) { Guarded(m_context.dialogs, [&] { OnExpand(node); }); });
     for (const auto signal : {&QTreeView::expanded, &QTreeView::collapsed})
@@ -36,6 +37,7 @@ void CatalogPane::Fill()
         return; // a sort is chosen for the catalog that will be opened
     const Kept kept = Remember();
     m_filling = true;
+    m_isNew = false;
     m_context.view.hide();
     m_context.shell.ShowWorking(true);
     Afterwards([this] { ReadTree(); }, [&] { ShowTree(kept); });
@@ -62,8 +64,6 @@ CatalogPane::Kept CatalogPane::Remember()
 void CatalogPane::ReadTree()
 {
     m_context.events.ServeWithoutInput();
-    m_model.Clear();
-    m_context.events.ServeWithoutInput();
     const bool skinTree = IsOn(m_context.state.gOptions->Display.SkinTree);
     const SkinValues& skin = m_context.skinner.Values();
     m_model.SetColors(skinTree ? Visible(skin.treeItemText, skin.treeItemBack) : QColor(), skinTree ? skin.treeItemBack : QColor());
@@ -74,6 +74,13 @@ void CatalogPane::ShowTree(const Kept& kept)
 {
     CatalogTreeView& view = m_context.view;
     m_filling = false;
+    if (!m_isNew) { // nothing could be read: the tree stands as it was
+        view.show();
+        if (kept.focus)
+            view.setFocus();
+        m_context.shell.ShowWorking(false);
+        return DoWhatWaited();
+    }
     for (int group = 0; m_tree.GroupsExpanded() && group < m_model.GroupCount(); ++group)
         view.expand(m_model.index(group, 0));
     for (const QString& group : kept.openGroups)
@@ -132,17 +139,24 @@ void CatalogPane::Select(const QString& key)
     m_context.view.SelectSilently(key.isEmpty() ? QModelIndex() : m_model.Find(key));
 }
 
-void CatalogPane::Retitle(const QString& title)
-{
-    m_model.SetFilmTitle(m_context.view.Selected(), title);
-}
-
-void CatalogPane::Rekey(qint64 movieId)
+// An invalid index where the user has selected something else meanwhile.
+QModelIndex CatalogPane::SelectedNodeOf(FilmId movieId) const
 {
     const QModelIndex node = m_context.view.Selected();
+    const bool sameFilm = node.isValid() && m_model.Tag(node) == kTagFilm && FilmOfKey(m_model.Key(node)) == movieId;
+    return sameFilm ? node : QModelIndex();
+}
+
+void CatalogPane::Retitle(FilmId movieId, const QString& title)
+{
+    m_model.SetFilmTitle(SelectedNodeOf(movieId), title);
+}
+
+void CatalogPane::Rekey(FilmId movieId)
+{
+    const QModelIndex node = SelectedNodeOf(movieId);
     const QStringList keys = m_tree.FilmNodeKeys(movieId);
-    const bool sameFilm = node.isValid() && m_model.Tag(node) == kTagFilm && KeyPart(m_model.Key(node), 0) == QString::number(movieId);
-    if (!sameFilm || keys.isEmpty() || keys.contains(m_model.Key(node), Qt::CaseInsensitive))
+    if (!node.isValid() || keys.isEmpty() || keys.contains(m_model.Key(node), Qt::CaseInsensitive))
         return;
     m_model.SetFilmValue(node, ValueOfKey(keys.constFirst()));
 }

@@ -41,7 +41,7 @@ public:
     CatalogModel& Model() { return m_model; }
 
     /// Fills the tree anew; during a fill that is asked for once more, when that one has ended. Raises what filling raises, and shows
-    /// what was read before.
+    /// what was read before; where that is nothing of the same catalog, the tree stands as it was.
     void Fill();
     bool IsFilling() const { return m_filling; }
     bool IsBusy() const { return m_filling || m_tree.Expanding(); }
@@ -51,9 +51,9 @@ public:
     std::optional<NodeRef> Selected() const;
     /// Selects the node of this key without a click; none where the tree does not have it.
     void Select(const QString& key);
-    /// Gives the selected film another text, and the key that the catalog now gives it.
-    void Retitle(const QString& title);
-    void Rekey(qint64 movieId);
+    /// Gives the film another text, and the key that the catalog now gives it, where its node is the selected one.
+    void Retitle(FilmId movieId, const QString& title);
+    void Rekey(FilmId movieId);
 
 Q_SIGNALS:
     /// The tree was filled; what was selected and open before is so again where the tree still has it.
@@ -70,6 +70,7 @@ private:
     Kept Remember();
     void ReadTree();
     void ShowTree(const Kept& kept);
+    QModelIndex SelectedNodeOf(FilmId movieId) const;
     void OnExpand(const QModelIndex& node);
     void DoWhatWaited();
 
@@ -78,6 +79,7 @@ private:
     Tree m_tree;
     std::function<void()> m_afterJob;
     bool m_filling = false;
+    bool m_isNew = false; ///< the last filling has put something new into the tree
     bool m_refillAsked = false;
     bool m_filledOnce = false;
 };

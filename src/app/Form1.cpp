@@ -9,8 +9,8 @@
 #include "app/mMenuOptions.h"
 #include "browse/SelectionFacts.h"
 #include "core/Afterwards.h"
-#include "core/OutsideAddress.h"
 #include "core/Literals.h"
+#include "core/OutsideAddress.h"
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
@@ -107,7 +107,7 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     auto* waitIsOver = new QTimer(this);
     waitIsOver->setSingleShot(true);
     waitIsOver->setInterval(kWaitIsOver);
-    connect(waitIsOver, &QTimer::timeout, this, [this] { ShowWorking(false); });
+    connect(waitIsOver, &QTimer::timeout, this, [this] { ShowWorking(m_catalog->IsBusy()); });
     WhileLocked().meanwhile = [this, waitIsOver] {
         ShowWorking(true);
         waitIsOver->start();
@@ -183,11 +183,10 @@ void Form1::ConnectControls()
             m_menus.Popup(u"mnuTreeview"_s, place);
         });
     });
-    connect(m_ui->PicStatusBar, &QWidget::customContextMenuRequested, this,
-            [this](const QPoint& place) {
-                if (m_state.CatalogOpen)
-                    m_menus.Popup(u"mnuStatus"_s, m_ui->PicStatusBar->mapToGlobal(place));
-            });
+    connect(m_ui->PicStatusBar, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+        if (m_state.CatalogOpen)
+            m_menus.Popup(u"mnuStatus"_s, m_ui->PicStatusBar->mapToGlobal(place));
+    });
     connect(m_pageView, &frmPageView::Clicked, this, [this](const PageClick& click) { Guard([&] { OnPageClick(click); }); });
     connect(m_pageView, &frmPageView::ContextMenu, this, [this] { Guard([&] { ShowFilmMenu(); }); });
 }
@@ -246,6 +245,8 @@ void Form1::LayOutAtStart()
 
 void Form1::ComeToFront()
 {
+    if (!m_state.Activated)
+        return; // it is about to come up by itself
     m_tray->Restore();
     QApplication::alert(this); // for desktops that let no window take the focus
 }
@@ -359,8 +360,12 @@ void Form1::ApplyMenuRules()
 void Form1::ApplyFacts()
 {
     const History::InTree inTree = [this](const QString& key) { return IsInTree(key); };
-    const MenuFacts facts{m_state.CatalogOpen, m_state.canAddFilter, m_state.FilterCount > 0, m_state.history.HasOlder(inTree),
-                          m_state.history.HasNewer(inTree), m_selection};
+    const MenuFacts facts{m_state.CatalogOpen,
+                          m_state.canAddFilter,
+                          m_state.FilterCount > 0,
+                          m_state.history.HasOlder(inTree),
+                          m_state.history.HasNewer(inTree),
+                          m_selection};
     kelvado::ApplyMenuRules(facts, m_menus, [this](const QString& key, bool enabled) {
         m_ui->cToolbar->SetButtonEnabled(m_ui->cToolbar->ButtonIndex(key), enabled);
     });
@@ -393,12 +398,12 @@ void Form1::EnableMainWindow(bool enabled)
         std::exchange(m_focusBefore, nullptr)->setFocus();
 }
 
-void Form1::RetitleSelectedNode(const QString& title)
+void Form1::RetitleSelectedNode(FilmId movieId, const QString& title)
 {
-    m_catalog->Retitle(title);
+    m_catalog->Retitle(movieId, title);
 }
 
-void Form1::RekeySelectedNode(qint64 movieId)
+void Form1::RekeySelectedNode(FilmId movieId)
 {
     m_catalog->Rekey(movieId);
 }
@@ -487,7 +492,7 @@ void Form1::ShowFilmPage(const NodeRef& film)
     Open(m_pages.FilmPage(film.key, catalog));
 }
 
-void Form1::ShowCreditsPage(const QString& movieId)
+void Form1::ShowCreditsPage(FilmId movieId)
 {
     Open(m_pages.CreditsPage(movieId));
 }
@@ -570,7 +575,7 @@ void Form1::OnPageClick(const PageClick& click)
         ShowSelection();
         break;
     case PageAction::Kind::Credits:
-        ShowCreditsPage(action.text);
+        ShowCreditsPage(action.film);
         break;
     case PageAction::Kind::PopupMenu:
         m_menus.Popup(u"mnuTreeview"_s, QCursor::pos());
@@ -606,7 +611,9 @@ void Form1::ShowAbout()
 
 bool Form1::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::MouseButtonPress || !watched->isWidgetType() || static_cast<QWidget*>(watched)->window() != this)
+    // A window that is disabled takes no presses, but the filter sees them.
+    if (event->type() != QEvent::MouseButtonPress || !isEnabled() || !watched->isWidgetType() ||
+        static_cast<QWidget*>(watched)->window() != this)
         return false;
     const Qt::MouseButton button = static_cast<QMouseEvent*>(event)->button();
     if (button != Qt::BackButton && button != Qt::ForwardButton)

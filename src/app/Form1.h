@@ -64,11 +64,11 @@ public:
     void ShowWorking(bool busy) override;
     void ShowProgress(int percent) override;
     void EnableMainWindow(bool enabled) override;
-    void RetitleSelectedNode(const QString& title) override;
-    void RekeySelectedNode(qint64 movieId) override;
+    void RetitleSelectedNode(FilmId movieId, const QString& title) override;
+    void RekeySelectedNode(FilmId movieId) override;
 
     void ShowSection(const QString& section);
-    void ShowCreditsPage(const QString& movieId);
+    void ShowCreditsPage(FilmId movieId);
     void GoBack();
     void GoForward();
     /// Hands an address of the web or of mail to the desktop; any other is dropped. The only way out of the program.

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kPatience = 2000; // milliseconds
 
-// The folder by whatever path it was named.
+// The folder by whatever path it was named; a copy of the folder is another one, the lock file that was copied along means nothing there.
 QString ServerName(const QString& home)
 {
     const QByteArray folder = QFileInfo(home).canonicalFilePath().toUtf8();
@@ -22,13 +22,14 @@ QString ServerName(const QString& home)
 } // namespace
 
 OnlyProgram::OnlyProgram(const QString& home, QObject* parent)
-    : QObject(parent), m_lock(home + u"/temp/kelvado.lock"_s), m_isFirst(m_lock.tryLock() || m_lock.error() != QLockFile::LockFailedError)
+    : QObject(parent), m_lock(home + u"/temp/"_s + ServerName(home) + u".lock"_s),
+      m_isFirst(m_lock.tryLock() || m_lock.error() != QLockFile::LockFailedError)
 {
     const QString name = ServerName(home);
     if (!m_isFirst) {
         QLocalSocket first;
         first.connectToServer(name);
-        first.waitForConnected(kPatience);
+        m_isUnheard = !first.waitForConnected(kPatience);
         return;
     }
     connect(&m_server, &QLocalServer::newConnection, this, [this] {

@@ -17,6 +17,8 @@ public:
 
     /// True for the first program. Also where the folder takes no lock file, as a read-only one.
     bool IsFirst() const { return m_isFirst; }
+    /// True for a second program whose call the first one did not take.
+    bool IsUnheard() const { return m_isUnheard; }
 
 Q_SIGNALS:
     /// Another program was started with this folder.
@@ -26,6 +28,7 @@ private:
     QLockFile m_lock;
     QLocalServer m_server;
     bool m_isFirst;
+    bool m_isUnheard = false;
 };
 
 } // namespace kelvado

@@ -17,8 +17,19 @@ namespace {
 const QString kSection = u"Window"_s;
 constexpr std::array<const char*, 6> kKeys{"Left", "Top", "Width", "Height", "Maximised", "Divider"};
 
-// Enough of the title bar to take hold of the window by.
-constexpr QSize kGrip(120, 24);
+QRect WithinAScreen(const QRect& place)
+{
+    const auto covered = [&](const QScreen* screen) {
+        const QRect part = screen->availableGeometry().intersected(place);
+        return qint64(part.width()) * part.height();
+    };
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    const QRect room = (*std::ranges::max_element(screens, {}, covered))->availableGeometry();
+    const QSize size = place.size().boundedTo(room.size());
+    return {QPoint(std::clamp(place.left(), room.left(), room.right() + 1 - size.width()),
+                   std::clamp(place.top(), room.top(), room.bottom() + 1 - size.height())),
+            size};
+}
 
 } // namespace
 
@@ -33,13 +44,9 @@ std::optional<WindowPlace> ReadWindowPlace(const QString& settingsFile)
             return std::nullopt;
     }
     const auto [left, top, width, height, maximised, divider] = numbers;
-    const QRect grip(QPoint(left, top), kGrip);
-    const QList<QScreen*> screens = QGuiApplication::screens();
-    const bool isOnScreen =
-        std::ranges::any_of(screens, [&](const QScreen* screen) { return screen->availableGeometry().intersected(grip).size() == kGrip; });
-    if (!isOnScreen || width <= 0 || height <= 0)
+    if (width <= 0 || height <= 0)
         return std::nullopt;
-    return WindowPlace{QRect(left, top, width, height), IsOn(maximised), std::clamp(divider, 0, 99)};
+    return WindowPlace{WithinAScreen({left, top, width, height}), IsOn(maximised), std::clamp(divider, 0, 99)};
 }
 
 void WriteWindowPlace(const WindowPlace& place, const QString& settingsFile)

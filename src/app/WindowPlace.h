@@ -15,7 +15,7 @@ struct WindowPlace
     int dividerPercent = 0;
 };
 
-/// Nothing where the keys are missing, hold no numbers, or name a place that no screen has any more.
+/// The place, moved into the screen that it covers most of. Nothing where the keys are missing or hold no numbers.
 std::optional<WindowPlace> ReadWindowPlace(const QString& settingsFile);
 void WriteWindowPlace(const WindowPlace& place, const QString& settingsFile);
 

@@ -4,6 +4,7 @@
 #include "app/hMain.h"
 #include "core/DeliveredFiles.h"
 #include "core/Guard.h"
+#include "core/Literals.h"
 #include "core/Paths.h"
 #include "render/forms/PageEngine.h"
 #include "ui/Accessibility.h"
@@ -31,11 +32,13 @@ int main(int argc, char** argv)
     DesktopDialogs dialogs;
     DesktopEvents events;
     try {
-        FurnishHome(AppPath(), QApplication::applicationDirPath());
         QDir().mkpath(TempFolder());
         const OnlyProgram only(AppPath());
+        if (only.IsUnheard())
+            dialogs.MessageBox(u"Kelvado is running with the folder %1 already, but does not answer."_s.arg(AppPath()), kBoxExclamation);
         if (!only.IsFirst())
             return 0;
+        FurnishHome(AppPath(), QApplication::applicationDirPath());
         Form1 window(dialogs, events);
         QObject::connect(&only, &OnlyProgram::Called, &window, &Form1::ComeToFront);
         dialogs.SetOwner(&window);

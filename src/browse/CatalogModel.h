@@ -66,8 +66,7 @@ public:
     using QAbstractItemModel::QAbstractItemModel;
 
     void SetContent(TreeContent content);
-    bool HasFilms() const { return !m_content.films.empty(); }
-    void Clear() { SetContent({}); }
+    bool HasFilms() const { return static_cast<int>(m_content.films.size()) > m_removedFilms; }
     /// Puts `cast` under a film in place of all its children. Anything but a film is left alone.
     void SetCast(const QModelIndex& film, const std::vector<TreeActor>& cast);
 

@@ -1,5 +1,6 @@
 #include "browse/FilmCommands.h"
 
+#include "core/Afterwards.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
@@ -38,13 +39,15 @@ void FilmCommands::Delete(const QModelIndex& node)
     const QString question = u"Are you sure you want to delete "_s + node.data(CatalogModel::TextRole).toString();
     if (!m_dialogs.ConfirmLoss(question, kBoxYesNo, u"Confirm Delete"_s))
         return;
-    m_model.RemoveFilm(node);
+    const QPersistentModelIndex place = node; // waiting for another program serves events
     try {
         DeleteFilm(film, m_state.CatalogPath());
-    } catch (const RuntimeError&) {
-        m_shell.RefreshCatalogTree(); // with the film that is still there
+    } catch (const RuntimeError& error) {
+        if (error.Number() == kErrNoCurrentRecord)
+            Afterwards([&] { m_shell.RefreshCatalogTree(); }, [&] { throw error; }); // another program has deleted it
         throw;
     }
+    m_model.RemoveFilm(place);
     m_shell.ShowSelection();
     m_shell.UpdateStatus(true);
 }

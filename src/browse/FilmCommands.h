@@ -23,8 +23,8 @@ public:
     /// Each entry raises `kErrObjectNotSet` for no node and `kErrInvalidCall` for a node that is no film. Nothing is written where the tree
     /// is not current.
 
-    /// Asks, takes the node out of the tree and deletes the film. Under the sort by genre its other nodes stay until the next refresh.
-    /// A film that cannot be deleted is back in the tree when the failure is raised.
+    /// Asks, deletes the film and takes the node out of the tree. Under the sort by genre its other nodes stay until the next refresh.
+    /// The node of a film that cannot be deleted stays; where the catalog does not have the film any more, the tree is built anew.
     void Delete(const QModelIndex& node);
     void MoveToRequests(const QModelIndex& node);
     void MoveToMovies(const QModelIndex& node);

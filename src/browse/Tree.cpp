@@ -28,6 +28,7 @@ const QString kRequest = u"Request"_s;
 const QString kAtHome = u"False"_s;
 const QString kWanted = u"True"_s;
 const QString kOnLoan = u"Loan"_s;
+const QString kWhere = u"WHERE "_s;
 
 constexpr int kGroupsPerPump = 150;
 constexpr int kFilmsPerPump = 50;
@@ -106,6 +107,15 @@ QString WithLinkedGenres(const QString& sql, bool hasGenres)
     return linked;
 }
 
+QString ConditionOfMode(const QString& viewMode)
+{
+    if (viewMode == u"MovieNight")
+        return u"MovieNight = 1"_s;
+    if (viewMode == u"Requests")
+        return u"Format = 'Request'"_s;
+    return viewMode == u"Loans" ? u"Loan_ID <> 0"_s : QString();
+}
+
 } // namespace
 
 QString BuildLevelSql(const QString& primary, int level, const cOptView& view, const QString& filterWhere)
@@ -129,21 +139,12 @@ QString BuildLevelSql(const QString& primary, int level, const cOptView& view, c
     sql += p == kByGenre ? u"(Movie INNER JOIN GenreLink ON Movie.Movie_ID = GenreLink.Movie_ID) INNER JOIN Genre ON "
                            "GenreLink.Genre_ID = Genre.Genre_ID "_s
                          : u"Movie "_s;
-    sql += filterWhere + u" ORDER BY "_s + s + u' ' + view.SecondaryOrder;
-
-    QString condition;
-    if (view.ViewMode == u"MovieNight")
-        condition = u"MovieNight = 1"_s;
-    else if (view.ViewMode == u"Requests")
-        condition = u"Format = 'Request'"_s;
-    else if (view.ViewMode == u"Loans")
-        condition = u"Loan_ID <> 0"_s;
+    const QString mode = ConditionOfMode(view.ViewMode);
+    if (mode.isEmpty())
+        sql += filterWhere;
     else
-        return WithLinkedGenres(sql, p == kByGenre);
-    if (sql.contains(u"WHERE"))
-        sql.replace(u"WHERE"_s, u"WHERE "_s + condition + u" AND"_s);
-    else
-        sql.replace(u"ORDER"_s, u"WHERE "_s + condition + u" ORDER"_s);
+        sql += kWhere + mode + (filterWhere.isEmpty() ? QString() : u" AND "_s + filterWhere.sliced(kWhere.size()));
+    sql += u" ORDER BY "_s + s + u' ' + view.SecondaryOrder;
     return WithLinkedGenres(sql, p == kByGenre);
 }
 
@@ -201,6 +202,7 @@ public:
             DropSecondLinks();
     }
 
+    bool HasFilms() const { return !m_content.films.empty(); }
     /// What was read, also where that was cut short.
     TreeContent TakeContent() { return std::move(m_content); }
 
@@ -342,17 +344,20 @@ bool Tree::GroupsExpanded() const
 
 void Tree::FillTree()
 {
-    Connection connection = Connect();
     Filling filling(*this);
-    m_context.state.treeCatalog = m_context.state.CatalogPath();
+    const bool sameCatalog = std::exchange(m_context.state.treeCatalog, m_context.state.CatalogPath()) == m_context.state.CatalogPath();
+    bool whole = false;
     Afterwards(
         [&] {
+            Connection connection = Connect();
             filling.ReadGroups(connection);
             filling.ReadFilms(connection);
             connection.Close();
+            whole = true;
         },
         [&] {
-            m_context.model.SetContent(filling.TakeContent());
+            if (whole || !sameCatalog || filling.HasFilms())
+                m_context.model.SetContent(filling.TakeContent());
             m_context.shell.ShowProgress(0);
         });
     m_context.shell.UpdateStatus(true);

@@ -14,8 +14,8 @@
 namespace kelvado {
 
 /// The SQL of the groups (level 1) or of the films (level 2) of a tree sorted by `primary`. Neither the view mode nor the filter touches
-/// the groups. The view mode is worked into the finished text by plain replacement, so that a filter value that holds the words WHERE
-/// or ORDER is altered too. A filter on the genre holds under every sort; several are each met by any genre of the film.
+/// the groups. `filterWhere` is empty or begins with "WHERE ". A filter on the genre holds under every sort; several are each met by any
+/// genre of the film.
 QString BuildLevelSql(const QString& primary, int level, const cOptView& view, const QString& filterWhere);
 
 /// Builds the catalog tree and fills casts. Every routine opens its own connection to the open catalog, and raises what the engine
@@ -35,7 +35,8 @@ public:
     explicit Tree(const Context& context);
 
     /// Fills the tree from the catalog, serves events meanwhile, and brings the status bar up to date. A failure half-way leaves what was
-    /// read so far in the tree. A film that stands twice under one group is shown once.
+    /// read so far in the tree; before the first film it leaves the tree as it was, where that shows the same catalog.
+    /// A film that stands twice under one group is shown once.
     void FillTree();
 
     /// True where new groups are to be shown expanded.

@@ -94,6 +94,15 @@ std::int32_t ToLong(QStringView text)
     return static_cast<std::int32_t>(rounded);
 }
 
+FilmId ToFilmId(QStringView text)
+{
+    bool isNumber = false;
+    const FilmId film = text.toLongLong(&isNumber);
+    if (!isNumber)
+        throw RuntimeError(kErrTypeMismatch);
+    return film;
+}
+
 double RoundHalfEven(double value)
 {
     const double whole = std::floor(value);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/FilmId.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QDate>
@@ -30,6 +32,9 @@ double ToDouble(QStringView text);
 
 /// The whole number that `text` reads as, ties rounded to even. Raises `kErrTypeMismatch` for no number, `kErrOverflow` outside 32 bits.
 std::int32_t ToLong(QStringView text);
+
+/// The film's number that `text` is. Raises `kErrTypeMismatch` for any other text.
+FilmId ToFilmId(QStringView text);
 
 /// Rounds to a whole number, ties to even.
 double RoundHalfEven(double value);

@@ -18,6 +18,7 @@ void CopyFile(const QString& source, const QString& target)
 {
     // Delivered files may be read-only; the user's own are not.
     constexpr QFile::Permissions kOwn = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther;
+    QFile::remove(target);
     if (!QDir().mkpath(QFileInfo(target).path()) || !QFile::copy(source, target) || !QFile::setPermissions(target, kOwn))
         throw RuntimeError::WithDetail(kErrFileAccess, target);
 }
@@ -26,10 +27,14 @@ void CopyFile(const QString& source, const QString& target)
 
 void FurnishHome(const QString& home, const QString& delivered)
 {
-    if (QFileInfo::exists(home) && !QDir(home).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+    const QString temp = home + u"/temp"_s;
+    QFile mark(temp + u"/furnishing"_s); // stands there until all is copied
+    QStringList found = QDir(home).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    found.removeAll(u"temp"_s);
+    if ((!found.isEmpty() && !mark.exists()) || QFileInfo(home).canonicalFilePath() == QFileInfo(delivered).canonicalFilePath())
         return;
-    if (QFileInfo(home).canonicalFilePath() == QFileInfo(delivered).canonicalFilePath())
-        return;
+    if (!QDir().mkpath(temp) || !mark.open(QIODevice::WriteOnly))
+        throw RuntimeError::WithDetail(kErrFileAccess, mark.fileName());
     const QStringList kinds{u"*.ini"_s, u"*.dat"_s, u"*.kvd"_s, u"*.png"_s, u"*.gif"_s};
     for (const QFileInfo& file : QDir(delivered).entryInfoList(kinds, QDir::Files))
         CopyFile(file.filePath(), home + u'/' + file.fileName());
@@ -41,6 +46,7 @@ void FurnishHome(const QString& home, const QString& delivered)
     }
     const QString sample = home + u'/' + kSample;
     WriteProfileValue(u"Settings"_s, u"Default"_s, QFile::exists(sample) ? sample : QString(), home + u"/Settings.ini"_s);
+    mark.remove();
 }
 
 } // namespace kelvado

@@ -24,9 +24,9 @@ public:
     /// 0 to 100.
     virtual void ShowProgress(int percent) = 0;
     virtual void EnableMainWindow(bool enabled) = 0;
-    /// Gives the selected tree node the text of a film that was just stored anew.
-    virtual void RetitleSelectedNode(const QString& title) = 0;
-    /// Gives the selected tree node the key that the film `movieId` has in the present tree.
+    /// Gives the selected tree node the text of the film `movieId`, which was just stored anew. Another film's node is left alone.
+    virtual void RetitleSelectedNode(FilmId movieId, const QString& title) = 0;
+    /// Gives the selected tree node the key that the film `movieId` has in the present tree. Another film's node is left alone.
     virtual void RekeySelectedNode(FilmId movieId) = 0;
 };
 

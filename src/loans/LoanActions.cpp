@@ -31,7 +31,7 @@ void EndLoan(qint64 loanId, Connection& connection, const Clock& clock)
 void Return_Item(qint64 loanId, const QString& catalogPath, const Clock& clock)
 {
     Connection connection = OpenCatalog(catalogPath);
-    EndLoan(loanId, connection, clock);
+    connection.AllOrNothing([&] { EndLoan(loanId, connection, clock); });
     connection.Close();
 }
 
@@ -44,25 +44,26 @@ void ReturnFilm(FilmId movieId, const QString& catalogPath, const Clock& clock)
         throw RuntimeError(kErrNoCurrentRecord);
     const qint64 loanId = film[u"Loan_ID"].IsNull() ? 0 : film[u"Loan_ID"].Get().Integer();
     film.Close();
-    EndLoan(loanId, connection, clock);
+    connection.AllOrNothing([&] { EndLoan(loanId, connection, clock); });
     connection.Close();
 }
 
 void Delete_Loan(qint64 loanId, const QString& catalogPath)
 {
     Connection connection = OpenCatalog(catalogPath);
-    Recordset loan;
-    loan.Open(kLoanById + QString::number(loanId), connection);
-    if (!loan.Eof())
-        loan.Delete();
-    loan.Close();
-    Recordset film;
-    film.Open(kFilmOfLoan + QString::number(loanId), connection);
-    if (!film.Eof()) {
-        film[u"Loan_ID"].Set(0);
-        film.Update();
-    }
-    film.Close();
+    connection.AllOrNothing([&] {
+        Recordset loan;
+        loan.Open(kLoanById + QString::number(loanId), connection);
+        if (!loan.Eof())
+            loan.Delete();
+        loan.Close();
+        Recordset film;
+        film.Open(kFilmOfLoan + QString::number(loanId), connection);
+        if (!film.Eof()) {
+            film[u"Loan_ID"].Set(0);
+            film.Update();
+        }
+    });
     connection.Close();
 }
 

@@ -7,7 +7,7 @@
 
 namespace kelvado {
 
-// Each routine opens its own connection to the catalog and raises what the engine raises.
+// Each routine opens its own connection to the catalog and raises what the engine raises; nothing is written then.
 
 /// Ends a loan: its `ReturnDate` becomes today, and the film that is out under it is in again. Raises `kErrNoCurrentRecord`, with nothing
 /// written, where no film is out under this number (as when it is back already) or the loan itself is gone.

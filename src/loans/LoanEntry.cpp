@@ -76,23 +76,23 @@ void PutTerms(const LoanTerms& terms, Recordset& loan)
         loan[u"Notes"].Set(terms.notes);
 }
 
-// The loan is stored before its film is marked as out.
 void AddLoan(FilmId movieId, const LoanTerms& terms, const QString& catalogPath)
 {
     Connection connection = OpenCatalog(catalogPath);
-    Recordset loans;
-    loans.Open(kAllLoans, connection);
-    loans.AddNew();
-    loans[u"Movie_ID"].Set(movieId);
-    PutTerms(terms, loans);
-    const Value loanId = loans[u"Loan_ID"].Get();
-    loans.Update();
-    loans.Close();
-    Recordset film;
-    film.Open(kFilmToLend + QString::number(movieId), connection);
-    film[u"Loan_ID"].Set(loanId);
-    film.Update();
-    film.Close();
+    connection.AllOrNothing([&] {
+        Recordset loans;
+        loans.Open(kAllLoans, connection);
+        loans.AddNew();
+        loans[u"Movie_ID"].Set(movieId);
+        PutTerms(terms, loans);
+        const Value loanId = loans[u"Loan_ID"].Get();
+        loans.Update();
+        loans.Close();
+        Recordset film;
+        film.Open(kFilmToLend + QString::number(movieId), connection);
+        film[u"Loan_ID"].Set(loanId);
+        film.Update();
+    });
     connection.Close();
 }
 

@@ -53,7 +53,7 @@ struct LoanAnswer
 };
 
 /// Stores a new loan, or the terms of an edited one. False, with nothing written and the user told, where film or borrower is missing.
-/// Raises `kErrNoCurrentRecord` where the film of a new loan is gone, which leaves a loan of no film, or where the edited loan is.
+/// Raises `kErrNoCurrentRecord`, with nothing written, where the film of a new loan or the edited loan is gone.
 bool StoreLoan(LoanMode mode, const LoanAnswer& answer, const QString& catalogPath, Dialogs& dialogs);
 
 } // namespace kelvado

@@ -265,10 +265,10 @@ void FillUnused(QString& text, std::initializer_list<QLatin1StringView> stems, q
     text = filled.append(QStringView(text).sliced(done));
 }
 
-void FillCrewTokens(QString& text, Connection& connection, const QString& movieId, const Crew& crew)
+void FillCrewTokens(QString& text, Connection& connection, FilmId movieId, const Crew& crew)
 {
     Recordset rows;
-    rows.Open(crew.query + movieId, connection);
+    rows.Open(crew.query + QString::number(movieId), connection);
     qint64 count = 0;
     if (!rows.Eof()) {
         const int column = rows.ColumnIndex(QString(crew.column));
@@ -288,10 +288,10 @@ void FillFilmTokens(QString& text, const Recordset& film, const TokenSettings& s
     FillRating(text, film[u"Rating"].Get(), settings);
 }
 
-void FillGenreToken(QString& text, Connection& connection, const QString& movieId)
+void FillGenreToken(QString& text, Connection& connection, FilmId movieId)
 {
     Recordset rows;
-    rows.Open(kGenreQuery + movieId, connection);
+    rows.Open(kGenreQuery + QString::number(movieId), connection);
     QString genres;
     if (rows.Eof()) {
         genres = kNone;
@@ -306,12 +306,12 @@ void FillGenreToken(QString& text, Connection& connection, const QString& movieI
     text.replace("!!GENRE!!"_L1, genres);
 }
 
-void FillActorTokens(QString& text, Connection& connection, const QString& movieId)
+void FillActorTokens(QString& text, Connection& connection, FilmId movieId)
 {
     constexpr QLatin1StringView kActor = "!!ACTOR"_L1;
     constexpr QLatin1StringView kCharacter = "!!CHARACTER"_L1;
     Recordset rows;
-    rows.Open(kActorQuery + movieId, connection);
+    rows.Open(kActorQuery + QString::number(movieId), connection);
     qint64 count = 0;
     if (!rows.Eof()) {
         const int actor = rows.ColumnIndex(u"Actor");
@@ -325,17 +325,17 @@ void FillActorTokens(QString& text, Connection& connection, const QString& movie
     FillUnused(text, {kActor, kCharacter}, count);
 }
 
-void FillProducerTokens(QString& text, Connection& connection, const QString& movieId)
+void FillProducerTokens(QString& text, Connection& connection, FilmId movieId)
 {
     FillCrewTokens(text, connection, movieId, kProducers);
 }
 
-void FillDirectorTokens(QString& text, Connection& connection, const QString& movieId)
+void FillDirectorTokens(QString& text, Connection& connection, FilmId movieId)
 {
     FillCrewTokens(text, connection, movieId, kDirectors);
 }
 
-void FillWriterTokens(QString& text, Connection& connection, const QString& movieId)
+void FillWriterTokens(QString& text, Connection& connection, FilmId movieId)
 {
     FillCrewTokens(text, connection, movieId, kWriters);
 }

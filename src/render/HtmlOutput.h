@@ -17,20 +17,20 @@ struct TokenSettings
 
 /// The routines below replace tokens (`!!TITLE!!`) in `text` by values as they stand, without any escaping. They work one token after the
 /// other over the whole text, so a value that holds a token of a later step is replaced in its turn. A token that `text` does not hold
-/// costs nothing; one that no value reaches stays in it. `movieId` is a film's number as text and goes into the query as it stands.
+/// costs nothing; one that no value reaches stays in it.
 
 /// All single-value tokens. `film` stands on the film's row of `Movie`. "N/A" for Null; an empty text is a value.
 /// Raises `kErrTypeMismatch` for a rating that begins with a digit and does not end with one.
 void FillFilmTokens(QString& text, const Recordset& film, const TokenSettings& settings);
 
 /// `!!GENRE!!`: the genres with ", " between them and a blank in front, or "N/A".
-void FillGenreToken(QString& text, Connection& connection, const QString& movieId);
+void FillGenreToken(QString& text, Connection& connection, FilmId movieId);
 
 /// The numbered tokens, `!!ACTOR1!!` and up. All rows are put in, also those above 50; tokens up to 50 that have no row become "N/A".
-void FillActorTokens(QString& text, Connection& connection, const QString& movieId);
-void FillProducerTokens(QString& text, Connection& connection, const QString& movieId);
-void FillDirectorTokens(QString& text, Connection& connection, const QString& movieId);
-void FillWriterTokens(QString& text, Connection& connection, const QString& movieId);
+void FillActorTokens(QString& text, Connection& connection, FilmId movieId);
+void FillProducerTokens(QString& text, Connection& connection, FilmId movieId);
+void FillDirectorTokens(QString& text, Connection& connection, FilmId movieId);
+void FillWriterTokens(QString& text, Connection& connection, FilmId movieId);
 
 /// The tokens of an index that is spread over pages. `page` counts from 1.
 void FillPageTokens(QString& text, qint64 page, qint64 pageCount, qint64 pageSize, qint64 filmCount);

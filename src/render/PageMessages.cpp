@@ -1,5 +1,6 @@
 #include "render/PageMessages.h"
 
+#include "core/Conversions.h"
 #include "core/Literals.h"
 #include "core/RuntimeError.h"
 
@@ -35,7 +36,7 @@ PageAction ActionOfMessage(const QString& id, bool controlDown)
     if (command == "GOTO"_L1)
         return {Kind::GoTo, u'"' + Part(parts, 2) + u'\n' + Part(parts, 3) + u'"', {}};
     if (command == "PAGE_CREDITS"_L1)
-        return controlDown ? PageAction{Kind::PopupMenu, {}, {}} : PageAction{Kind::Credits, Part(parts, 2), {}};
+        return controlDown ? PageAction{Kind::PopupMenu, {}, {}} : PageAction{Kind::Credits, {}, {}, ToFilmId(Part(parts, 2))};
     if (command == "PAGE_ADD"_L1)
         return {Kind::AddFilms, {}, {}};
     // PAGE_NFO and ACTORID are known to templates and stand for nothing yet.

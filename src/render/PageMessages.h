@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/FilmId.h"
+
 #include <QString>
 #include <QUrl>
 
@@ -20,7 +22,7 @@ struct PageAction
     enum class Kind {
         Nothing,
         GoTo,        ///< select the tree node `text` and show it
-        Credits,     ///< show all credits of the film number `text`
+        Credits,     ///< show all credits of `film`
         PopupMenu,   ///< open the popup menu at the cursor
         AddFilms,    ///< show the panel that adds films
         OpenOutside, ///< hand `address` to the desktop
@@ -28,6 +30,7 @@ struct PageAction
     Kind kind = Kind::Nothing;
     QString text;
     QUrl address;
+    FilmId film = 0;
 };
 
 /// The meaning of a click. An element whose id holds "SendMessage" speaks to the program, as told at `ActionOfMessage`; one whose id holds
@@ -35,7 +38,8 @@ struct PageAction
 PageAction ActionOfClick(const PageClick& click);
 
 /// The meaning of a message: `SendMessage:GOTO:12:Action`, `SendMessage:PAGE_CREDITS:12`, `SendMessage:PAGE_ADD`. `id` is split at its
-/// colons and the second part is the command; an unknown one asks for nothing. Raises `kErrSubscript` where an argument is missing.
+/// colons and the second part is the command; an unknown one asks for nothing. Raises `kErrSubscript` where an argument is missing,
+/// `kErrTypeMismatch` for a film without a number.
 PageAction ActionOfMessage(const QString& id, bool controlDown);
 
 } // namespace kelvado

@@ -112,9 +112,9 @@ void FillCreditBlock(QString& text, const CreditBlock& block, const FilmRecord& 
     text.replace(start, length, copies);
 }
 
-QString FilmNumber(const QString& key)
+FilmId FilmNumber(const QString& key)
 {
-    return QString::number(ToLong(KeyPart(key, 0)));
+    return ToFilmId(KeyPart(key, 0));
 }
 
 } // namespace
@@ -157,9 +157,9 @@ QString Pages::PictureFor(std::int64_t imageId, Connection& connection)
 
 std::optional<Page> Pages::FilmPage(const QString& key, Connection& catalog)
 {
-    const QString movieId = FilmNumber(key);
+    const FilmId movieId = FilmNumber(key);
     Recordset film;
-    film.Open(kFilmQuery + movieId, catalog);
+    film.Open(kFilmQuery + QString::number(movieId), catalog);
     if (SkinIsXml()) {
         throw RuntimeError::WithDetail(kErrInvalidCall, u"the skin \"%1\" shows films as XML, which is not supported"_s.arg(m_state.skin));
     }
@@ -175,13 +175,12 @@ std::optional<Page> Pages::FilmPage(const QString& key, Connection& catalog)
     FillWriterTokens(*text, catalog, movieId);
     FillActorTokens(*text, catalog, movieId);
     FillProducerTokens(*text, catalog, movieId);
-    text->replace("!!NAVCREDITS!!"_L1, kMessage + "PAGE_CREDITS:"_L1 + movieId);
+    text->replace("!!NAVCREDITS!!"_L1, kMessage + "PAGE_CREDITS:"_L1 + QString::number(movieId));
     return WritePageFile(*text, false);
 }
 
-std::optional<Page> Pages::CreditsPage(const QString& movieId)
+std::optional<Page> Pages::CreditsPage(FilmId movieId)
 {
-    const std::int32_t number = ToLong(movieId);
     if (SkinIsXml())
         return WritePageFile(QString(), true);
 
@@ -193,7 +192,7 @@ std::optional<Page> Pages::CreditsPage(const QString& movieId)
                              kBoxCritical, u"Credits Page Error"_s);
         return std::nullopt;
     }
-    const FilmRecord film = ReadFilm(number, m_state.CatalogPath());
+    const FilmRecord film = ReadFilm(movieId, m_state.CatalogPath());
     const QString siteAddress = SiteAddress(SettingsFile());
     for (const CreditBlock& block : kCreditBlocks)
         FillCreditBlock(text, block, film, siteAddress);
@@ -205,7 +204,7 @@ std::optional<Page> Pages::NfoPage(const QString& key)
 {
     Connection connection = OpenCatalog(m_state.CatalogPath());
     Recordset film;
-    film.Open(kFilmQuery + FilmNumber(key), connection);
+    film.Open(kFilmQuery + QString::number(FilmNumber(key)), connection);
     std::optional<QString> text = ReadTemplate("Templates/nfo.html"_L1);
     if (!text)
         return std::nullopt;

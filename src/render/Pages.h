@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/AppState.h"
+#include "core/FilmId.h"
 
 #include <optional>
 
@@ -28,9 +29,9 @@ public:
     /// does not have, `kErrInvalidCall` for a skin whose type is XML.
     std::optional<Page> FilmPage(const QString& key, Connection& catalog);
 
-    /// All credits of a film. Nothing where the template is missing or empty, which is told in a message. Raises `kErrTypeMismatch` or
-    /// `kErrOverflow` where `movieId` is no film's number, `kErrNoCurrentRecord` for a film that the catalog does not have.
-    std::optional<Page> CreditsPage(const QString& movieId);
+    /// All credits of a film. Nothing where the template is missing or empty, which is told in a message. Raises `kErrNoCurrentRecord` for
+    /// a film that the catalog does not have.
+    std::optional<Page> CreditsPage(FilmId movieId);
 
     /// The `Nfo` of the film with this key, "N/A" where it has none. This page is no step of the history. A missing template as in
     /// `FilmPage`.

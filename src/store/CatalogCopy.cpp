@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <sqlite3.h>
 
@@ -20,7 +21,6 @@ namespace kelvado {
 namespace {
 
 constexpr QLatin1StringView kSideFiles[] = {"-journal"_L1, "-wal"_L1, "-shm"_L1};
-constexpr QLatin1StringView kAside = ".aside"_L1;
 
 using Engine = std::unique_ptr<sqlite3, int (*)(sqlite3*)>;
 
@@ -58,7 +58,34 @@ bool Rename(const QString& from, const QString& to)
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
+// The side files of the old target wait in `folder`: they would be played back into the new one.
+void PutInPlace(const QString& finished, const QString& target, QTemporaryDir& folder)
+{
+    const auto aside = [&](QLatin1StringView ending) { return folder.filePath(u"aside"_s + ending); };
+    for (const QLatin1StringView ending : kSideFiles)
+        Rename(target + ending, aside(ending));
+    if (Rename(finished, target))
+        return;
+    const QString reason = QString::fromLocal8Bit(std::strerror(errno));
+    for (const QLatin1StringView ending : kSideFiles) {
+        if (QFileInfo::exists(aside(ending)) && !Rename(aside(ending), target + ending))
+            folder.setAutoRemove(false); // it may hold what a crash has left to be played back
+    }
+    throw RuntimeError::WithDetail(kErrFileAccess, target + u" ("_s + reason + u')');
+}
+
 } // namespace
+
+void WriteCatalog(const QString& target, const std::function<void(const QString& path)>& write)
+{
+    // Another program may write to the same target, and a file that is not ours may have any name.
+    QTemporaryDir folder(target + u".XXXXXX"_s);
+    if (!folder.isValid())
+        throw RuntimeError::WithDetail(kErrFileAccess, target + u" ("_s + folder.errorString() + u')');
+    const QString unfinished = folder.filePath(u"unfinished"_s);
+    write(unfinished);
+    PutInPlace(unfinished, target, folder);
+}
 
 void CopyCatalog(const QString& source, const QString& target)
 {
@@ -66,41 +93,7 @@ void CopyCatalog(const QString& source, const QString& target)
     const QString existing = QFileInfo(target).canonicalFilePath();
     if (!existing.isEmpty() && QFileInfo(source).canonicalFilePath() == existing)
         throw RuntimeError::WithDetail(kErrFileAccess, target + u" (source and target are the same file)"_s);
-    const QString place = existing.isEmpty() ? target : existing;
-    const QString unfinished = place + u".new"_s;
-    RemoveCatalog(unfinished);
-    try {
-        CopyPages(source, unfinished, target);
-    } catch (...) {
-        RemoveCatalog(unfinished);
-        throw;
-    }
-    PutInPlace(unfinished, place);
-}
-
-void RemoveCatalog(const QString& path)
-{
-    QFile::remove(path);
-    for (const QLatin1StringView ending : kSideFiles)
-        QFile::remove(path + ending);
-}
-
-void PutInPlace(const QString& finished, const QString& target)
-{
-    for (const QLatin1StringView ending : kSideFiles)
-        Rename(target + ending, target + ending + kAside);
-    const bool isPlaced = Rename(finished, target);
-    const QString reason = QString::fromLocal8Bit(std::strerror(errno));
-    for (const QLatin1StringView ending : kSideFiles) {
-        if (isPlaced)
-            QFile::remove(target + ending + kAside);
-        else
-            Rename(target + ending + kAside, target + ending);
-    }
-    if (isPlaced)
-        return;
-    RemoveCatalog(finished);
-    throw RuntimeError::WithDetail(kErrFileAccess, target + u" ("_s + reason + u')');
+    WriteCatalog(existing.isEmpty() ? target : existing, [&](const QString& path) { CopyPages(source, path, target); });
 }
 
 } // namespace kelvado

@@ -72,8 +72,14 @@ void CatalogFile::Open()
 {
     if (!ChooseFile(&Dialogs::ShowOpen, m_state.CatalogPath()))
         return;
-    // The tree comes first: a file that is no catalog fails there, and is then not counted as open.
-    m_shell.RefreshCatalogTree();
+    // The tree comes first: a file that is no catalog fails there, and the catalog that the tree shows stays the open one.
+    try {
+        m_shell.RefreshCatalogTree();
+    } catch (const RuntimeError&) {
+        if (m_state.treeCatalog != m_state.CatalogPath())
+            m_state.comDiagFile.fileName = m_state.treeCatalog;
+        throw;
+    }
     m_state.CatalogOpen = true;
     m_shell.ApplyMenuRules();
 }
@@ -90,6 +96,8 @@ void CatalogFile::SaveAs()
     if (!ChooseFile(&Dialogs::ShowSave, proposal) || !MayReplace(u"Kelvado Save As Confirmation"_s))
         return;
     CopyToChosen(source);
+    if (m_state.treeCatalog == source)
+        m_state.treeCatalog = m_state.CatalogPath(); // the copy has the same films under the same numbers
     m_shell.RefreshCatalogTree();
 }
 

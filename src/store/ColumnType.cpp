@@ -20,11 +20,13 @@ struct DeclaredWord
     ColumnKind kind;
 };
 
-// The first word that occurs decides, so "DATETIME" is found before "INT" could be looked for in "POINT".
+// The first word that occurs decides: "FLOATING POINT" has a whole number's word in it too.
 constexpr DeclaredWord kDeclaredWords[] = {
-    {"CHAR", ColumnKind::Text},      {"CLOB", ColumnKind::Text}, {"TEXT", ColumnKind::Text},    {"BLOB", ColumnKind::Binary},
-    {"BINARY", ColumnKind::Binary},  {"DATE", ColumnKind::Date}, {"BOOL", ColumnKind::Boolean}, {"CURRENCY", ColumnKind::Currency},
-    {"MONEY", ColumnKind::Currency}, {"INT", ColumnKind::Whole}, {"LONG", ColumnKind::Whole},
+    {"CHAR", ColumnKind::Text},      {"CLOB", ColumnKind::Text},   {"TEXT", ColumnKind::Text},    {"BLOB", ColumnKind::Binary},
+    {"BINARY", ColumnKind::Binary},  {"DATE", ColumnKind::Date},   {"BOOL", ColumnKind::Boolean}, {"CURRENCY", ColumnKind::Currency},
+    {"MONEY", ColumnKind::Currency}, {"REAL", ColumnKind::Number}, {"FLOA", ColumnKind::Number},  {"DOUB", ColumnKind::Number},
+    {"SINGLE", ColumnKind::Number},  {"NUM", ColumnKind::Number},  {"DEC", ColumnKind::Number},   {"INT", ColumnKind::Whole},
+    {"LONG", ColumnKind::Whole},
 };
 
 QString TextInBrackets(const QByteArray& declaration)
@@ -104,7 +106,7 @@ ColumnType TypeOfDeclaration(const char* declaration)
         const qsizetype size = TextInBrackets(type).toInt(&hasSize);
         return {kind, hasSize ? size : kMemoSize};
     }
-    return {ColumnKind::Number, kPlainSize};
+    return {ColumnKind::Any, kMemoSize};
 }
 
 Value ToStored(ColumnKind kind, const Value& value, const QString& column)

@@ -16,8 +16,8 @@ struct ColumnType
     qsizetype definedSize = 0; ///< see `Field::DefinedSize`
 };
 
-/// Reads the declared type of a column in any database: ours (see schema.sql), or what other tools write. A column without one takes
-/// any value of any size.
+/// Reads the declared type of a column in any database: ours (see schema.sql), or what other tools write. A column without one, or
+/// of a type that says nothing ("MEMO", "STRING"), takes any value of any size.
 ColumnType TypeOfDeclaration(const char* declaration);
 
 /// The form in which a column of that kind keeps `value`: the empty text becomes Null where the column holds no texts, dates are taken

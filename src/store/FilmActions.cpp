@@ -57,6 +57,8 @@ void DeleteFilm(FilmId movieId, const QString& catalogPath)
         connection.AllOrNothing([&] { DeleteFilmRows(movieId, connection); });
         connection.Close();
     } catch (const RuntimeError& error) {
+        if (error.Number() == kErrNoCurrentRecord)
+            throw; // another program was faster
         throw RuntimeError(error.Number(), error.Description() + u"\r\nThe film is still in the catalog, with all that belongs to it."_s);
     }
 }

@@ -121,7 +121,7 @@ void UpdateFilm(const FilmRecord& film, FilmId movieId, const cOptIMDbFilm& opti
     movie.Close();
     const auto failure = StoreLinksAndClose(film, linkId, LinkMode::Update, options, context, connection);
     // The node is told last: its key is made from what the catalog then holds.
-    shell.RetitleSelectedNode(DecodeEntities(film.Title));
+    shell.RetitleSelectedNode(storedId, DecodeEntities(film.Title));
     shell.RekeySelectedNode(storedId);
     if (failure)
         throw *failure;

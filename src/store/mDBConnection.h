@@ -33,12 +33,6 @@ FilmId AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const Writer
 /// Raises IncompleteFilm where the film's row was stored and some lists are as they were; with any other failure nothing is changed.
 void UpdateFilm(const FilmRecord& film, FilmId movieId, const cOptIMDbFilm& options, const WriterContext& context, Shell& shell);
 
-inline void UpdateFilm(const FilmRecord& film, const QString& movieId, const cOptIMDbFilm& options, const WriterContext& context,
-                       Shell& shell)
-{
-    UpdateFilm(film, movieId.toLongLong(), options, context, shell);
-}
-
 /// Stores the plain columns of an edit. Links and pictures are not its business.
 void SaveFilmEdit(const FilmRecord& film, FilmId movieId, const WriterContext& context);
 

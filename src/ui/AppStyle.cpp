@@ -131,6 +131,20 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
     painter->restore();
 }
 
+// A default button looks like one with the focus otherwise.
+void AppStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
+{
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element != CE_PushButton || !option->state.testFlag(State_HasFocus))
+        return;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(option->palette.color(QPalette::Highlight), 2));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(2, 2, -2, -2), 3, 3);
+    painter->restore();
+}
+
 QIcon AppStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const
 {
     for (const Sign& sign : kSigns) {

@@ -5,7 +5,7 @@
 namespace kelvado {
 
 /// The look of all controls: plain buttons, in dialogs too, rows of lists and trees with room around their text, scroll bars like those
-/// of the pages, and signs in message boxes that are sharp at every scale.
+/// of the pages, a ring around the button that has the focus, and signs in message boxes that are sharp at every scale.
 class AppStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -18,6 +18,7 @@ public:
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part, const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
 };
 

@@ -1,5 +1,7 @@
 #include "ui/CatalogTreeView.h"
 
+#include "ui/Skinner.h"
+
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -72,7 +74,12 @@ void CatalogTreeView::currentChanged(const QModelIndex& current, const QModelInd
 void CatalogTreeView::mousePressEvent(QMouseEvent* event)
 {
     m_announced = false;
-    QTreeView::mousePressEvent(event);
+    const QModelIndex node = indexAt(event->position().toPoint());
+    // The menu that follows is about the row under the pointer, its mark for expanding included.
+    if (event->button() == Qt::RightButton && node.isValid())
+        setCurrentIndex(node);
+    else
+        QTreeView::mousePressEvent(event);
 }
 
 void CatalogTreeView::mouseReleaseEvent(QMouseEvent* event)
@@ -103,6 +110,28 @@ void CatalogTreeView::contextMenuEvent(QContextMenuEvent* event)
     Q_EMIT MenuRequested(byKeyboard ? viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()) : event->globalPos());
 }
 
+// The selection shows whether the keys go here.
+void CatalogTreeView::initViewItemOption(QStyleOptionViewItem* option) const
+{
+    QTreeView::initViewItemOption(option);
+    if (hasFocus())
+        return;
+    option->palette.setColor(QPalette::Highlight, Mixed(palette().color(QPalette::Highlight), palette().color(QPalette::Base), 0.75F));
+    option->palette.setColor(QPalette::HighlightedText, palette().color(QPalette::Text));
+}
+
+void CatalogTreeView::focusInEvent(QFocusEvent* event)
+{
+    QTreeView::focusInEvent(event);
+    viewport()->update();
+}
+
+void CatalogTreeView::focusOutEvent(QFocusEvent* event)
+{
+    QTreeView::focusOutEvent(event);
+    viewport()->update();
+}
+
 void CatalogTreeView::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const
 {
     if (!model()->hasChildren(index))
@@ -115,8 +144,8 @@ void CatalogTreeView::drawBranches(QPainter* painter, const QRect& rect, const Q
     const QPointF along = isExpanded(index) ? QPointF(0, kReach / 2) : QPointF(kReach / 2, 0);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(
-        QPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text), 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->setPen(QPen(palette().color(selected && hasFocus() ? QPalette::HighlightedText : QPalette::Text), 1.4, Qt::SolidLine,
+                         Qt::RoundCap, Qt::RoundJoin));
     painter->drawPolyline(QPolygonF({middle - across - along, middle + along, middle + across - along}));
     painter->restore();
 }

@@ -26,6 +26,7 @@ public:
     void SetSelected(bool selected);
 
     void SetPicture(const QPixmap& picture);
+    qreal PictureScale() const { return m_picture.devicePixelRatio(); }
     QSize PictureSize() const { return m_picture.deviceIndependentSize().toSize(); }
 
 protected:

@@ -66,6 +66,53 @@ TEST_F(MainWindow, EveryClickOnAFilmMakesAPageAndAStep)
     EXPECT_EQ(Page(u"about:blank"_s), QString());
 }
 
+TEST_F(MainWindow, BackAndForwardByKeysAndSideButtons)
+{
+    Start();
+    ClickNode(u"Alien"_s);
+    ClickNode(u"Brazil"_s);
+    const QWidget& tree = *Tree().viewport();
+    const QPoint place = tree.mapTo(window.get(), tree.rect().center());
+    QTest::keyClick(window.get(), Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s));
+    QTest::keyClick(window.get(), Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(Tree().Selected(), Node(u"Brazil"_s));
+    QTest::mouseClick(window->windowHandle(), Qt::BackButton, {}, place);
+    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s));
+    window->EnableMainWindow(false); // while a run goes on
+    QTest::mouseClick(window->windowHandle(), Qt::ForwardButton, {}, place);
+    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s));
+    window->EnableMainWindow(true);
+    QTest::mouseClick(window->windowHandle(), Qt::ForwardButton, {}, place);
+    EXPECT_EQ(Tree().Selected(), Node(u"Brazil"_s));
+}
+
+TEST_F(MainWindow, ANewTreeKeepsWhatIsSelectedAndOpenOrEmptiesThePage)
+{
+    Start();
+    Tree().expand(Node(u"0-9"_s));
+    ClickNode(u"Alien"_s);
+    Page(u"/temp/htmltemp0.html"_s);
+    Press("Refresh");
+    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s));
+    EXPECT_TRUE(Tree().isExpanded(Node(u"0-9"_s)));
+    EXPECT_FALSE(Tree().isExpanded(Node(u"B"_s)));
+    EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
+    EXPECT_EQ(window->State().history.At(2).key, QString()) << "a rebuild is no step";
+    Entry("mnuSortPrimDetail_2").trigger(); // by format the film has another key
+    EXPECT_FALSE(Tree().Selected().isValid());
+    EXPECT_EQ(Page(u"about:blank"_s), QString());
+}
+
+TEST_F(MainWindow, ACatalogWithoutFilmsSaysHowToBegin)
+{
+    catalog.Run("DELETE FROM Movie");
+    Start();
+    EXPECT_TRUE(Page(u"/empty.html"_s).contains(u"no film yet"));
+    ClickInPage("a[id*=PAGE_ADD]");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->State().CurrentSection == kMovieGrab; }));
+}
+
 TEST_F(MainWindow, TabsChangeTheSection)
 {
     Start();
@@ -136,6 +183,9 @@ TEST_F(MainWindow, AMenuOpensOverAFilmByMouseAndKeyboard)
     ASSERT_TRUE(QTest::qWaitFor([&] { return menu.isVisible(); }));
     EXPECT_TRUE(Tree().geometry().contains(Tree().parentWidget()->mapFromGlobal(menu.pos())));
     menu.close();
+    ClickNode(u"B"_s); // a group: every entry would be off
+    QCoreApplication::sendEvent(&Tree(), &byKey);
+    EXPECT_FALSE(menu.isVisible());
 }
 
 TEST_F(MainWindow, HostileTitlesShowInTreeAndPage)

@@ -34,8 +34,12 @@ TEST_F(MainWindow, NewMakesABlankCatalogAndAsksBeforeItOverwrites)
 TEST_F(MainWindow, SaveAsWorksOnInTheCopy)
 {
     Start();
+    ClickNode(u"Alien"_s);
     dialogs.files << home.Path(u"copy.kvd"_s);
     Choose("mnuFile", "mnuFileSaveAs");
+    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s)) << "the copy has the same films";
+    EXPECT_TRUE(Tree().isExpanded(Node(u"A"_s)));
+    EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
     catalog.Run("DELETE FROM Movie");
     Press("Refresh");
     EXPECT_EQ(Shown(), kThreeFilms);
@@ -78,6 +82,12 @@ TEST_F(MainWindow, AFileThatIsNoCatalogIsNamedAndTheWindowLivesOn)
     EXPECT_EQ(Shown(), kThreeFilms);
     ClickNode(u"Alien"_s);
     EXPECT_TRUE(Page(u"/temp/htmltemp0.html"_s).contains(u"Alien"));
+    dialogs.files << home.Path(u"holiday.jpg"_s);
+    Press("Open"); // the catalog that is open stays so
+    EXPECT_EQ(dialogs.boxes.size(), 1);
+    TakeMessages();
+    EXPECT_EQ(window->State().CatalogPath(), catalog.Path());
+    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s));
 }
 
 TEST_F(MainWindow, ACatalogThatVanishedIsNamedOnceForEachClick)
@@ -89,8 +99,22 @@ TEST_F(MainWindow, ACatalogThatVanishedIsNamedOnceForEachClick)
     ClickNode(u"Brazil"_s);
     EXPECT_EQ(dialogs.boxes.size(), 1);
     EXPECT_THAT(TakeMessages(), HasSubstr("films.kvd"));
-    Press("Refresh");
+    Tree().expand(Node(u"Brazil"_s));
     EXPECT_THAT(TakeMessages(), HasSubstr("films.kvd"));
+    const auto expectTheOldTree = [this] {
+        EXPECT_EQ(dialogs.boxes.size(), 1);
+        EXPECT_THAT(TakeMessages(), HasSubstr("films.kvd"));
+        EXPECT_EQ(Shown(), kThreeFilms);
+        EXPECT_EQ(Tree().Selected(), Node(u"Brazil"_s));
+        EXPECT_TRUE(Tree().isVisible() && Tree().isExpanded(Node(u"A"_s)) && !Tree().isExpanded(Node(u"0-9"_s)));
+    };
+    Press("Refresh");
+    expectTheOldTree();
+    dialogs.answers << kAnswerYes;
+    Press("Delete");
+    dialogs.boxes.removeFirst(); // the question
+    expectTheOldTree();
+    EXPECT_FALSE(QFileInfo::exists(catalog.Path()));
     ASSERT_TRUE(QFile::rename(away, catalog.Path()));
     Press("Refresh");
     EXPECT_EQ(Shown(), kThreeFilms);

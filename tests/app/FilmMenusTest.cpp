@@ -98,6 +98,23 @@ TEST_F(FilmMenus, FilmsAreMovedListedAndDeletedAndTheMenusFollow)
     EXPECT_EQ(Column("Title", "Alien"), u"<none>");
     EXPECT_FALSE(Node(u"Alien"_s).isValid());
     EXPECT_TRUE(Get<StatusCells>("StatusCells").Cells().contains(u"Total Requests: 1"_s));
+    for (const QString& film : {u"Brazil"_s, u"2001"_s}) {
+        ClickNode(film);
+        dialogs.answers << kAnswerYes;
+        Press("Delete");
+        TakeMessages();
+    }
+    Page(u"/Templates/empty.html"_s); // says how to begin
+}
+
+TEST_F(FilmMenus, AFilmThatIsStoredAnewIsRenamedWhereItIsStillSelected)
+{
+    Start();
+    ClickNode(u"Alien"_s);
+    window->RetitleSelectedNode(2, u"Zulu"_s);
+    EXPECT_EQ(Shown(), "0-9\n 2001\nA\n Alien\nB\n Brazil");
+    window->RetitleSelectedNode(1, u"Aliens"_s);
+    EXPECT_EQ(Shown(), "0-9\n 2001\nA\n Aliens\nB\n Brazil");
 }
 
 TEST_F(FilmMenus, FindSelectsWhatItMeetsAndACommandNeverTakesAGroupForAFilm)

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 #include "core/Literals.h"
 #include "render/forms/frmPageView.h"
+#include "ui/Accessibility.h"
 #include "ui/ContextKey.h"
 #include "ui/PaneSplitter.h"
 
@@ -37,6 +38,32 @@ TEST_F(MainWindow, EveryControlIsReachedByTabAndHasAName)
                                 "ImgTabMovieGrab", "ImgTabMovieEdit", "ImgTabActorInfo", "TreeView1", "picSplitter", "WebBrowser1"})
         EXPECT_EQ(passed.count(QString::fromLatin1(control)), 1) << control << " in " << qPrintable(passed.join(u' '));
     EXPECT_EQ(passed.indexOf(u"WebBrowser1"_s), 1) << "the page follows the tree: " << qPrintable(passed.join(u' '));
+}
+
+TEST_F(MainWindow, AssistiveProgramsAreToldWhatTheControlsAre)
+{
+    InstallAccessibility();
+    Start();
+    ClickNode(u"Alien"_s);
+    const auto spoken = [&](const char* name) { return QAccessible::queryAccessibleInterface(&Get(name)); };
+    const std::pair<const char*, QAccessible::Role> roles[] = {
+        {"cToolbar", QAccessible::ToolBar},        {"New", QAccessible::Button},
+        {"picTabs", QAccessible::PageTabList},     {"picGrabSelect", QAccessible::PageTabList},
+        {"ImgTabMovieGrab", QAccessible::PageTab}, {"StatusCells", QAccessible::StatusBar},
+        {"picSplitter", QAccessible::Splitter}};
+    for (const auto& [name, role] : roles) {
+        EXPECT_EQ(spoken(name)->role(), role) << name;
+        EXPECT_NE(spoken(name)->text(QAccessible::Description), spoken(name)->text(QAccessible::Name)) << name << " is said twice";
+        EXPECT_FALSE(spoken(name)->text(QAccessible::Description).contains(u'<')) << name;
+    }
+    EXPECT_EQ(spoken("picTabs")->childCount(), 4) << "joints are no controls";
+    EXPECT_TRUE(spoken("ImgTabMovieList")->state().selected);
+    EXPECT_FALSE(spoken("ImgTabMovieGrab")->state().selected);
+    spoken("ImgTabMovieGrab")->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(window->State().CurrentSection, kMovieGrab);
+    EXPECT_TRUE(spoken("ImgTabMovieGrab")->state().selected);
+    EXPECT_TRUE(spoken("ImgTaddIMDB")->state().selected);
+    EXPECT_EQ(Node(u"Alien"_s).data(Qt::AccessibleDescriptionRole), u"DVD"_s);
 }
 
 TEST_F(MainWindow, TheTreeIsBrowsedByKeys)

@@ -1,8 +1,13 @@
 #include "MainWindow.h"
+#include "app/OnlyProgram.h"
+#include "core/DeliveredFiles.h"
 #include "core/Literals.h"
 #include "core/Profile.h"
 #include "ui/BusyPicture.h"
 #include "ui/PaneSplitter.h"
+#include "ui/SectionTabRow.h"
+
+#include <QScreen>
 
 namespace kelvado {
 namespace {
@@ -176,6 +181,86 @@ TEST_F(MainWindow, OddSizesLeaveADividerThatCanBeMovedBack)
         EXPECT_TRUE(Get("picPanes").rect().contains(divider.geometry()));
         window.reset();
     }
+}
+
+TEST_F(MainWindow, ComesBackWhereItWasAndAlwaysWithinAScreen)
+{
+    Start();
+    window->setGeometry(40, 50, 700, 450);
+    Get<PaneSplitter>("picSplitter").SetTag(44);
+    window->close();
+    Start();
+    EXPECT_EQ(window->geometry(), QRect(40, 50, 700, 450));
+    EXPECT_EQ(Get<PaneSplitter>("picSplitter").Tag(), 44);
+    EXPECT_NEAR(Get("picLeftPane").width(), 308, 8);
+    window->setWindowState(Qt::WindowMaximized);
+    window->close();
+    Start();
+    EXPECT_TRUE(window->isMaximized());
+    EXPECT_EQ(window->normalGeometry().size(), QSize(700, 450));
+    window->close();
+    // The screen of that time is gone, or smaller now.
+    for (const auto& [left, width] : {std::pair("-9000", "700"), {"9000", "700"}, {"300", "99999"}}) {
+        Set("Window", "Left", QLatin1StringView(left));
+        Set("Window", "Width", QLatin1StringView(width));
+        Set("Window", "Maximised", u"0"_s);
+        Start();
+        EXPECT_TRUE(window->screen()->availableGeometry().contains(window->geometry())) << left << ' ' << width;
+        window->close();
+    }
+}
+
+TEST_F(MainWindow, PicturesAreSharpAtTheScreensScale)
+{
+    Start();
+    for (const char* tab : {"ImgTabMovieList", "ImgTabRight"})
+        EXPECT_EQ(Get<TabImage>(tab).PictureScale(), window->devicePixelRatioF()) << tab;
+    EXPECT_EQ(Get("ImgTabMovieList").width(), Get<TabImage>("ImgTabMovieList").PictureSize().width());
+    const QIcon icon = Node(u"Alien"_s).data(Qt::DecorationRole).isNull() ? Node(u"A"_s).data(Qt::DecorationRole).value<QIcon>()
+                                                                          : Node(u"Alien"_s).data(Qt::DecorationRole).value<QIcon>();
+    EXPECT_EQ(icon.pixmap(QSize(16, 16), window->devicePixelRatioF()).size(), QSize(16, 16) * window->devicePixelRatioF());
+}
+
+TEST_F(MainWindow, TheSecondProgramOfAFolderCallsTheFirstOne)
+{
+    QDir().mkpath(home.Path(u"temp"_s));
+    OnlyProgram first(home.Path({}));
+    ASSERT_TRUE(first.IsFirst());
+    QSignalSpy called(&first, &OnlyProgram::Called);
+    {
+        // By another path to the same folder.
+        const OnlyProgram second(home.Path(u"Skins/.."_s));
+        EXPECT_FALSE(second.IsFirst());
+    }
+    EXPECT_TRUE(called.count() > 0 || called.wait(5000));
+    QDir().mkpath(home.Path(u"other/temp"_s));
+    EXPECT_TRUE(OnlyProgram(home.Path(u"other"_s)).IsFirst());
+    window = std::make_unique<Form1>(dialogs, events);
+    window->ComeToFront(); // a call in the midst of the start
+    EXPECT_FALSE(window->isVisible());
+    window.reset();
+    Start();
+    window->setWindowState(Qt::WindowMinimized);
+    window->ComeToFront();
+    EXPECT_FALSE(window->isMinimized());
+}
+
+TEST_F(MainWindow, AnEmptyFolderGetsTheDeliveredFilesAndABrokenOffCopyIsFinished)
+{
+    const TempHome fresh;
+    home.Write(u"Sample.kvd"_s, "films");
+    const auto furnish = [&] { FurnishHome(fresh.Path({}), home.Path({})); };
+    furnish();
+    EXPECT_EQ(fresh.Read(u"Sample.kvd"_s), "films");
+    EXPECT_TRUE(QFileInfo::exists(fresh.Path(u"Skins/Default XP/skin.ini"_s)));
+    EXPECT_EQ(ReadProfileValue(u"Settings"_s, u"Default"_s, fresh.Path(u"Settings.ini"_s)), fresh.Path(u"Sample.kvd"_s));
+    QFile::remove(fresh.Path(u"Sample.kvd"_s));
+    furnish(); // it is the user's own by now
+    EXPECT_FALSE(QFileInfo::exists(fresh.Path(u"Sample.kvd"_s)));
+    fresh.Write(u"temp/furnishing"_s, {});
+    furnish();
+    EXPECT_EQ(fresh.Read(u"Sample.kvd"_s), "films");
+    EXPECT_FALSE(QFileInfo::exists(fresh.Path(u"temp/furnishing"_s)));
 }
 
 TEST_F(MainWindow, ClosingWritesTheSettingsOnceAndKeepsComments)

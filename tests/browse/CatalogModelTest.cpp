@@ -35,7 +35,7 @@ TEST(CatalogModel, KeepsTheRulesOfAModelWhileItChanges)
     EXPECT_FALSE(model.hasChildren(film));
     model.SetCast(model.index(0, 0), {{1, u"x"_s, {}, 0}});
     EXPECT_EQ(model.rowCount(model.index(0, 0)), 2);
-    model.Clear();
+    model.SetContent({});
     EXPECT_EQ(model.rowCount(), 0);
 }
 

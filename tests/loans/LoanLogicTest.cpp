@@ -62,6 +62,16 @@ TEST_F(LoanLogic, DeletingTakesTheLoanAndFreesItsFilmWhereThereAreAny)
     EXPECT_EQ(catalog.Ask("SELECT (SELECT count(*) FROM Loans) || ' ' || (SELECT sum(Loan_ID) FROM Movie)"), u"0 0"_s);
 }
 
+TEST_F(LoanLogic, WhatFailsHalfWayIsNotStored)
+{
+    catalog.Run("CREATE TRIGGER full BEFORE UPDATE ON Movie BEGIN SELECT RAISE(FAIL, 'disk full'); END");
+    EXPECT_EQ(ErrorOf([&] { Return_Item(10, catalog.Path(), clock); }), kErrDatabase);
+    EXPECT_EQ(ErrorOf([&] { ReturnFilm(1, catalog.Path(), clock); }), kErrDatabase);
+    EXPECT_EQ(ErrorOf([&] { Delete_Loan(10, catalog.Path()); }), kErrDatabase);
+    EXPECT_EQ(ErrorOf([&] { Store(LoanMode::Loan, 3, {u"Eve"_s, std::nullopt, std::nullopt, QString()}); }), kErrDatabase);
+    EXPECT_EQ(Stored(), kBefore);
+}
+
 TEST_F(LoanLogic, TheListHasARowForEachLoanOfAFilmThatIsThereAndABlankForNull)
 {
     catalog.Run(
@@ -137,7 +147,7 @@ TEST_F(LoanLogic, ANewLoanStoresWhatIsGivenAndMarksItsFilm)
     EXPECT_TRUE(Store(LoanMode::Loan, 1, {u"Eve"_s, std::nullopt, std::nullopt, u"   "_s})); // is out: the old loan stays open
     EXPECT_EQ(ErrorOf([&] { Store(LoanMode::Loan, 99, {u"Eve"_s, std::nullopt, std::nullopt, QString()}); }), kErrNoCurrentRecord);
     EXPECT_EQ(Stored(), kAnn + u" | "_s + kBob +
-                            u" | 12:3:D'Arcy:2024-01-31:2024-02-14:-: 2 discs | 13:1:Eve:-:-:-:- | 14:99:Eve:-:-:-:- ; "
+                            u" | 12:3:D'Arcy:2024-01-31:2024-02-14:-: 2 discs | 13:1:Eve:-:-:-:- ; "
                             "3=12 1=13"_s);
     EXPECT_EQ(ErrorOf([&] { Return_Item(10, catalog.Path(), clock); }), kErrNoCurrentRecord);
 }

@@ -31,10 +31,10 @@ protected:
         return page.replace(home.Path({}), u"HOME"_s).toStdString();
     }
 
-    std::string Fill(void (*fill)(QString&, Connection&, const QString&), const char* text)
+    std::string Fill(void (*fill)(QString&, Connection&, FilmId), const char* text)
     {
         QString page = QString::fromUtf8(text);
-        fill(page, connection, u"1"_s);
+        fill(page, connection, 1);
         return page.toStdString();
     }
 
@@ -148,7 +148,7 @@ TEST_F(Tokens, NumberedTokensEndInNone)
 
     const struct
     {
-        void (*fill)(QString&, Connection&, const QString&);
+        void (*fill)(QString&, Connection&, FilmId);
         const char* role;
     } crews[] = {{FillProducerTokens, "Producer"}, {FillDirectorTokens, "Director"}, {FillWriterTokens, "Writer"}};
     for (const auto& crew : crews) {

@@ -206,7 +206,7 @@ TEST_F(FilmWriter, AnUpdateKeepsWhatTheNewRecordDoesNotKnow)
     EXPECT_EQ(catalog.Ask("SELECT (SELECT count(*) FROM ActorLink WHERE Movie_ID = 77) || count(*) FROM WriterLink"), u"11"_s);
     EXPECT_EQ(catalog.Ask("SELECT Image_ID FROM Movie"), u"2"_s);
     EXPECT_EQ(catalog.Ask("SELECT group_concat(Extention || ifnull(Image_Link, '')) FROM Images"), u"JPGhttp://large,GIF"_s);
-    EXPECT_EQ(shell.calls, (QStringList{u"Retitle Brazil été"_s, u"Rekey 1"_s}));
+    EXPECT_EQ(shell.calls, (QStringList{u"Retitle 1 Brazil été"_s, u"Rekey 1"_s}));
     EXPECT_THROW(UpdateFilm(fresh, 9, all, context, shell), RuntimeError);
 }
 

@@ -332,7 +332,8 @@ TEST_F(RecordsetTest, TablesOfOtherToolsWorkAsFarAsTheyGo)
     catalog.Run("CREATE TABLE Plain (Key INTEGER PRIMARY KEY, Name VARCHAR(5), Size DOUBLE, Made DATETIME);"
                 "CREATE TABLE Flat (Name TEXT PRIMARY KEY) WITHOUT ROWID; INSERT INTO Flat VALUES ('a');"
                 "CREATE VIEW Seen AS SELECT Name FROM Flat; DROP TABLE Feature_Link;"
-                "CREATE TABLE Untyped (Name); CREATE TABLE \"odd \"\"name\" (\"a \"\"b\" TEXT)");
+                "CREATE TABLE Untyped (Name, a MEMO, b STRING, c CHAR, d CLOB, e FLOATING POINT);"
+                "CREATE TABLE \"odd \"\"name\" (\"a \"\"b\" TEXT)");
     rows.Open(u"SELECT * FROM Plain"_s, connection);
     rows.AddNew();
     EXPECT_EQ(rows[u"Key"].Get(), Value(1));
@@ -350,11 +351,16 @@ TEST_F(RecordsetTest, TablesOfOtherToolsWorkAsFarAsTheyGo)
         EXPECT_EQ(ErrorOf([&] { rows.Text(-1); }), kErrItemNotFound);
     }
     rows.Open(u"SELECT * FROM Untyped"_s, connection);
-    EXPECT_EQ(rows[0].DefinedSize(), 536870910);
     rows.AddNew();
-    rows[0].Set(QString());
+    for (int column = 0; column < 5; ++column) {
+        EXPECT_EQ(rows[column].DefinedSize(), 536870910) << column;
+        rows[column].Set(QString());
+    }
+    rows[5].Set(u"1.5"_s);
     rows.Update();
     EXPECT_EQ(rows[0].Get(), Value(QString()));
+    EXPECT_EQ(rows[1].Get(), Value(QString()));
+    EXPECT_EQ(rows[5].Get(), Value(1.5));
     rows.Open(u"SELECT * FROM [odd \"name]"_s, connection);
     rows.AddNew();
     rows[0].Set(u"x"_s);

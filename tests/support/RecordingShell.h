@@ -18,8 +18,8 @@ public:
     void ShowWorking(bool busy) override { calls << u"ShowWorking %1"_s.arg(busy); }
     void ShowProgress(int percent) override { lastProgress = percent; }
     void EnableMainWindow(bool enabled) override { calls << u"EnableMainWindow %1"_s.arg(enabled); }
-    void RetitleSelectedNode(const QString& title) override { calls << u"Retitle %1"_s.arg(title); }
-    void RekeySelectedNode(qint64 movieId) override { calls << u"Rekey %1"_s.arg(movieId); }
+    void RetitleSelectedNode(FilmId movieId, const QString& title) override { calls << u"Retitle %1 %2"_s.arg(movieId).arg(title); }
+    void RekeySelectedNode(FilmId movieId) override { calls << u"Rekey %1"_s.arg(movieId); }
 
     QStringList calls;
     int lastProgress = -1;

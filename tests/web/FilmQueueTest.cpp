@@ -101,10 +101,11 @@ TEST_F(AddingFilms, FilmsThatTheCatalogHasAreAskedAboutOnce)
     dialogs.answers << kAnswerNo;
     EXPECT_EQ(Add({u"0000001"_s, u"0000002"_s}), question) << "with nothing left there is no run";
 
-    QStringList numbers{u"0000003"_s, u"0000004"_s, u"0000004"_s};
+    QStringList numbers{u"0000003"_s, u"0000005"_s, u"0000003"_s, u"0000004"_s, u"0000005"_s};
     dialogs.answers << kAnswerYes;
-    EXPECT_EQ(AddNumbers(numbers, desk)->Added, 3) << "numbers of a file are asked about alike";
-    EXPECT_EQ(Stored(), QString(before + u" 0000003 0000003 0000004 0000004"_s));
+    EXPECT_EQ(AddNumbers(numbers, desk)->Added, 4) << "numbers of a file are asked about alike";
+    EXPECT_EQ(Stored(), QString(before + u" 0000003 0000003 0000005 0000003 0000004"_s)) << "of two alike one is new, two are wanted";
+    EXPECT_TRUE(BoxTexts().constLast().endsWith(u"Rows left out that named a film a second time: 1"_s));
 }
 
 TEST_F(AddingFilms, AnotherFilmOfThatNumberIsAskedAboutBeforeOneIsStoredOver)

@@ -163,7 +163,7 @@ TEST_F(UpdateMovieInfoTest, StoresTheFilmAnewAndShowsIt)
     EXPECT_EQ(transport.requests.constFirst(), u"open");
     EXPECT_EQ(transport.requests.constLast(), u"close");
     EXPECT_TRUE(transport.requests.contains(u"1 / 1: Retrieving IMDb Title Page, 14%"_s));
-    EXPECT_EQ(Joined(shell.calls), Joined({u"EnableMainWindow 0"_s, u"Retitle The L\u00F6wen Affair (1987/II) (TV)"_s, u"Rekey 7"_s,
+    EXPECT_EQ(Joined(shell.calls), Joined({u"EnableMainWindow 0"_s, u"Retitle 7 The L\u00F6wen Affair (1987/II) (TV)"_s, u"Rekey 7"_s,
                                            u"EnableMainWindow 1"_s, u"ShowSelection"_s}));
 }
 

@@ -9,6 +9,7 @@
 #include "web/retrieval/mIMDB.h"
 
 #include <QHash>
+#include <QSet>
 
 namespace kelvado {
 
@@ -96,9 +97,10 @@ QHash<QString, QString> StoredFilms(const QString& catalogPath, FilmId exceptMov
     return titles;
 }
 
-// Asks once about all rows whose film is stored, and takes those out that are to be left out. False after a cancel.
+// Asks once about all rows whose film is stored, takes those out that are to be left out, and then the rows that name another film a
+// second time. Returns how many rows these were; nothing after a cancel.
 template<typename Row>
-bool SortOutStored(QList<Row>& rows, const std::function<QString(const Row&)>& numberOf, FilmDesk& desk)
+std::optional<qsizetype> SortOut(QList<Row>& rows, const std::function<QString(const Row&)>& numberOf, FilmDesk& desk)
 {
     const QHash<QString, QString> stored = StoredFilms(desk.state.CatalogPath());
     const auto isStored = [&](const Row& row) { return stored.contains(SevenDigits(numberOf(row))); };
@@ -107,14 +109,21 @@ bool SortOutStored(QList<Row>& rows, const std::function<QString(const Row&)>& n
         if (const QString number = SevenDigits(numberOf(row)); stored.contains(number))
             films.append({stored[number], number});
     }
-    if (films.isEmpty())
-        return true;
-    const int answer = desk.dialogs.MessageBox(u"The catalog has these films already:%1\n\nShall they be stored a second time? "
-                                               "\"No\" leaves them out."_s.arg(Named(films)),
-                                               kBoxYesNoCancel | kBoxExclamation | kBoxDefaultNo);
-    if (answer == kAnswerNo)
-        rows.removeIf(isStored);
-    return answer == kAnswerYes || answer == kAnswerNo;
+    if (!films.isEmpty()) {
+        const int answer = desk.dialogs.MessageBox(u"The catalog has these films already:%1\n\nShall they be stored a second time? "
+                                                   "\"No\" leaves them out."_s.arg(Named(films)),
+                                                   kBoxYesNoCancel | kBoxExclamation | kBoxDefaultNo);
+        if (answer != kAnswerYes && answer != kAnswerNo)
+            return std::nullopt;
+        if (answer == kAnswerNo)
+            rows.removeIf(isStored);
+    }
+    QSet<QString> seen;
+    return rows.removeIf([&](const Row& row) {
+        const qsizetype before = seen.size();
+        seen.insert(SevenDigits(numberOf(row)));
+        return seen.size() == before && !numberOf(row).isEmpty() && !isStored(row);
+    });
 }
 
 // Tries the films of all rows; those that are in the catalog then leave the list.
@@ -146,9 +155,11 @@ std::optional<JobResult> RunAdding(QList<Row>& rows, const std::function<BatchFi
                                    const std::function<QString(const Row&)>& numberOf, const std::function<void()>& behindEach,
                                    FilmDesk& desk, const std::function<void(const JobResult&)>& log)
 {
-    if (!SortOutStored(rows, numberOf, desk) || rows.isEmpty())
+    const std::optional<qsizetype> skipped = SortOut(rows, numberOf, desk);
+    if (!skipped || rows.isEmpty())
         return std::nullopt;
     JobResult result;
+    result.Skipped = *skipped;
     result.Asked = rows.size();
     desk.job.RetrievalCancelled = false;
     desk.job.CurrentFilm = 0;
@@ -270,9 +281,11 @@ bool MayStoreOver(const SearchRow& row, FilmId movieId, FilmDesk& desk)
 void TellResult(const JobResult& result, Dialogs& dialogs)
 {
     const QString title = u"Movie Grab Complete"_s;
+    const QString skipped =
+        result.Skipped == 0 ? QString() : u"\n\nRows left out that named a film a second time: %1"_s.arg(result.Skipped);
     const bool isWhole = result.Failures.isEmpty() && result.Incomplete.isEmpty();
     if (isWhole && !result.Cancelled) {
-        dialogs.MessageBox(u"Successfully Added %1 Films"_s.arg(result.Asked), kBoxPlain, title);
+        dialogs.MessageBox(u"Successfully Added %1 Films"_s.arg(result.Asked) + skipped, kBoxPlain, title);
         return;
     }
     if (isWhole && result.Added == 0)
@@ -283,6 +296,7 @@ void TellResult(const JobResult& result, Dialogs& dialogs)
         text.append(u"\n\nThese could not be added:"_s + Named(result.Failures));
     if (!result.Incomplete.isEmpty())
         text.append(u"\n\nThese are in the catalog, but not complete:"_s + Named(result.Incomplete));
+    text.append(skipped);
     dialogs.MessageBox(text, isWhole ? kBoxInformation : kBoxExclamation, title);
 }
 

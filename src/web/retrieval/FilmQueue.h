@@ -52,6 +52,7 @@ struct JobResult
     qsizetype Added = 0;       ///< with the incomplete ones
     QList<Failure> Failures;   ///< films that are not in the catalog
     QList<Failure> Incomplete; ///< films that are, without some of their lists
+    qsizetype Skipped = 0;     ///< rows that named a film of the run a second time
     bool Cancelled = false;
 };
 /// Tells how many films were added and which were not. Nothing where a cancel came before the first one.
@@ -66,8 +67,9 @@ struct QueueChoices
 };
 
 /// Retrieves and adds the films of `queue` in order, within a `RunJob`, shows them in the tree and tells how it went. First it asks once
-/// about those whose number the catalog has already; what is then left out, and what is stored, leaves the queue. A film that fails is
-/// noted and the next one is tried; a cancel ends the job.
+/// about those whose number the catalog has already; what is then left out, and what is stored, leaves the queue. So does a row that
+/// names a film a second time, unless the catalog has that film and the user wants it stored again. A film that fails is noted and the
+/// next one is tried; a cancel ends the job.
 /// Returns nothing where no film was tried. `log` is called with the result before it is told.
 /// Raises `kErrCancelled` where the program ends meanwhile.
 std::optional<JobResult> AddQueue(QList<SearchRow>& queue, const QueueChoices& choices, FilmDesk& desk,
