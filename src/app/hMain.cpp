@@ -7,6 +7,8 @@
 #include "core/RuntimeError.h"
 #include "ui/frmAbout.h"
 
+#include <QFileInfo>
+
 namespace kelvado {
 
 void LoaderMain(Form1& window, const QStringList& arguments)

@@ -6,14 +6,6 @@
 #include "render/forms/frmPageView.h"
 #include "ui/ctxToolbar.h"
 
-#include <QApplication>
-#include <QDeadlineTimer>
-#include <QDirIterator>
-#include <QEventLoop>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPointer>
-#include <QTimer>
 #include <QWebEngineView>
 
 void PrepareTestApplication()
@@ -39,19 +31,12 @@ void CopyTree(const QString& source, const QString& target)
     }
 }
 
-QByteArray Content(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
-    return file.readAll();
-}
-
 } // namespace
 
 MainWindow::MainWindow()
 {
-    home.Write(u"Settings.ini"_s, Content(u"" KELVADO_SOURCE_DIR "/data/Settings.ini"_s));
-    home.Write(u"keldb.dat"_s, Content(catalog.Path()));
+    home.Write(u"Settings.ini"_s, FileContent(u"" KELVADO_SOURCE_DIR "/data/Settings.ini"_s));
+    home.Write(u"keldb.dat"_s, FileContent(catalog.Path()));
     CopyTree(u"" KELVADO_SKINS_DIR ""_s, home.Path(u"Skins"_s));
     catalog.Run(
         "INSERT INTO Movie (Movie_ID, Title, Year, Format, IMDB, Nfo, Loan_ID) VALUES"

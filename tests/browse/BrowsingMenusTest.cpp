@@ -18,19 +18,16 @@ protected:
 
 TEST_F(SortingTest, AnEntryMovesTheMarkAndRebuildsTheTree)
 {
+    const cOptView& view = state.gOptions->View;
     sorting.ChoosePrimary(4);
-    EXPECT_EQ(state.gOptions->View.PrimarySort, u"Movie.Year");
-    EXPECT_TRUE(marks.IsChecked(u"mnuSortPrimDetail"_s, 4));
-    EXPECT_FALSE(marks.IsChecked(u"mnuSortPrimDetail"_s, 1));
     sorting.ChooseSecondary(3);
-    EXPECT_EQ(state.gOptions->View.SecondarySort, u"Movie.Year");
     sorting.ChooseViewMode(2);
-    EXPECT_EQ(state.gOptions->View.ViewMode, u"Loans");
+    sorting.ToggleSecondaryDirection();
+    EXPECT_EQ(view.PrimarySort + view.SecondarySort + view.ViewMode + view.SecondaryOrder, u"Movie.YearMovie.YearLoansDESC");
+    EXPECT_TRUE(marks.IsChecked(u"mnuSortPrimDetail"_s, 4) && !marks.IsChecked(u"mnuSortPrimDetail"_s, 1));
     EXPECT_TRUE(marks.IsChecked(u"mnuViewMode"_s, 2));
     sorting.ToggleSecondaryDirection();
-    EXPECT_EQ(state.gOptions->View.SecondaryOrder, u"DESC");
-    sorting.ToggleSecondaryDirection();
-    EXPECT_EQ(state.gOptions->View.SecondaryOrder, u"");
+    EXPECT_EQ(view.SecondaryOrder, u"");
     EXPECT_EQ(Refreshes(), 5);
     sorting.TogglePrimaryExpanded();
     EXPECT_TRUE(marks.IsChecked(u"mnuSortPrimExpanded"_s, -1));
@@ -42,8 +39,7 @@ TEST_F(SortingTest, TheCustomEntryStaysMarkedAlsoWhereNothingWasChosen)
 {
     sorting.ChoosePrimary(7);
     EXPECT_EQ(state.gOptions->View.PrimarySort, u"Movie.Title");
-    EXPECT_TRUE(marks.IsChecked(u"mnuSortPrimDetail"_s, 7));
-    EXPECT_FALSE(marks.IsChecked(u"mnuSortPrimDetail"_s, 1));
+    EXPECT_TRUE(marks.IsChecked(u"mnuSortPrimDetail"_s, 7) && !marks.IsChecked(u"mnuSortPrimDetail"_s, 1));
     EXPECT_EQ(Refreshes(), 0);
     answer = u"Movie.Country"_s;
     sorting.ChoosePrimary(7);
@@ -79,11 +75,9 @@ TEST(FilterDialog, SaysWhatIsMissingInItsOrder)
 TEST(FilterDialog, PutsTheValueInQuotesAndIncludesItInGreaterAndLess)
 {
     const FilterRecord year = MakeFilter(Element("Year"), 1, u" 1979 "_s);
-    EXPECT_EQ(year.WhereText, u"Movie.Year >=\"1979\"");
-    EXPECT_EQ(year.Caption, u"Year Greater Than  1979 ");
+    EXPECT_EQ(year.WhereText + year.Caption, u"Movie.Year >=\"1979\"Year Greater Than  1979 ");
     const FilterRecord title = MakeFilter(Element("Title"), 2, u"\tit's \"so\" "_s);
-    EXPECT_EQ(title.WhereText, u"Movie.Title =\"\tit's \"\"so\"\"\"");
-    EXPECT_EQ(title.Caption, u"Title contains \tit's \"so\" ");
+    EXPECT_EQ(title.WhereText + title.Caption, u"Movie.Title =\"\tit's \"\"so\"\"\"Title contains \tit's \"so\" ");
 }
 
 class FiltersTest : public TreeFixture
@@ -117,8 +111,7 @@ TEST_F(FiltersTest, JoinByAndUpToFive)
     EXPECT_EQ(state.FilterCount, 5);
     filters.RemoveAll();
     EXPECT_EQ(state.FilterWhere, u"");
-    EXPECT_TRUE(CanAdd());
-    EXPECT_FALSE(Visible(0) || Visible(4));
+    EXPECT_TRUE(CanAdd() && !Visible(0) && !Visible(4));
     EXPECT_EQ(dialogs.boxes.last().title, u"Remove Filters");
 }
 
@@ -129,8 +122,7 @@ TEST_F(FiltersTest, EntriesAndRecordsDriftApartWhenOneInTheMiddleGoes)
     dialogs.answers << kAnswerYes << kAnswerYes;
     filters.RemoveSingle(1);
     EXPECT_EQ(state.FilterCount, 4);
-    EXPECT_FALSE(Visible(1));
-    EXPECT_TRUE(Visible(4));
+    EXPECT_TRUE(!Visible(1) && Visible(4));
     EXPECT_FALSE(CanAdd()); // the count was looked at before it went down
     EXPECT_EQ(marks.captions.value(u"MnuFilterRemoveSingle_2"_s), u"Title contains c");
     filters.RemoveSingle(2); // the entry of "c" takes record "d"

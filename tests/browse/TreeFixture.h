@@ -17,9 +17,7 @@ class TreeFixture : public ::testing::Test
 protected:
     TreeFixture()
     {
-        QFile settings(u"" KELVADO_SOURCE_DIR "/data/Settings.ini"_s);
-        EXPECT_TRUE(settings.open(QIODevice::ReadOnly));
-        home.Write(u"Settings.ini"_s, settings.readAll());
+        home.Write(u"Settings.ini"_s, FileContent(u"" KELVADO_SOURCE_DIR "/data/Settings.ini"_s));
         state.gOptions = std::make_unique<cOptions>(home.Path(u"Settings.ini"_s), marks);
         state.comDiagFile.fileName = catalog.Path();
     }

@@ -15,11 +15,10 @@ TEST(Conversions, KnowWhichTextsAreNumbers)
 
 TEST(Conversions, RoundTiesToEvenAndGuardTheRange)
 {
-    EXPECT_EQ(ToLong(u"2.5"), 2);
-    EXPECT_EQ(ToLong(u"3.5"), 4);
-    EXPECT_EQ(ToLong(u"-2.5"), -2);
-    EXPECT_EQ(ToLong(u"-1.5"), -2);
-    EXPECT_EQ(ToLong(u"2147483647.4"), 2147483647);
+    const std::pair<const char16_t*, std::int32_t> cases[] = {
+        {u"2.5", 2}, {u"3.5", 4}, {u"-2.5", -2}, {u"-1.5", -2}, {u"2147483647.4", 2147483647}};
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(ToLong(text), number) << number;
     EXPECT_EQ(ErrorOf([] { ToLong(u"2147483647.5"); }), kErrOverflow);
     EXPECT_EQ(ErrorOf([] { ToLong(u""); }), kErrTypeMismatch);
     EXPECT_EQ(ToCurrency(u"12.34565").tenThousandths, 123456);
@@ -39,14 +38,9 @@ TEST(Conversions, ShowNumbersAndDatesAsTheCatalogDoes)
 
 TEST(Conversions, TakeTextsForTruth)
 {
-    EXPECT_TRUE(ToBoolean(u"true"));
-    EXPECT_TRUE(ToBoolean(u"-1"));
-    EXPECT_FALSE(ToBoolean(u"0"));
+    EXPECT_TRUE(ToBoolean(u"true") && ToBoolean(u"-1") && !ToBoolean(u"0"));
     EXPECT_EQ(ErrorOf([] { ToBoolean(u"yes"); }), kErrTypeMismatch);
-    EXPECT_TRUE(EqualsTrue(u"-1"));
-    EXPECT_TRUE(EqualsTrue(u"True"));
-    EXPECT_FALSE(EqualsTrue(u"1"));
-    EXPECT_FALSE(EqualsTrue(u""));
+    EXPECT_TRUE(EqualsTrue(u"-1") && EqualsTrue(u"True") && !EqualsTrue(u"1") && !EqualsTrue(u""));
 }
 
 TEST(DecodeEntities, ReadsDecimalCodesOfTheCodePageAndStopsAtTheFirstItCannotRead)

@@ -19,10 +19,7 @@ TEST(WindowLayout, TheSplitterStaysBetweenElevenAndEightyNinePerCent)
 TEST(WindowLayout, PanesAndTabRowFollowTheirInsets)
 {
     const PaneLayout panes = LayOutPanes(25, 19200, 0, 90);
-    EXPECT_EQ(panes.leftWidth, 4770);
-    EXPECT_EQ(panes.splitterLeft, 4770);
-    EXPECT_EQ(panes.rightLeft, 4860);
-    EXPECT_EQ(panes.rightWidth, 19200 - 4860 - 60);
+    EXPECT_TRUE(panes.leftWidth == 4770 && panes.splitterLeft == 4770 && panes.rightLeft == 4860 && panes.rightWidth == 14280);
     EXPECT_EQ(TabSpacerWidth(10000, 8000), 1880);
     EXPECT_EQ(TabSpacerWidth(10000, 9880), 0);
     EXPECT_EQ(TabSpacerWidth(10000, 9881), 60);

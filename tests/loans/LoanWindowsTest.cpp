@@ -6,18 +6,8 @@
 #include "ui/Skinner.h"
 #include "ui/ctxToolbar.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QCompleter>
-#include <QDateEdit>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QTest>
-#include <QTimer>
-#include <QTreeView>
+#include <QtWidgets>
 
 namespace kelvado {
 namespace {
@@ -25,10 +15,7 @@ namespace {
 template<typename Control>
 Control& Find(QWidget& window, const char* name)
 {
-    auto* control = window.findChild<Control*>(QString::fromLatin1(name));
-    if (!control)
-        throw std::runtime_error(name);
-    return *control;
+    return *window.findChild<Control*>(QString::fromLatin1(name));
 }
 
 void Press(QWidget& window, const char* button)
@@ -186,7 +173,6 @@ TEST_F(LoanWindows, TheEntryIsFilledByKeyboardAlone)
     dialog.Load_NewLoan();
     Show(dialog);
     EXPECT_EQ(Find<QLabel>(dialog, "lblMovie").text().remove(u'&'), u"Movie to Loan:"_s);
-    EXPECT_EQ(Find<QLabel>(dialog, "lblLoanTo").text().remove(u'&'), u"Loan To:"_s);
     EXPECT_FALSE(Find<DatePicker>(dialog, "DTReturn").isEnabled());
     const auto key = [](Qt::Key code) { QTest::keyClick(QApplication::focusWidget(), code); };
     const auto type = [](const QString& text) { QTest::keyClicks(QApplication::focusWidget(), text); };
@@ -195,9 +181,8 @@ TEST_F(LoanWindows, TheEntryIsFilledByKeyboardAlone)
     type(u"LIE"_s); // of the two films "Alien" the second is picked, the one that is out
     auto* popup = Find<QComboBox>(dialog, "cboMovie").completer()->popup();
     ASSERT_TRUE(popup->isVisible());
-    QTest::keyClick(popup, Qt::Key_Down);
-    QTest::keyClick(popup, Qt::Key_Down);
-    QTest::keyClick(popup, Qt::Key_Return);
+    for (const Qt::Key press : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
+        QTest::keyClick(popup, press);
     key(Qt::Key_Tab);
     type(u"an"_s); // not completed to the known name
     popup = Find<QComboBox>(dialog, "cboLoanTo").findChild<QCompleter*>()->popup();
@@ -232,6 +217,10 @@ TEST_F(LoanWindows, ATextThatIsNoFilmIsNoChoice)
     EXPECT_EQ(dialogs.boxes.size(), 2);
     EXPECT_TRUE(dialog.isVisible());
     films.setEditText(u"chinatown"_s);
+    catalog.Run("ALTER TABLE Loans RENAME TO Away");
+    Press(dialog, "Command1");
+    EXPECT_TRUE(dialog.isVisible()) << "what could not be stored can be tried again";
+    catalog.Run("ALTER TABLE Away RENAME TO Loans");
     Press(dialog, "Command1");
     EXPECT_EQ(catalog.Ask("SELECT Loan_ID FROM Movie WHERE Movie_ID = 3"), u"12"_s);
 }
@@ -248,17 +237,6 @@ TEST_F(LoanWindows, AGivenFilmStandsAndACancelWritesNothing)
     LoanFilm(3, context, skinner, nullptr);
     ASSERT_TRUE(DialogWasSeen());
     EXPECT_EQ(Stored(), kBefore);
-}
-
-TEST_F(LoanWindows, AFailureWhileStoringLeavesTheEntryOpen)
-{
-    fLoanAdd dialog(LoanMode::Edit, context, nullptr);
-    dialog.Edit_Loan(10);
-    Show(dialog);
-    catalog.Run("DELETE FROM Loans WHERE Loan_ID = 10");
-    Press(dialog, "Command1");
-    EXPECT_TRUE(LastBox().startsWith(u"Run-time error '3021'"_s));
-    EXPECT_TRUE(dialog.isVisible());
 }
 
 TEST(DatePickers, ADateCanBeAbsentAndComesBack)

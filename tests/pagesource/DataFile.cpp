@@ -40,9 +40,8 @@ Film FullFilm(std::int64_t number, const std::string& title, int year)
     film.countries = {"USA", "UK"};
     film.certificate = "PG-13";
     film.colour = "Color";
-    film.plot = "A clerk finds a key and a map in a coat that is not his, and he follows both. What he finds there is not what was drawn "
-                "on the map at "
-                "all, but it is where he stays, with the others who came after the same coat.";
+    film.plot = "A clerk finds a key and a map in a coat that is not his, and he follows both. What he finds there is not what was "
+                "drawn on the map at all, but it is where he stays, with the others who came after the same coat.";
     return film;
 }
 

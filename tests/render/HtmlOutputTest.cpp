@@ -1,9 +1,7 @@
 #include "render/HtmlOutput.h"
 
 #include "support/TempCatalog.h"
-
-#include <QDir>
-#include <QFile>
+#include "support/TempHome.h"
 
 namespace kelvado {
 namespace {
@@ -14,12 +12,9 @@ class Tokens : public ::testing::Test
 protected:
     Tokens()
     {
-        qputenv("KELVADO_HOME", m_home.path().toUtf8());
         catalog.Run("INSERT INTO Movie(Movie_ID, Title) VALUES (1, 'One')");
         connection = OpenCatalog(catalog.Path());
     }
-    ~Tokens() override { qunsetenv("KELVADO_HOME"); }
-
     /// Sets one column of the film; `value` is an SQL expression.
     void Set(const char* column, const char* value)
     {
@@ -33,7 +28,7 @@ protected:
         Recordset film;
         film.Open(u"SELECT * FROM Movie WHERE Movie_ID = 1"_s, connection);
         FillFilmTokens(page, film, {u"Plain"_s, u"http://site"_s, exported});
-        return page.replace(m_home.path(), u"HOME"_s).toStdString();
+        return page.replace(home.Path({}), u"HOME"_s).toStdString();
     }
 
     std::string Fill(void (*fill)(QString&, Connection&, FilmId), const char* text)
@@ -43,7 +38,7 @@ protected:
         return page.toStdString();
     }
 
-    QTemporaryDir m_home;
+    TempHome home;
     TempCatalog catalog;
     Connection connection;
 };
@@ -181,11 +176,10 @@ TEST(PageTokens, NeighboursOfAPage)
 
 TEST_F(Tokens, BarPicturesAreExportedUnderTheirOwnNames)
 {
-    QDir(m_home.path()).mkpath(u"Skins/Plain/RatingBar"_s);
-    for (const char* name : {"barna.gif", "barYes.gif"})
-        QFile(m_home.filePath(u"Skins/Plain/RatingBar/"_s + QLatin1StringView(name))).open(QIODevice::WriteOnly);
+    for (const QString& name : {u"barna.gif"_s, u"barYes.gif"_s})
+        home.Write(u"Skins/Plain/RatingBar/"_s + name, {});
     CopyRatingBarImages(u"Plain"_s);
-    EXPECT_EQ(QDir(m_home.filePath(u"Export/Web/Images"_s)).entryList(QDir::Files), (QStringList{u"BarNA.Gif"_s, u"baryes.Gif"_s}));
+    EXPECT_EQ(QDir(home.Path(u"Export/Web/Images"_s)).entryList(QDir::Files), (QStringList{u"BarNA.Gif"_s, u"baryes.Gif"_s}));
 }
 
 } // namespace

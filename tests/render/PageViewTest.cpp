@@ -1,23 +1,18 @@
 #include "render/forms/frmPageView.h"
 
-#include "core/Literals.h"
 #include "render/forms/PageEngine.h"
+#include "support/TempHome.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QProcessEnvironment>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTcpServer>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QWebEngineScript>
 #include <QWebEngineView>
 
 #include <csignal>
-#include <gtest/gtest.h>
 
 // What the user gave the program, before the engine was prepared.
 QProcessEnvironment userEnvironment;
@@ -38,8 +33,8 @@ class PageView : public ::testing::Test
 protected:
     PageView()
     {
-        QDir(m_folder.path()).mkpath(u"home/temp"_s);
-        qputenv("KELVADO_HOME", m_folder.filePath(u"home"_s).toUtf8());
+        QDir(m_folder.Path({})).mkpath(u"home/temp"_s);
+        qputenv("KELVADO_HOME", m_folder.Path(u"home"_s).toUtf8());
         QImage picture(4, 4, QImage::Format_RGB32);
         picture.fill(Qt::red);
         picture.save(File("home/temp/inside.png"));
@@ -52,16 +47,13 @@ protected:
         view.resize(600, 400);
         view.show();
     }
-    ~PageView() override { qunsetenv("KELVADO_HOME"); }
 
-    QString File(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+    QString File(const char* name) const { return m_folder.Path(QString::fromLatin1(name)); }
 
     QString Write(const char* name, const QByteArray& body)
     {
-        QFile file(File(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("<!doctype html><meta charset=\"utf-8\"><title>" + QByteArray(name) + "</title>" + body);
-        return file.fileName();
+        m_folder.Write(QLatin1StringView(name), "<!doctype html><meta charset=\"utf-8\"><title>" + QByteArray(name) + "</title>" + body);
+        return File(name);
     }
 
     void Show(const QString& path)
@@ -100,7 +92,7 @@ protected:
         return std::exchange(told, {}).join(u" | "_s).toStdString();
     }
 
-    QTemporaryDir m_folder;
+    TempHome m_folder;
     QStringList told;
     frmPageView view;
 };
@@ -217,9 +209,7 @@ TEST_F(PageView, TemplatesHideAWholeTokenAndShowAValueThatLooksLikeOne)
     const QString value = u"!!! (2004) !!"_s;
     view.CreateBrowser();
     for (const auto& [name, token] : cases) {
-        QFile file(u"" KELVADO_SOURCE_DIR "/data/Skins/Default XP/Templates/"_s + QLatin1StringView(name));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name;
-        QByteArray page = file.readAll();
+        QByteArray page = FileContent(u"" KELVADO_SOURCE_DIR "/data/Skins/Default XP/Templates/"_s + QLatin1StringView(name));
         ASSERT_TRUE(page.contains(token)) << name;
         page.replace(token, value.toUtf8()).replace("!!NAME!!", "Name").replace("!!INFILM!!", "");
         Show(Write("home/temp/page.html", page));

@@ -4,9 +4,7 @@
 #include "store/Connection.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
-
-#include <QDir>
-#include <QFile>
+#include "support/TempHome.h"
 
 namespace kelvado {
 namespace {
@@ -17,7 +15,6 @@ class FilmPages : public ::testing::Test
 protected:
     FilmPages()
     {
-        qputenv("KELVADO_HOME", m_home.path().toUtf8());
         Write("Skins/Plain/skin.ini", "[Template]\nType=Template\n");
         Write("Skins/Plain/No Image.jpg", "picture");
         catalog.Run("INSERT INTO Movie(Movie_ID, Title) VALUES (5, 'Cops & <Robbers>')");
@@ -25,26 +22,16 @@ protected:
         state.CurrentSection = kMovieList;
         state.comDiagFile.fileName = catalog.Path();
     }
-    ~FilmPages() override { qunsetenv("KELVADO_HOME"); }
 
-    void Write(const char* name, const QByteArray& bytes)
-    {
-        QFile file(m_home.filePath(QString::fromUtf8(name)));
-        QDir().mkpath(QFileInfo(file).path());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    void Write(const char* name, const QByteArray& bytes) { home.Write(QString::fromUtf8(name), bytes); }
 
     /// The text of a page, with the program folder's path cut to "HOME" and without its line end.
     std::string Text(const std::optional<Page>& page) const
     {
-        QFile file(page ? page->path : QString());
-        if (!file.open(QIODevice::ReadOnly))
-            return "<no page>";
-        QString text = QString::fromUtf8(file.readAll());
+        QString text = QString::fromUtf8(FileContent(page ? page->path : QString()));
         EXPECT_TRUE(text.endsWith(u"\r\n"_s));
         text.chop(2);
-        return text.replace(m_home.path(), u"HOME"_s).toStdString();
+        return text.replace(home.Path({}), u"HOME"_s).toStdString();
     }
 
     std::optional<Page> Show()
@@ -54,7 +41,7 @@ protected:
     }
     std::string FilmPage() { return Text(Show()); }
 
-    QTemporaryDir m_home;
+    TempHome home;
     TempCatalog catalog;
     AppState state;
     ScriptedDialogs dialogs;

@@ -2,9 +2,7 @@
 #include "store/LockWait.h"
 #include "store/Recordset.h"
 #include "support/TempCatalog.h"
-
-#include <QDir>
-#include <QFile>
+#include "support/TempHome.h"
 
 #include <unistd.h>
 
@@ -14,7 +12,7 @@ namespace {
 // What opening the catalog and reading its films, or adding one, raises; empty for nothing.
 QString FailureOf(const QString& path, bool write = false)
 {
-    try {
+    return QString::fromStdString(ErrorTextOf([&] {
         Connection connection = OpenCatalog(path);
         Recordset films;
         films.Open(u"SELECT Title FROM Movie"_s, connection);
@@ -22,30 +20,11 @@ QString FailureOf(const QString& path, bool write = false)
             films.AddNew();
             films[u"Title"].Set(u"x"_s);
             films.Update();
-        } else {
-            while (!films.Eof())
-                films.MoveNext();
         }
+        while (!films.Eof())
+            films.MoveNext();
         connection.Close();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), kErrDatabase);
-        return error.Description();
-    }
-    return {};
-}
-
-void Write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray Read(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
+    }));
 }
 
 TEST(Connection, SaysWhatIsWrongWithAFile)
@@ -53,14 +32,15 @@ TEST(Connection, SaysWhatIsWrongWithAFile)
     const TempCatalog catalog;
     catalog.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000) INSERT INTO Movie (Title) SELECT 'film ' "
                 "|| i FROM n");
-    const QString folder = catalog.Folder() + u'/';
-    const QByteArray bytes = Read(catalog.Path());
-    Write(folder + u"text.kvd"_s, QByteArray("This is no catalog.\n").repeated(100));
-    Write(folder + u"empty.kvd"_s, {});
-    Write(folder + u"cut.kvd"_s, bytes.left(bytes.size() / 3));
+    const TempHome home;
+    const QString folder = home.Path({}) + u'/';
+    QFile::copy(catalog.Path(), folder + u"cut.kvd"_s);
+    QFile::resize(folder + u"cut.kvd"_s, QFileInfo(catalog.Path()).size() / 3);
+    home.Write(u"text.kvd"_s, QByteArray("This is no catalog.\n").repeated(100));
+    home.Write(u"empty.kvd"_s, {});
     ASSERT_TRUE(QDir(folder).mkdir(u"folder.kvd"_s));
     OtherProgram(folder + u"other.db"_s).Run("CREATE TABLE Mail (Subject TEXT); INSERT INTO Mail VALUES ('x')");
-    const QByteArray other = Read(folder + u"other.db"_s);
+    const QByteArray other = home.Read(u"other.db"_s);
 
     const std::pair<QString, QString> cases[] = {
         {u"text.kvd"_s, u"This file is no Kelvado catalog: file is not a database"_s},
@@ -74,7 +54,7 @@ TEST(Connection, SaysWhatIsWrongWithAFile)
         EXPECT_EQ(FailureOf(folder + name), reason + u" ("_s + folder + name + u')');
         EXPECT_NE(FailureOf(folder + name, true), QString()) << qPrintable(name);
     }
-    EXPECT_EQ(Read(folder + u"other.db"_s), other);
+    EXPECT_EQ(home.Read(u"other.db"_s), other);
     EXPECT_EQ(FailureOf(QString()), u"unable to open database file ()"_s);
     EXPECT_EQ(FailureOf(u":memory:"_s), u"unable to open database file (:memory:)"_s);
     EXPECT_FALSE(QFile::exists(folder + u"missing.kvd"_s));
@@ -101,14 +81,13 @@ TEST(Connection, AFileThatMayNotBeWrittenCanBeRead)
 TEST(Connection, StoresWhatWasWrittenAlsoWhereTheOperationFails)
 {
     const TempCatalog catalog;
-    try {
+    const auto operation = [&] {
         Connection connection = OpenCatalog(catalog.Path());
         EXPECT_EQ(connection.Execute(u"DELETE * FROM Genre WHERE Genre_ID > 20"_s), 4);
         EXPECT_TRUE(QFile::exists(catalog.Path() + u"-journal"_s));
         connection.Execute(u"DELETE FROM Nothing"_s);
-        FAIL();
-    } catch (const RuntimeError&) {
-    }
+    };
+    EXPECT_EQ(ErrorOf(operation), kErrDatabase);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Genre"), u"20"_s);
     EXPECT_EQ(QDir(catalog.Folder()).entryList(QDir::Files), QStringList(u"films.kvd"_s));
 }
@@ -125,19 +104,9 @@ TEST(Connection, AFullDiskIsReportedAndNothingHalfIsLeft)
     images.Update();
     images.AddNew();
     images[u"Image"].Set(QByteArray(1000000, 'x'));
-    try {
-        images.Update();
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Description(), u"database or disk is full ("_s + catalog.Path() + u')');
-    }
+    EXPECT_EQ(ErrorTextOf([&] { images.Update(); }), "database or disk is full (" + catalog.Path().toStdString() + ')');
     // The engine may have had to undo everything. Then closing says so; it never passes in silence.
-    bool undone = false;
-    try {
-        connection.Close();
-    } catch (const RuntimeError&) {
-        undone = true;
-    }
+    const bool undone = ErrorOf([&] { connection.Close(); }) != 0;
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Images"), undone ? u"0"_s : u"1"_s);
     EXPECT_EQ(catalog.Ask("PRAGMA integrity_check"), u"ok"_s);
 }
@@ -178,12 +147,8 @@ TEST(Connection, OneTextIsOneStatement)
     for (const QString& behind : {u"; DELETE FROM Movie"_s, u";x"_s, u"; ; SELECT 1 -- c"_s, u"; '"_s, u";/* c */ SELECT 1"_s,
                                   u";\n-- c\nSELECT 1"_s, u"; -"_s, u"; \0 SELECT 1"_s}) {
         Recordset rows;
-        try {
-            connection.Execute(second + behind);
-            ADD_FAILURE() << qPrintable(behind);
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.Description(), u"Characters found after end of SQL statement. ("_s + catalog.Path() + u')');
-        }
+        EXPECT_EQ(ErrorTextOf([&] { connection.Execute(second + behind); }),
+                  "Characters found after end of SQL statement. (" + catalog.Path().toStdString() + ')');
         EXPECT_THROW(rows.Open(u"SELECT * FROM Genre"_s + behind, connection), RuntimeError);
     }
     for (const QString& behind : {u";"_s, u" ;;\n"_s, u"; -- it's all"_s, u";/* ; */ ;"_s})

@@ -32,12 +32,10 @@ FilmRecord WholeFilm()
     film.Runtime = u"142 min"_s;
     film.Plot = u"A clerk's \"dream\" & <more>\r\n\u0416\u4e2d "_s + QString(10000, u'x');
     film.Format = u"DVD"_s;
-    film.Number = u"2"_s;
     film.Index = u"B'7"_s;
     film.Group = u"group"_s;
     film.Filesize = u"700 MB"_s;
     film.FileName = u"brazil.avi"_s;
-    film.AudChannels = u"2"_s;
     film.PurchasePrice = {125000};
     film.LastViewing = QDate(2004, 2, 29);
     film.SeenIt = true;
@@ -70,35 +68,25 @@ TEST_F(FilmWriter, AFilmComesBackAsItWasStored)
     const FilmRecord film = WholeFilm();
     EXPECT_EQ(AddFilm(film, all, context), 1);
     const FilmRecord read = ReadFilm(1, catalog.Path());
-    EXPECT_EQ(read.Title, film.Title);
-    EXPECT_EQ(read.TitleNY, u"Brazil"_s);
-    EXPECT_EQ(read.Year, u"1985"_s);
-    EXPECT_EQ(read.IMDB, u"0088846"_s);
-    EXPECT_EQ(read.Rating, u"9.0"_s);
+    EXPECT_EQ((QStringList{read.Title, read.TitleNY, read.Year, read.IMDB, read.Rating, read.Index, read.FileName}).join(u'|'),
+              u"Brazil (1985)|Brazil|1985|0088846|9.0|B'7|brazil.avi"_s);
     EXPECT_EQ(read.Plot, film.Plot);
-    EXPECT_EQ(read.Index, u"B'7"_s);
-    EXPECT_EQ(read.FileName, u"brazil.avi"_s);
     EXPECT_EQ(read.PurchasePrice, film.PurchasePrice);
     EXPECT_TRUE(read.SeenIt);
     EXPECT_EQ(read.LastViewing, ZeroDate());
     EXPECT_EQ(catalog.Ask("SELECT LastViewing FROM Movie"), u"2004-02-29"_s);
-    EXPECT_EQ(read.Image_ID, u"1"_s);
-    EXPECT_EQ(read.ImageBack_ID, u"0"_s);
+    EXPECT_EQ(read.Image_ID + read.ImageBack_ID, u"10"_s);
     EXPECT_EQ(catalog.Ask("SELECT hex(Image) || Extention || Image_Link FROM Images"), u"00FF2070696374757265JPGhttp://large"_s);
     ASSERT_EQ(read.Genres.size(), 2);
     EXPECT_EQ(read.Genres[1].Genre, u"Satire"_s);
     ASSERT_EQ(read.Writers.size(), 1);
-    EXPECT_EQ(read.Writers[0].Name, u"Tom O'Stoppard"_s);
-    EXPECT_EQ(read.Writers[0].IMDB_Link, u"/name/1"_s);
-    EXPECT_EQ(read.Writers[0].Extended, u"(also)"_s);
+    EXPECT_EQ(read.Writers[0].Name + read.Writers[0].IMDB_Link + read.Writers[0].Extended, u"Tom O'Stoppard/name/1(also)"_s);
     ASSERT_EQ(read.Actors.size(), 2); // in billing order
-    EXPECT_EQ(read.Actors[0].Name, u"Zed"_s);
-    EXPECT_EQ(read.Actors[0].Character, u"Sam"_s);
+    EXPECT_EQ(read.Actors[0].Name + read.Actors[0].Character, u"ZedSam"_s);
     EXPECT_EQ(read.Actors[1].Character, QString()); // too short for a role
     EXPECT_EQ(catalog.Ask("SELECT group_concat(\"Order\") FROM ActorLink"), u"1,3"_s);
     ASSERT_EQ(read.Companies.size(), 1);
-    EXPECT_EQ(read.Companies[0].Type, u"Production"_s);
-    EXPECT_EQ(read.Companies[0].Extended, u"(US)"_s);
+    EXPECT_EQ(read.Companies[0].Type + read.Companies[0].Extended, u"Production(US)"_s);
     EXPECT_THROW(ReadFilm(2, catalog.Path()), RuntimeError);
 }
 
@@ -142,12 +130,8 @@ TEST_F(FilmWriter, ADeletedFilmIsGoneWithItsListsOrNotAtAll)
     const char* const rows = "SELECT (SELECT count(*) FROM Movie) || (SELECT count(*) FROM Images) || (SELECT count(*) FROM GenreLink) || "
                              "(SELECT count(*) FROM ActorLink) || (SELECT count(*) FROM WriterLink) || (SELECT count(*) FROM CompanyLink)";
     catalog.Run("CREATE TRIGGER t BEFORE DELETE ON CompanyLink BEGIN SELECT raise(ABORT, 'no'); END");
-    try {
-        DeleteFilm(1, catalog.Path());
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_TRUE(error.Description().endsWith(u"The film is still in the catalog, with all that belongs to it."_s));
-    }
+    EXPECT_TRUE(
+        ErrorTextOf([&] { DeleteFilm(1, catalog.Path()); }).ends_with("The film is still in the catalog, with all that belongs to it."));
     EXPECT_EQ(catalog.Ask(rows), u"112211"_s);
     // An empty text where another tool left it is no picture.
     catalog.Run("DROP TRIGGER t; UPDATE Movie SET Image_ID = ''");
@@ -214,12 +198,12 @@ TEST_F(FilmWriter, AnUpdateKeepsWhatTheNewRecordDoesNotKnow)
     fresh.ImageExtention = u"GIF"_s;
     UpdateFilm(fresh, 1, all, context, shell);
 
-    EXPECT_EQ(catalog.Ask("SELECT Votes || Year || Runtime || Filesize FROM Movie"), u"20001985142 min700 MB"_s);
     // What is the user's own, no page knows.
-    EXPECT_EQ(catalog.Ask("SELECT PurchasePrice || SeenIt || LastViewing || MyRating FROM Movie"), u"12.512004-02-297"_s);
+    EXPECT_EQ(
+        catalog.Ask("SELECT Votes || Year || Runtime || Filesize || ' ' || PurchasePrice || SeenIt || LastViewing || MyRating FROM Movie"),
+        u"20001985142 min700 MB 12.512004-02-297"_s);
     EXPECT_EQ(catalog.Ask("SELECT group_concat(Actor) FROM ActorLink l JOIN Actor USING (Actor_ID) WHERE l.Movie_ID = 1"), u"New One"_s);
-    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 77"), u"1"_s);
-    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM WriterLink WHERE Movie_ID = 1"), u"1"_s);
+    EXPECT_EQ(catalog.Ask("SELECT (SELECT count(*) FROM ActorLink WHERE Movie_ID = 77) || count(*) FROM WriterLink"), u"11"_s);
     EXPECT_EQ(catalog.Ask("SELECT Image_ID FROM Movie"), u"2"_s);
     EXPECT_EQ(catalog.Ask("SELECT group_concat(Extention || ifnull(Image_Link, '')) FROM Images"), u"JPGhttp://large,GIF"_s);
     EXPECT_EQ(shell.calls, (QStringList{u"Retitle 1 Brazil été"_s, u"Rekey 1"_s}));
@@ -262,17 +246,10 @@ TEST_F(FilmWriter, AFailureHalfWayNamesTheFilmAndWhatIsMissing)
     film.Directors.clear();
     catalog.Run(
         "CREATE TRIGGER t BEFORE INSERT ON GenreLink WHEN (SELECT count(*) FROM GenreLink) > 0 BEGIN SELECT raise(ABORT, 'x'); END");
-    try {
-        AddFilm(film, all, context);
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), kErrDatabase);
-        EXPECT_TRUE(error.Description().contains(u"\"Brazil (1985)\""_s)) << qPrintable(error.Description());
-        EXPECT_TRUE(error.Description().endsWith(u": genres, writers, producers, actors, companies"_s)) << qPrintable(error.Description());
-    }
-    EXPECT_EQ(catalog.Ask("SELECT Title FROM Movie"), film.Title);
-    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM GenreLink WHERE Movie_ID = 1"), u"1"_s);
-    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM WriterLink"), u"0"_s);
+    const std::string failure = ErrorTextOf([&] { AddFilm(film, all, context); });
+    EXPECT_NE(failure.find("\"Brazil (1985)\""), std::string::npos) << failure;
+    EXPECT_TRUE(failure.ends_with(": genres, writers, producers, actors, companies")) << failure;
+    EXPECT_EQ(catalog.Ask("SELECT (SELECT count(*) FROM Movie) || (SELECT count(*) FROM GenreLink) || count(*) FROM WriterLink"), u"110"_s);
 
     EXPECT_THROW(UpdateFilm(film, 1, all, context, shell), RuntimeError);
     EXPECT_EQ(shell.calls.size(), 2); // the row was stored, so the tree shows it
@@ -297,13 +274,9 @@ TEST_F(FilmWriter, AListThatCannotBeUpdatedStaysAsItWas)
     film.Actors = {Person(u"New Actor"_s)};
     film.Genres = {{u"Western"_s, 0}};
     catalog.Run("CREATE TRIGGER t BEFORE INSERT ON ActorLink BEGIN SELECT raise(ABORT, 'no actors today'); END");
-    try {
-        UpdateFilm(film, 1, all, context, shell);
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_TRUE(error.Description().startsWith(u"no actors today ("_s)) << qPrintable(error.Description());
-        EXPECT_TRUE(error.Description().endsWith(u"these lists are as they were: actors, companies"_s)) << qPrintable(error.Description());
-    }
+    const std::string failure = ErrorTextOf([&] { UpdateFilm(film, 1, all, context, shell); });
+    EXPECT_TRUE(failure.starts_with("no actors today (")) << failure;
+    EXPECT_TRUE(failure.ends_with("these lists are as they were: actors, companies")) << failure;
     const FilmRecord read = ReadFilm(1, catalog.Path());
     ASSERT_EQ(read.Genres.size(), 1); // the lists in front of it are stored
     EXPECT_EQ(read.Writers[0].Name, u"New Writer"_s);
@@ -326,12 +299,7 @@ TEST_F(FilmWriter, AFullDiskStoresNothingOfTheFilmAndSaysNothingElse)
         rlimit small = old;
         small.rlim_cur = static_cast<rlim_t>(QFileInfo(catalog.Path()).size()) + 100000;
         ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-        QString failure;
-        try {
-            AddFilm(film, all, context);
-        } catch (const RuntimeError& error) {
-            failure = error.Description();
-        }
+        const QString failure = QString::fromStdString(ErrorTextOf([&] { AddFilm(film, all, context); }));
         setrlimit(RLIMIT_FSIZE, &old);
         signal(SIGXFSZ, oldHandler);
         EXPECT_TRUE(failure.contains(catalog.Path())) << qPrintable(failure);

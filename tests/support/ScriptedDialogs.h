@@ -39,6 +39,14 @@ public:
         return edits.isEmpty() ? value.left(size) : edits.dequeue();
     }
 
+    QStringList Texts() const
+    {
+        QStringList texts;
+        for (const Box& box : boxes)
+            texts << box.text;
+        return texts;
+    }
+
     QList<Box> boxes;
     QQueue<int> answers;
     QQueue<QString> inputs, files, edits;

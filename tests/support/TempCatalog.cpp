@@ -1,6 +1,7 @@
 #include "support/TempCatalog.h"
 
 #include "store/CatalogTemplate.h"
+#include "support/TempHome.h"
 
 #include <QFile>
 
@@ -8,20 +9,9 @@
 
 namespace kelvado {
 
-namespace {
-
-QString SchemaText()
-{
-    QFile file(u"" KELVADO_SOURCE_DIR "/data/catalog/schema.sql"_s);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << "no catalog schema";
-    return QString::fromUtf8(file.readAll());
-}
-
-} // namespace
-
 TempCatalog::TempCatalog()
 {
-    static const QString schema = SchemaText();
+    static const QString schema = QString::fromUtf8(FileContent(u"" KELVADO_SOURCE_DIR "/data/catalog/schema.sql"_s));
     BuildBlankCatalog(Path(), schema);
 }
 

@@ -8,6 +8,12 @@
 
 namespace kelvado {
 
+inline QByteArray FileContent(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+}
+
 /// A program folder of its own for the length of a test: `AppPath` points there.
 class TempHome
 {
@@ -33,11 +39,7 @@ public:
         file.write(content);
     }
 
-    QByteArray Read(const QString& name) const
-    {
-        QFile file(Path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-    }
+    QByteArray Read(const QString& name) const { return FileContent(Path(name)); }
 
 private:
     QTemporaryDir m_folder;

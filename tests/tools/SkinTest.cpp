@@ -69,16 +69,9 @@ QStringList Words(const char* words)
 
 TEST_F(PaintedSkin, HasEveryPictureThatIsAskedForAndItsTwinInDoubleSize)
 {
-    struct Kind
-    {
-        const char* pattern;
-        const char* names;
-        const char* states; // between bars
-        int height;
-        bool twin;
-    };
     const char* const pieces = "ToolLeft ToolLeftSel ToolEnd ToolEndSel ToolFrontNoNo ToolFrontNoYes ToolFrontYesNo ToolSpacer";
-    const Kind kinds[] = {
+    // The names' pattern, the names, the states between bars, the height, and whether there is a twin.
+    const std::tuple<const char*, const char*, const char*, int, bool> kinds[] = {
         {"skin/%1.BMP", pieces, "", 40, true},
         {"skin/ToolRight.BMP", "", "", 40, true},
         {"skin/%1%2.BMP", "ToolMovieList ToolMovieGrab ToolMovieEdit ToolActorInfo", "|Sel", 40, true},
@@ -94,16 +87,16 @@ TEST_F(PaintedSkin, HasEveryPictureThatIsAskedForAndItsTwinInDoubleSize)
         {"bin/%1.gif", "working stop", "", 32, true},
         {"bin/kelvado-%1.png", "16 24 32 48 64 128 256", "", 0, false},
     };
-    for (const Kind& kind : kinds) {
-        for (const QString& name : Words(kind.names)) {
+    for (const auto& [pattern, names, states, height, hasTwin] : kinds) {
+        for (const QString& name : Words(names)) {
             QSize before;
-            for (const QString& state : QString::fromLatin1(kind.states).split(u'|')) {
-                const QString path = Path(QString::fromLatin1(kind.pattern).replace(u"%1"_s, name).replace(u"%2"_s, state));
+            for (const QString& state : QString::fromLatin1(states).split(u'|')) {
+                const QString path = Path(QString::fromLatin1(pattern).replace(u"%1"_s, name).replace(u"%2"_s, state));
                 const QSize size = Picture(path).size();
-                EXPECT_EQ(size.height(), kind.height == 0 ? name.toInt() : kind.height) << path.toStdString();
+                EXPECT_EQ(size.height(), height == 0 ? name.toInt() : height) << path.toStdString();
                 EXPECT_TRUE(before.isEmpty() || before == size) << path.toStdString();
                 before = size;
-                if (kind.twin) {
+                if (hasTwin) {
                     EXPECT_EQ(Picture(Double(path)).size(), size * 2) << path.toStdString();
                 }
             }
@@ -165,23 +158,17 @@ double Luminance(const QColor& color)
 
 TEST_F(PaintedSkin, TextAndStarsStandOutFromEachGroundThatTheyAreOn)
 {
-    struct Mark
-    {
-        const char* mark;
-        const char* grounds;
-        double least;
-    };
-    const Mark marks[] = {{"Ink", "Window Strip Surface AccentSoft", 4.5},
-                          {"InkMuted", "Window Strip Surface", 4.5},
-                          {"Accent", "Window Surface AccentSoft OnAccent", 4.5},
-                          {"Rating", "Window Surface", 3},
-                          {"RatingEmpty", "Window Surface", 3}};
+    const std::tuple<const char*, const char*, double> marks[] = {{"Ink", "Window Strip Surface AccentSoft", 4.5},
+                                                                  {"InkMuted", "Window Strip Surface", 4.5},
+                                                                  {"Accent", "Window Surface AccentSoft OnAccent", 4.5},
+                                                                  {"Rating", "Window Surface", 3},
+                                                                  {"RatingEmpty", "Window Surface", 3}};
     const Values palette = ReadPalette(kSkin + u"/palette.ini"_s);
     const auto light = [&](const QString& name) { return Luminance(QColor(palette[name])) + 0.05; };
-    for (const Mark& mark : marks) {
-        for (const QString& ground : Words(mark.grounds)) {
-            const auto [dark, bright] = std::minmax({light(QString::fromLatin1(mark.mark)), light(ground)});
-            EXPECT_GE(bright / dark, mark.least) << mark.mark << " on " << ground.toStdString();
+    for (const auto& [mark, grounds, least] : marks) {
+        for (const QString& ground : Words(grounds)) {
+            const auto [dark, bright] = std::minmax({light(QString::fromLatin1(mark)), light(ground)});
+            EXPECT_GE(bright / dark, least) << mark << " on " << ground.toStdString();
         }
     }
 }
@@ -246,14 +233,8 @@ TEST_F(OwnSkin, TakesAPaletteAndADrawingOfItsOwnAndTheRestFromTheCommonOnes)
 
 TEST_F(OwnSkin, EndsWithAMessageThatNamesTheFaultyFile)
 {
-    struct Fault
-    {
-        const char* file;
-        const char* text;
-        const char* message;
-    };
     const QByteArray start = R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 16 16">)";
-    const Fault faults[] = {
+    const std::tuple<const char*, const char*, const char*> faults[] = {
         {"art/no-picture.svg", "<path d=\"M0 0\">", "Premature"},
         {"art/no-picture.svg", "<path skin:fill=\"{Lilac}\"/></svg>", "Lilac"},
         {"art/no-picture.svg", "<path skin:fill=\"{Ink 50%}\"/></svg>", "Ink 50%"},
@@ -269,16 +250,16 @@ TEST_F(OwnSkin, EndsWithAMessageThatNamesTheFaultyFile)
         {"palette.ini", "[Colours]\nWindow=lilac blue\n", "Window"},
         {"palette.ini", "", "palette.ini"},
     };
-    for (const Fault& fault : faults) {
-        const QString name = u"source/"_s + QString::fromLatin1(fault.file);
+    for (const auto& [file, text, message] : faults) {
+        const QString name = u"source/"_s + QString::fromLatin1(file);
         const QString path = home.Path(name);
         const QByteArray before = QFile::exists(path) ? home.Read(name) : QByteArray();
-        home.Write(name, name.endsWith(u".svg") ? start + fault.text : QByteArray(fault.text));
+        home.Write(name, name.endsWith(u".svg") ? start + text : QByteArray(text));
         const Outcome outcome = Make();
-        EXPECT_EQ(outcome.code, 1) << fault.text;
-        EXPECT_TRUE(outcome.message.contains(QString::fromLatin1(fault.message))) << fault.text << ": " << outcome.message.toStdString();
+        EXPECT_EQ(outcome.code, 1) << text;
+        EXPECT_TRUE(outcome.message.contains(QString::fromLatin1(message))) << text << ": " << outcome.message.toStdString();
         if (!path.endsWith(u"strip.svg")) {
-            EXPECT_TRUE(outcome.message.contains(path)) << fault.text << ": " << outcome.message.toStdString();
+            EXPECT_TRUE(outcome.message.contains(path)) << text << ": " << outcome.message.toStdString();
         }
         before.isEmpty() ? static_cast<void>(QFile::remove(path)) : home.Write(name, before);
     }

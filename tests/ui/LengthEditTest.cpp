@@ -2,11 +2,8 @@
 
 #include "core/Literals.h"
 
-#include <QApplication>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QTest>
+#include <QtWidgets>
 
 namespace kelvado {
 namespace {
@@ -19,9 +16,7 @@ TEST(LengthEdit, OkayIsOnOnlyWhileTheTextFits)
     const auto length = [&] { return window.findChild<QLabel*>(u"lblCLen"_s)->text(); };
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    EXPECT_EQ(window.findChild<QLabel*>(u"lblInfo"_s)->text(),
-              u"The Information Retrived For TITLE Is To Long To Fit Into The Database. "
-              "Please Edit The Information Information So That It Will Fit Into The Database."_s);
+    EXPECT_TRUE(window.findChild<QLabel*>(u"lblInfo"_s)->text().contains(u"For TITLE Is"));
     EXPECT_EQ(window.findChild<QLabel*>(u"lblRLen"_s)->text(), u"5"_s);
     EXPECT_EQ(length(), u"7"_s);
     EXPECT_FALSE(okay->isEnabled());

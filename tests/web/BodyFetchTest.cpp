@@ -59,8 +59,6 @@ TEST(BodyFetch, IsEmptyWhereTheAnswerDidNotArriveWhole)
         {"whole", Page("200 OK", "page", 4), Then::Close, "page"},
         {"length untold", "HTTP/1.0 200 OK\r\n\r\npage", Then::Close, "page"},
         {"page of an error", Page("404 Not Found", "lost", 4), Then::Close, "lost", false},
-        {"page of a server's error", Page("503 Service Unavailable", "busy", 4), Then::Close, "busy", false},
-        {"refused", Page("403 Forbidden", "no", 2), Then::Close, "no", false},
         {"kept open", Page("200 OK", "page", 4), Then::Stall, "page"},
         {"kept open behind a redirect", "HTTP/1.1 302 Found\r\nLocation: http:///\r\n\r\n", Then::Stall, ""},
         {"behind an interim answer", "HTTP/1.1 100 Continue\r\n\r\n" + Page("200 OK", "page", 4), Then::Close, "page"},
@@ -126,15 +124,13 @@ TEST(NetworkLimits, AreOffWhereTheirKeysAreMissingOrNoNumbers)
 
 TEST(WaitableTimer, ServesEventsUntilTheTimeHasPassed)
 {
-    int ticks = 0;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] { ++ticks; });
-    timer.start(5);
+    bool served = false;
+    QTimer::singleShot(5, [&] { served = true; });
     QElapsedTimer time;
     time.start();
     cWaitableTimer().Wait(50);
     EXPECT_GE(time.nsecsElapsed(), 49'000'000);
-    EXPECT_GE(ticks, 1);
+    EXPECT_TRUE(served);
 }
 
 TEST(OpenInBrowser, PassesOnlyAddressesOfWebAndMail)

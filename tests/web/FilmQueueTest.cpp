@@ -62,7 +62,7 @@ protected:
             queue.append({.Text = u"Row\t"_s + number});
         dialogs.boxes.clear();
         result = AddQueue(queue, {{}, {}, {}}, desk);
-        return BoxTexts().join(u" | "_s);
+        return dialogs.Texts().join(u" | "_s);
     }
     QString Stored() const { return catalog.Ask("SELECT group_concat(IMDB, ' ') FROM (SELECT IMDB FROM Movie ORDER BY Movie_ID)"); }
     QString Waiting() const

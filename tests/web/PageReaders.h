@@ -31,6 +31,33 @@ inline WebHosts TestHosts()
             .UpdateHost = {}};
 }
 
+/// "Name|link|third field" of each person; "none" for no list at all.
+inline QStringList Lines(const std::optional<QList<FilmPerson>>& people, QString FilmPerson::*third = &FilmPerson::Extended)
+{
+    if (!people)
+        return {u"none"_s};
+    QStringList lines;
+    for (const FilmPerson& person : *people)
+        lines << person.Name + u'|' + person.IMDB_Link + u'|' + person.*third;
+    return lines;
+}
+
+inline QStringList Lines(const QList<FilmCompany>& companies)
+{
+    QStringList lines;
+    for (const FilmCompany& company : companies)
+        lines << company.Type + u'|' + company.Company + u'|' + company.Extended;
+    return lines;
+}
+
+inline QStringList GenresOf(QStringView page)
+{
+    QStringList names;
+    for (const FilmGenre& genre : ParseGenres(page))
+        names << genre.Genre;
+    return names;
+}
+
 /// Runs every routine that reads a kind of page over a page as it was fetched, each for itself.
 struct PageReader
 {

@@ -15,7 +15,7 @@ const QString kPoster = u"http://posters.test/media/12/48m.jpg"_s;
 const QString kLargePicture = u"http://pictures.test/large.jpg"_s;
 
 /// A list in a form that a failing test can show.
-std::string Lines(const QStringList& lines)
+std::string Joined(const QStringList& lines)
 {
     return lines.join(u'\n').toStdString();
 }
@@ -37,23 +37,13 @@ protected:
 TEST_F(RetrievalTest, AsksAllPagesInOrderAndShowsEachStage)
 {
     ASSERT_TRUE(Retrieve());
-    EXPECT_EQ(Lines(transport.requests), Lines({
-                                             "GetUrl "_L1 + kTitlePage,
-                                             u"The L\u00F6wen Affair (1987/II) (TV)"_s,
-                                             u"1 / 1: Retrieving IMDb Title Page, 14%"_s,
-                                             u"1 / 1: Parsing IMDb Title Page, 29%"_s,
-                                             u"1 / 1: Locating High Resolution Imagery, 43%"_s,
-                                             "Get_HTML "_L1 + kShopResults,
-                                             "Get_HTML "_L1 + kShopProduct,
-                                             u"1 / 1: Downloading Image, 57%"_s,
-                                             "OpenURL "_L1 + kLargePicture,
-                                             u"1 / 1: Retrieving IMDb Plot Page, 71%"_s,
-                                             "GetUrl "_L1 + kPlotPage,
-                                             u"1 / 1: Retrieving IMDb Companies Page, 86%"_s,
-                                             "GetUrl "_L1 + kCompaniesPage,
-                                             u"1 / 1: Retrieving IMDb Credits Page, 100%"_s,
-                                             "GetUrl "_L1 + kCreditsPage,
-                                         }));
+    EXPECT_EQ(
+        Joined(transport.requests),
+        Joined({"GetUrl "_L1 + kTitlePage, u"The L\u00F6wen Affair (1987/II) (TV)"_s, u"1 / 1: Retrieving IMDb Title Page, 14%"_s,
+                u"1 / 1: Parsing IMDb Title Page, 29%"_s, u"1 / 1: Locating High Resolution Imagery, 43%"_s, "Get_HTML "_L1 + kShopResults,
+                "Get_HTML "_L1 + kShopProduct, u"1 / 1: Downloading Image, 57%"_s, "OpenURL "_L1 + kLargePicture,
+                u"1 / 1: Retrieving IMDb Plot Page, 71%"_s, "GetUrl "_L1 + kPlotPage, u"1 / 1: Retrieving IMDb Companies Page, 86%"_s,
+                "GetUrl "_L1 + kCompaniesPage, u"1 / 1: Retrieving IMDb Credits Page, 100%"_s, "GetUrl "_L1 + kCreditsPage}));
 }
 
 TEST_F(RetrievalTest, FillsTheRecordFromThePages)
@@ -139,7 +129,7 @@ TEST_F(RetrievalTest, StagesShareTheBarWithTheOtherFilms)
     desk.job = {.CurrentFilm = 2, .FilmCount = 4};
     ShowRetrievalStage(u"a"_s, 1, 7, desk);
     ShowRetrievalStage(u"b"_s, 7, 7, desk);
-    EXPECT_EQ(Lines(transport.requests), Lines({u"2 / 4: a, 29%"_s, u"2 / 4: b, 50%"_s}));
+    EXPECT_EQ(Joined(transport.requests), Joined({u"2 / 4: a, 29%"_s, u"2 / 4: b, 50%"_s}));
     desk.job.FilmCount = 0;
     EXPECT_EQ(ErrorOf([&] { ShowRetrievalStage(u"c"_s, 1, 7, desk); }), kErrDivisionByZero);
 }
@@ -173,8 +163,8 @@ TEST_F(UpdateMovieInfoTest, StoresTheFilmAnewAndShowsIt)
     EXPECT_EQ(transport.requests.constFirst(), u"open");
     EXPECT_EQ(transport.requests.constLast(), u"close");
     EXPECT_TRUE(transport.requests.contains(u"1 / 1: Retrieving IMDb Title Page, 14%"_s));
-    EXPECT_EQ(Lines(shell.calls), Lines({u"EnableMainWindow 0"_s, u"Retitle 7 The L\u00F6wen Affair (1987/II) (TV)"_s, u"Rekey 7"_s,
-                                         u"EnableMainWindow 1"_s, u"ShowSelection"_s}));
+    EXPECT_EQ(Joined(shell.calls), Joined({u"EnableMainWindow 0"_s, u"Retitle 7 The L\u00F6wen Affair (1987/II) (TV)"_s, u"Rekey 7"_s,
+                                           u"EnableMainWindow 1"_s, u"ShowSelection"_s}));
 }
 
 TEST_F(UpdateMovieInfoTest, ACancelEndsTheFetchUnderWayAndLeavesTheFilmAlone)
@@ -200,7 +190,7 @@ TEST_F(UpdateMovieInfoTest, ACancelEndsTheFetchUnderWayAndLeavesTheFilmAlone)
             EXPECT_EQ(transport.requests.filter(u"http://"_s).size(), fetches);
             EXPECT_EQ(Title(), u"Old");
             EXPECT_EQ(OldLinks(), u"1");
-            EXPECT_EQ(Lines(shell.calls), Lines({u"EnableMainWindow 0"_s, u"EnableMainWindow 1"_s}));
+            EXPECT_EQ(Joined(shell.calls), Joined({u"EnableMainWindow 0"_s, u"EnableMainWindow 1"_s}));
         }
         transport.duringEach = nullptr;
         EXPECT_EQ(programEnds || Retrieve(), true) << "the next run starts afresh";

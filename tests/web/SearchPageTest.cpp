@@ -77,9 +77,8 @@ TEST_F(SearchPage, EndsAtTheFiftiethHit)
 
 TEST_F(SearchPage, ShortensTitlesOf37Characters)
 {
-    QString kept(36, u'x');
+    QString kept(36, u'x'), cut(38, u'x');
     EXPECT_EQ(ShortenTitle(kept), QString(36, u'x'));
-    QString cut(38, u'x');
     EXPECT_EQ(ShortenTitle(cut), QString(37, u'x') + " ..."_L1);
     EXPECT_EQ(cut.size(), 37);
     // Entities are decoded before the length is looked at.

@@ -47,14 +47,6 @@ protected:
         state.comDiagFile.fileName = catalog.Path();
     }
 
-    QStringList BoxTexts() const
-    {
-        QStringList texts;
-        for (const ScriptedDialogs::Box& box : dialogs.boxes)
-            texts << box.text;
-        return texts;
-    }
-
     TempHome home;
     TempCatalog catalog;
     MapMarks marks;

@@ -3,14 +3,6 @@
 namespace kelvado {
 namespace {
 
-QStringList GenresOf(const QString& page)
-{
-    QStringList names;
-    for (const FilmGenre& genre : ParseGenres(page))
-        names << genre.Genre;
-    return names;
-}
-
 TEST(TitlePage, NameAndYearLoseTheMarksOfKindAndPlace)
 {
     const std::tuple<QString, QString, QString> cases[] = {

@@ -43,10 +43,7 @@ TEST(UpdateCheck, ComparesTheAnswerWithThisBuild)
         bool updates = false;
         bool started = false;
         EXPECT_EQ(ErrorOf([&] { return updates = CheckForUpdate(c.quiet, transport, hosts, dialogs, [&] { started = true; }); }), c.error);
-        QStringList texts;
-        for (const ScriptedDialogs::Box& box : dialogs.boxes)
-            texts << box.text;
-        EXPECT_EQ(texts, QStringList(FlattenPage(c.answer)) + c.texts);
+        EXPECT_EQ(dialogs.Texts(), QStringList(FlattenPage(c.answer)) + c.texts);
         EXPECT_EQ(dialogs.boxes[0].title, u"The newest build of Kelvado (yours is 2247)"_s) << "a bare number says nothing";
         EXPECT_EQ(updates, c.updates);
         EXPECT_EQ(started, c.updates);

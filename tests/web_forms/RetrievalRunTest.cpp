@@ -1,19 +1,9 @@
 #include "WebPanels.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QPlainTextEdit>
-#include <QTimer>
-
 namespace kelvado {
 namespace {
 
-class RetrievalWindow : public WebPanels
-{
-};
+using RetrievalWindow = WebPanels;
 
 LoopbackServer::Reply Silence()
 {
@@ -38,10 +28,7 @@ TEST_F(RetrievalWindow, ACancelEndsAFetchThatIsNeverAnswered)
         });
         return Silence();
     };
-    QElapsedTimer clock;
-    clock.start();
     Press("Command2");
-    EXPECT_LT(clock.elapsed(), 5000);
     EXPECT_EQ(TakeMessages(), "4 : Are you sure you wish to cancel IMDb retrieval? | 4 : Are you sure you wish to cancel IMDb retrieval? | "
                               "64 Movie Grab Complete: 1 of 3 films were added before the cancel.");
     EXPECT_EQ(NewTitles(), "The L&#246;wen Affair (1987/II) (TV)");
@@ -63,16 +50,12 @@ TEST_F(RetrievalWindow, ASearchEndsByItsButtonAndWithItsPanel)
             QTimer::singleShot(0, window.get(), [&] { Press(leave); });
             return Silence();
         };
-        QElapsedTimer clock;
-        clock.start();
         Press("Image1");
-        EXPECT_LT(clock.elapsed(), 5000);
         instead = nullptr;
         Press("ImgTabMovieGrab");
         Press("ImgTaddIMDB");
         EXPECT_EQ(Rows("lstSearch"), "");
-        EXPECT_TRUE(Get("Image1").isEnabled());
-        EXPECT_FALSE(Get("cmdStop").isEnabled());
+        EXPECT_TRUE(Get("Image1").isEnabled() && !Get("cmdStop").isEnabled());
         Press("Image1");
         EXPECT_EQ(List("lstSearch").topLevelItemCount(), 3);
     }
@@ -89,25 +72,25 @@ TEST_F(RetrievalWindow, ASearchEndsByItsButtonAndWithItsPanel)
     Entry("mnuMovieRetrieve").trigger();
     EXPECT_TRUE(enabled);
     EXPECT_EQ(TakeMessages(), "64 : Another search or retrieval is still under way.");
-    EXPECT_FALSE(Get("frmAddSingleIMDb").isVisible());
-    EXPECT_TRUE(window->isEnabled());
+    EXPECT_TRUE(!Get("frmAddSingleIMDb").isVisible() && window->isEnabled());
 }
 
 TEST_F(RetrievalWindow, AStoredFilmIsUpdated)
 {
     Start();
     ClickNode(u"Alien"_s);
-    bool disabled = false;
-    onRequest = [&](const QByteArray&) { disabled = !window->isEnabled() && Get("frmProgress").isVisible(); };
+    onRequest = [&](const QByteArray&) { EXPECT_TRUE(!window->isEnabled() && Get("frmProgress").isVisible()); };
     Get<QLabel>("ID").setText(u"2"_s); // of a page that was shown before; the tree says which film is meant
     Entry("mnuUpdateMovieInfo").trigger();
-    EXPECT_TRUE(disabled);
     EXPECT_TRUE(window->isEnabled());
     EXPECT_EQ(window->focusWidget(), &Tree()) << "the keys go where they went before";
     EXPECT_TRUE(Node(u"Alien Renewed (1979)"_s).isValid()) << Shown();
     EXPECT_TRUE(Page(u"/temp/htmltemp1.html"_s).contains(u"Alien Renewed"));
     EXPECT_EQ(catalog.Ask("SELECT Format || ' ' || Nfo || ' ' || IMDB FROM Movie WHERE Movie_ID = 1"), u"DVD Seen in the dark. 0078748"_s);
     EXPECT_EQ(catalog.Ask("SELECT count(*) FROM ActorLink WHERE Movie_ID = 1 AND Actor_ID IN (11, 12)"), u"0"_s);
+    onRequest = nullptr;
+    Entry("mnuHelpUpdate").trigger();
+    EXPECT_EQ(TakeMessages(), "0 The newest build of Kelvado (yours is 2247): 2247 | 0 : Kelvado is currently upto date.");
 }
 
 TEST_F(RetrievalWindow, AFilmOfACatalogThatIsNoLongerOpenIsNotStoredOverAnotherOne)
@@ -140,8 +123,7 @@ TEST_F(RetrievalWindow, AFilmWithoutANumberIsFoundAndUpdated)
     auto& rows = *panel.findChild<QTreeWidget*>(u"lstSearch"_s);
     EXPECT_EQ(rows.topLevelItemCount(), 3);
     QTest::keyClick(&rows, Qt::Key_Escape);
-    EXPECT_FALSE(panel.isVisible());
-    EXPECT_TRUE(window->isEnabled());
+    EXPECT_TRUE(!panel.isVisible() && window->isEnabled());
     EXPECT_EQ(window->focusWidget(), &Tree());
 
     catalog.Run("UPDATE Movie SET IMDB = '0912346' WHERE Movie_ID = 3");
@@ -196,8 +178,7 @@ TEST_F(RetrievalWindow, NumbersOfAFileAreImported)
     EXPECT_EQ(film, u"Unknown - Ref #: 0912346"_s);
     EXPECT_EQ(TakeMessages(), "0 Movie Grab Complete: Successfully Added 1 Films\n\nRows left out that named a film a second time: 1");
     EXPECT_EQ(NewTitles(), "Another Affair (1990)");
-    EXPECT_FALSE(panel.isVisible());
-    EXPECT_TRUE(window->isEnabled());
+    EXPECT_TRUE(!panel.isVisible() && window->isEnabled());
     EXPECT_TRUE(Node(u"Another Affair (1990)"_s).isValid());
 }
 
@@ -216,21 +197,10 @@ TEST_F(RetrievalWindow, ClosingTheProgramEndsTheWait)
         Press("Command2");
         returned = true;
     });
-    QElapsedTimer clock;
-    clock.start();
     QApplication::exec();
     EXPECT_TRUE(returned);
-    EXPECT_LT(clock.elapsed(), 5000);
     EXPECT_FALSE(window->isVisible());
-    EXPECT_EQ(NewTitles(), "<null>");
-    EXPECT_EQ(TakeMessages(), "");
-}
-
-TEST_F(RetrievalWindow, TheNewestBuildIsAskedFor)
-{
-    Start();
-    Entry("mnuHelpUpdate").trigger();
-    EXPECT_EQ(TakeMessages(), "0 The newest build of Kelvado (yours is 2247): 2247 | 0 : Kelvado is currently upto date.");
+    EXPECT_EQ(NewTitles() + TakeMessages(), "<null>");
 }
 
 } // namespace

@@ -1,17 +1,12 @@
 #include "WebPanels.h"
 
-#include <QApplication>
-#include <QTimer>
-
 namespace kelvado {
 
 namespace {
 
 QByteArray StoredPage(const char* name)
 {
-    QFile file(u"" KELVADO_SOURCE_DIR "/tests/data/web/%1.html"_s.arg(QLatin1StringView(name)));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
-    return file.readAll();
+    return FileContent(u"" KELVADO_SOURCE_DIR "/tests/data/web/%1.html"_s.arg(QLatin1StringView(name)));
 }
 
 QByteArray Ok(const QByteArray& body, const char* type = "text/html; charset=iso-8859-1")

@@ -3,9 +3,6 @@
 #include "app/MainWindow.h"
 #include "web/LoopbackServer.h"
 
-#include <QMap>
-#include <QTreeWidget>
-
 namespace kelvado {
 
 /// The assembled main window and the panels that add films.
