@@ -345,7 +345,7 @@ bool Tree::GroupsExpanded() const
 void Tree::FillTree()
 {
     Filling filling(*this);
-    const bool sameCatalog = std::exchange(m_context.state.treeCatalog, m_context.state.CatalogPath()) == m_context.state.CatalogPath();
+    const QString catalog = m_context.state.CatalogPath();
     bool whole = false;
     Afterwards(
         [&] {
@@ -356,8 +356,10 @@ void Tree::FillTree()
             whole = true;
         },
         [&] {
-            if (whole || !sameCatalog || filling.HasFilms())
+            if (whole || filling.HasFilms()) {
+                m_context.state.treeCatalog = catalog;
                 m_context.model.SetContent(filling.TakeContent());
+            }
             m_context.shell.ShowProgress(0);
         });
     m_context.shell.UpdateStatus(true);

@@ -35,7 +35,7 @@ public:
     explicit Tree(const Context& context);
 
     /// Fills the tree from the catalog, serves events meanwhile, and brings the status bar up to date. A failure half-way leaves what was
-    /// read so far in the tree; before the first film it leaves the tree as it was, where that shows the same catalog.
+    /// read so far in the tree; before the first film it leaves the tree as it was.
     /// A film that stands twice under one group is shown once.
     void FillTree();
 
