@@ -85,9 +85,9 @@ QAccessibleInterface* MakeInterface(const QString& className, QObject* object)
         return nullptr;
     auto* widget = static_cast<QWidget*>(object);
     if (className == "kelvado::TabImage"_L1)
-        return static_cast<TabImage*>(widget)->IsTab() ? static_cast<QAccessibleInterface*>(
-                                                             new ButtonAccessible(static_cast<TabImage*>(widget), QAccessible::PageTab))
-                                                       : new RoleAccessible(widget, QAccessible::Graphic);
+        return static_cast<TabImage*>(widget)->IsTab()
+                   ? static_cast<QAccessibleInterface*>(new ButtonAccessible(static_cast<TabImage*>(widget), QAccessible::PageTab))
+                   : new RoleAccessible(widget, QAccessible::Graphic);
     if (className == "kelvado::TabRow"_L1)
         return new TabRowAccessible(widget);
     if (className == "kelvado::ctxToolbar"_L1)

@@ -36,7 +36,8 @@ TEST_F(MainWindow, ComesUpOnceAndPaintsByTheOptions)
         Set("Display", "SkinTree", QString::number(skinTree));
         Start();
         EXPECT_TRUE(window->isMaximized());
-        EXPECT_TRUE(QTest::qWaitFor([&] { return std::abs(Get("picLeftPane").width() - 4950 / 15) < 10; })); // the width is kept in twips, whatever the window's
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return std::abs(Get("picLeftPane").width() - 4950 / 15) < 10; })); // the width is kept in twips, whatever the window's
         EXPECT_TRUE(Tree().isExpanded(Node(u"B"_s)));
         EXPECT_FALSE(Tree().isExpanded(Node(u"Brazil"_s)));
         EXPECT_EQ(Node(u"Brazil"_s).data(Qt::ForegroundRole).isValid(), skinTree);

@@ -55,8 +55,8 @@ TEST_F(SectionTabsTest, EverySectionShowsWhatSuitsIt)
         const char* picture;
         bool tree, shown;
     } cases[] = {
-        {kMovieGrab, filmNode, "ToolMovieGrabSel.BMP", false, true}, {kMovieEdit, filmNode, "ToolMovieEditSel.BMP", true, true},
-        {kActorInfo, filmNode, "ToolActorInfoSel.BMP", true, false}, {kMovieList, personNode, "ToolMovieListSel.BMP", true, true},
+        {kMovieGrab, filmNode, "ToolMovieGrabSel.BMP", false, true},  {kMovieEdit, filmNode, "ToolMovieEditSel.BMP", true, true},
+        {kActorInfo, filmNode, "ToolActorInfoSel.BMP", true, false},  {kMovieList, personNode, "ToolMovieListSel.BMP", true, true},
         {kActorInfo, personNode, "ToolActorInfoSel.BMP", true, true}, {kMovieEdit, personNode, "ToolMovieEditSel.BMP", true, false},
     };
     for (const auto& entry : cases) {

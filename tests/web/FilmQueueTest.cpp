@@ -105,7 +105,7 @@ TEST_F(AddingFilms, FilmsThatTheCatalogHasAreAskedAboutOnce)
     dialogs.answers << kAnswerYes;
     EXPECT_EQ(AddNumbers(numbers, desk)->Added, 4) << "numbers of a file are asked about alike";
     EXPECT_EQ(Stored(), QString(before + u" 0000003 0000003 0000005 0000003 0000004"_s)) << "of two alike one is new, two are wanted";
-    EXPECT_TRUE(BoxTexts().constLast().endsWith(u"Rows left out that named a film a second time: 1"_s));
+    EXPECT_TRUE(dialogs.Texts().constLast().endsWith(u"Rows left out that named a film a second time: 1"_s));
 }
 
 TEST_F(AddingFilms, AnotherFilmOfThatNumberIsAskedAboutBeforeOneIsStoredOver)

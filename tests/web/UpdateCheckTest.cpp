@@ -22,15 +22,10 @@ TEST(UpdateCheck, ComparesTheAnswerWithThisBuild)
         bool updates;
         int error;
     } cases[] = {
-        {u"22\r\n47"_s, false, 0, {current}, false, 0},
-        {u" 2247.0 "_s, false, 0, {current}, false, 0},
-        {u"2247"_s, true, 0, {}, false, 0},
-        {u"2246.9"_s, false, 0, {newer}, false, 0},
-        {u"2246"_s, true, 0, {}, false, 0},
-        {u"2248"_s, true, kAnswerNo, {offer}, false, 0},
-        {u"2247.5"_s, false, kAnswerYes, {offer, closing}, true, 0},
-        {QString(), true, 0, {}, false, kErrTypeMismatch},
-        {u"<html>"_s, false, 0, {}, false, kErrTypeMismatch},
+        {u"22\r\n47"_s, false, 0, {current}, false, 0},    {u" 2247.0 "_s, false, 0, {current}, false, 0},
+        {u"2246.9"_s, false, 0, {newer}, false, 0},        {u"2246"_s, true, 0, {}, false, 0},
+        {u"2248"_s, true, kAnswerNo, {offer}, false, 0},   {u"2247.5"_s, false, kAnswerYes, {offer, closing}, true, 0},
+        {QString(), true, 0, {}, false, kErrTypeMismatch}, {u"<html>"_s, false, 0, {}, false, kErrTypeMismatch},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(qPrintable(c.answer));

@@ -50,7 +50,10 @@ TEST_F(RetrievalWindow, ASearchEndsByItsButtonAndWithItsPanel)
             QTimer::singleShot(0, window.get(), [&] { Press(leave); });
             return Silence();
         };
+        QElapsedTimer clock;
+        clock.start();
         Press("Image1");
+        EXPECT_LT(clock.elapsed(), 5000);
         instead = nullptr;
         Press("ImgTabMovieGrab");
         Press("ImgTaddIMDB");
