@@ -63,6 +63,17 @@ const NumberColumns& CatalogNumbers()
     return columns;
 }
 
+// For a catalog in which no year is an empty text. A column that stands bare is sorted and grouped by its index.
+const NumberColumns& NumbersWithBareYears()
+{
+    static const NumberColumns columns = [] {
+        NumberColumns bare = CatalogNumbers();
+        bare.numbers.remove(u"year"_s);
+        return bare;
+    }();
+    return columns;
+}
+
 } // namespace
 
 ConnectionImpl::ConnectionImpl(const QString& path) : m_path(path), m_wait(path)
@@ -208,7 +219,8 @@ std::unique_ptr<Query> ConnectionImpl::TakeQuery(const QString& sql)
 
     auto query = std::make_unique<Query>();
     query->sql = sql;
-    query->translated = TranslateJetSql(sql, CatalogNumbers());
+    const bool bareYears = sql.contains(u"year"_s, Qt::CaseInsensitive) && !MayHoldEmptyYears();
+    query->translated = TranslateJetSql(sql, bareYears ? NumbersWithBareYears() : CatalogNumbers());
     const QByteArray table = query->translated.table.toUtf8();
     if (IsTable(table)) {
         try {
@@ -287,6 +299,19 @@ bool ConnectionImpl::RemembersKeys()
     if (!m_remembersKeys)
         m_remembersKeys = WholeNumber(u"SELECT count(*) FROM sqlite_master WHERE name = 'sqlite_sequence'"_s, {}) > 0;
     return *m_remembersKeys;
+}
+
+// Without the index the answer would cost more than it saves.
+bool ConnectionImpl::MayHoldEmptyYears()
+{
+    if (!m_mayHoldEmptyYears) {
+        try {
+            m_mayHoldEmptyYears = WholeNumber(u"SELECT count(*) FROM Movie INDEXED BY Movie_Year WHERE Year = ''"_s, {}) > 0;
+        } catch (const RuntimeError&) {
+            m_mayHoldEmptyYears = true;
+        }
+    }
+    return *m_mayHoldEmptyYears;
 }
 
 // The first value of the first row, 0 where there is none.

@@ -92,6 +92,7 @@ private:
     void UndoStep() noexcept;
     void BurnKeys();
     bool RemembersKeys();
+    bool MayHoldEmptyYears();
     qint64 WholeNumber(const QString& sql, const QList<Value>& values);
     qint64 HighestHeldKey(const QString& table);
     [[noreturn]] void RaiseUndone() const;
@@ -106,6 +107,7 @@ private:
     std::map<QString, qint64> m_reserved; // the last key handed out, by table in lower case
     std::map<QString, qint64> m_burned;
     std::optional<bool> m_remembersKeys;
+    std::optional<bool> m_mayHoldEmptyYears;
 };
 
 } // namespace kelvado
