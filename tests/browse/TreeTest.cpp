@@ -188,8 +188,10 @@ TEST_F(TreeTest, AFailureHalfWayLeavesWhatWasReadAndAFileThatIsNoCatalogFails)
     EXPECT_EQ(model.GroupCount(), 4);
     home.Write(u"text.kvd"_s, "this is no catalog, whatever its name says");
     state.comDiagFile.fileName = home.Path(u"text.kvd"_s);
+    const QString shown = state.treeCatalog;
     EXPECT_NE(ErrorTextOf([&] { tree.FillTree(); }).find("text.kvd"), std::string::npos);
-    EXPECT_EQ(model.GroupCount(), 0);
+    EXPECT_EQ(model.GroupCount(), 4) << "the tree of the catalog before stands";
+    EXPECT_EQ(state.treeCatalog, shown);
 }
 
 } // namespace
