@@ -203,6 +203,7 @@ public:
     }
 
     bool HasFilms() const { return !m_content.films.empty(); }
+    bool HasGroups() const { return !m_content.groups.empty(); }
     /// What was read, also where that was cut short.
     TreeContent TakeContent() { return std::move(m_content); }
 
@@ -356,7 +357,8 @@ void Tree::FillTree()
             whole = true;
         },
         [&] {
-            if (whole || filling.HasFilms()) {
+            // Of another catalog even the groups alone tell more than the tree before.
+            if (whole || filling.HasFilms() || (filling.HasGroups() && m_context.state.treeCatalog != catalog)) {
                 m_context.state.treeCatalog = catalog;
                 m_context.model.SetContent(filling.TakeContent());
             }
