@@ -8,31 +8,27 @@ namespace {
 
 TEST_F(MainWindow, MenusAndButtonsFollowTheCatalogAndTheSelection)
 {
-    const QString watched = u"Back Forward Save Print Refresh AddFilter Delete AddIMDb AddManual mnuEdit mnuLoansE mnuDeleteE MnuViewNfo "
-                            "mnuLoanMovieE mnuLoanReturnE mnuUpdateMovieInfo mnuMovieRetrieve mnuActorRetreive"_s;
     const auto on = [&] {
-        QStringList names = watched.split(u' ');
-        names.removeIf([this](const QString& name) { return !IsOn(name.toLatin1().constData()); });
-        return names.join(u' ').toStdString();
+        QString names;
+        for (const char* name :
+             {"Back", "Save", "Delete", "mnuEdit", "mnuLoansE", "mnuLoanReturnE", "mnuMovieRetrieve", "mnuActorRetreive"})
+            names += IsOn(name) ? QLatin1StringView(name) + u' ' : QString();
+        return names.toStdString();
     };
-    const std::string always = "Save Refresh AddFilter ";
     Start();
-    EXPECT_EQ(on(), always + "AddIMDb AddManual");
-    ClickNode(u"A"_s);
-    EXPECT_EQ(on(), always + "AddIMDb AddManual");
+    EXPECT_EQ(on(), "Save ");
     ClickNode(u"Alien"_s); // the first page: there is no older one
-    EXPECT_EQ(on(), always + "Delete AddIMDb AddManual mnuEdit mnuLoansE mnuDeleteE MnuViewNfo mnuLoanMovieE mnuUpdateMovieInfo");
+    EXPECT_EQ(on(), "Save Delete mnuEdit mnuLoansE ");
     ClickNode(u"2001"_s);
-    EXPECT_EQ(on(), "Back " + always + "Delete AddIMDb AddManual mnuEdit mnuLoansE mnuDeleteE mnuLoanReturnE mnuMovieRetrieve");
+    EXPECT_EQ(on(), "Back Save Delete mnuEdit mnuLoansE mnuLoanReturnE mnuMovieRetrieve ");
     Tree().expand(Node(u"Alien"_s));
     ClickNode(u"Sigourney Weaver"_s);
-    EXPECT_EQ(on(), "Back " + always + "AddIMDb AddManual mnuActorRetreive");
+    EXPECT_EQ(on(), "Back Save mnuActorRetreive "); // all of the Edit menu is off, so it does not open
     EXPECT_EQ(Get<QLabel>("ID").text(), u"11"_s);
     Key(Qt::Key_Down); // a person without an address, by keyboard
     EXPECT_EQ(Get<QLabel>("ID").text(), u"12"_s);
-    EXPECT_EQ(on(), "Back " + always + "AddIMDb AddManual"); // all of the Edit menu is off, so it does not open
     Key(Qt::Key_Home);
-    EXPECT_EQ(on(), "Back " + always + "AddIMDb AddManual");
+    EXPECT_EQ(on(), "Back Save ");
 }
 
 TEST_F(MainWindow, EveryClickOnAFilmMakesAPageAndAStep)
