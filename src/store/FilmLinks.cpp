@@ -4,6 +4,7 @@
 #include "core/Literals.h"
 #include "store/CaseBlind.h"
 #include "store/JetFunctions.h"
+#include "store/NameTables.h"
 
 #include <algorithm>
 #include <functional>
@@ -13,21 +14,6 @@ namespace kelvado {
 namespace {
 
 constexpr qsizetype kShortestName = 3;
-
-// A table of names and its links to the films. The column of the names is called like the table.
-struct NameTable
-{
-    QString table;
-    QString idColumn;
-    QString linkTable;
-};
-
-const NameTable kGenre{u"Genre"_s, u"Genre_ID"_s, u"GenreLink"_s};
-const NameTable kWriter{u"Writer"_s, u"Writer_ID"_s, u"WriterLink"_s};
-const NameTable kDirector{u"Director"_s, u"Director_ID"_s, u"DirectorLink"_s};
-const NameTable kProducer{u"Producer"_s, u"Producer_ID"_s, u"ProducerLink"_s};
-const NameTable kActor{u"Actor"_s, u"Actor_ID"_s, u"ActorLink"_s};
-const NameTable kCompany{u"Company"_s, u"Company_ID"_s, u"CompanyLink"_s};
 
 // Markup that a page left in a text shows by its bracket.
 bool IsUsable(const QString& text)
