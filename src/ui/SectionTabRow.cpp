@@ -96,6 +96,12 @@ TabImage* TabRow::AddPiece(const char* name, QLatin1StringView key, const char* 
     return piece;
 }
 
+void TabRow::Clear()
+{
+    m_tabs.clear();
+    qDeleteAll(findChildren<TabImage*>(QString(), Qt::FindDirectChildrenOnly));
+}
+
 void TabRow::SetSelected(const QString& key)
 {
     for (TabImage* tab : std::as_const(m_tabs))

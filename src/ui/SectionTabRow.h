@@ -55,6 +55,10 @@ Q_SIGNALS:
 protected:
     /// Makes a piece; one with a key is a tab, and `caption` is its name.
     TabImage* AddPiece(const char* name, QLatin1StringView key, const char* caption);
+    /// Takes all pieces away.
+    void Clear();
+    /// The tabs in the order in which they were added.
+    const QList<TabImage*>& Tabs() const { return m_tabs; }
 
 private:
     QList<TabImage*> m_tabs;
