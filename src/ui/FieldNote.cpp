@@ -1,0 +1,70 @@
+#include "ui/FieldNote.h"
+
+#include "core/Literals.h"
+
+#include <QAccessible>
+#include <QEvent>
+
+#include <algorithm>
+
+namespace kelvado {
+
+FieldNote::FieldNote(QWidget* panel) : QLabel(panel)
+{
+    setObjectName(u"FieldNoteURL"_s); // a skin leaves the colours of such labels alone
+    setTextFormat(Qt::PlainText);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAutoFillBackground(true);
+    setMargin(3);
+    hide();
+}
+
+void FieldNote::Tell(QWidget& field, const QString& text)
+{
+    if (m_field && m_field != &field)
+        Clear();
+    m_field = &field;
+    field.installEventFilter(this);
+    if (field.accessibleDescription() != text) {
+        field.setAccessibleDescription(text);
+        QAccessibleEvent event(&field, QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&event);
+    }
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, colors.color(QPalette::ToolTipBase));
+    colors.setColor(QPalette::WindowText, colors.color(QPalette::ToolTipText));
+    setPalette(colors);
+    setText(text);
+    adjustSize();
+    const QPoint place = field.mapTo(parentWidget(), QPoint(0, field.height()));
+    const QPoint last(parentWidget()->width() - width(), parentWidget()->height() - height());
+    move(std::min(place.x(), std::max(0, last.x())), std::min(place.y(), std::max(0, last.y())));
+    raise();
+    show();
+}
+
+void FieldNote::Clear(const QWidget& field)
+{
+    if (m_field == &field)
+        Clear();
+}
+
+void FieldNote::Clear()
+{
+    hide();
+    if (m_field) {
+        m_field->removeEventFilter(this);
+        m_field->setAccessibleDescription({});
+    }
+    m_field = nullptr;
+}
+
+// A field that is no longer in sight takes its note along.
+bool FieldNote::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_field && event->type() == QEvent::Hide)
+        Clear();
+    return QLabel::eventFilter(watched, event);
+}
+
+} // namespace kelvado
