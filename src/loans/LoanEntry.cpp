@@ -35,7 +35,7 @@ QStringList ReadBorrowers(const QString& sql, Connection& connection)
     return names;
 }
 
-FilmChoice ReadChoice(const QString& sql, qint64 number, Connection& connection)
+Choice ReadChoice(const QString& sql, qint64 number, Connection& connection)
 {
     Recordset film;
     film.Open(sql + QString::number(number), connection);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/Choices.h"
 #include "core/Clock.h"
 #include "core/Dialogs.h"
 #include "core/FilmId.h"
-#include "loans/FilmChoices.h"
 
 #include <QDate>
 #include <QStringList>
@@ -27,8 +27,8 @@ struct LoanTerms
 struct LoanEntry
 {
     QString caption;
-    std::vector<FilmChoice> films; ///< numbered by film for a new loan, by loan for an edit
-    bool filmIsGiven = false;      ///< the one film is chosen and stays
+    std::vector<Choice> films; ///< numbered by film for a new loan, by loan for an edit
+    bool filmIsGiven = false;  ///< the one film is chosen and stays
     QStringList borrowers;
     LoanTerms terms;
     std::optional<QDate> returnDate;

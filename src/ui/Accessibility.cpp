@@ -97,6 +97,8 @@ QAccessibleInterface* MakeInterface(const QString& className, QObject* object)
         return new RoleAccessible(widget, QAccessible::StatusBar);
     if (className == "kelvado::BusyPicture"_L1)
         return new RoleAccessible(widget, QAccessible::Animation);
+    if (className == "kelvado::PictureBox"_L1)
+        return new RoleAccessible(widget, QAccessible::Graphic);
     if (className == "kelvado::PaneSplitter"_L1)
         return new RoleAccessible(widget, QAccessible::Splitter);
     if (className == "QAbstractButton"_L1 && qobject_cast<ctxToolbar*>(widget->parentWidget()))

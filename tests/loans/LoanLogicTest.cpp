@@ -19,8 +19,8 @@ protected:
     static QStringList Films(const LoanEntry& entry)
     {
         QStringList films;
-        for (const FilmChoice& film : entry.films)
-            films << film.title + u' ' + QString::number(film.number);
+        for (const Choice& film : entry.films)
+            films << film.text + u' ' + QString::number(film.number);
         films.sort();
         return films;
     }

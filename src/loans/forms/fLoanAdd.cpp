@@ -5,15 +5,8 @@
 
 #include <QCompleter>
 #include <QLineEdit>
-#include <QListView>
 
 namespace kelvado {
-
-namespace {
-
-constexpr int kSuggestions = 12;
-
-} // namespace
 
 fLoanAdd::fLoanAdd(LoanMode mode, const LoanContext& context, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::fLoanAdd>()), m_mode(mode), m_context(context)
@@ -24,8 +17,7 @@ fLoanAdd::fLoanAdd(LoanMode mode, const LoanContext& context, QWidget* parent)
     m_ui->lblLoanTo->setText(isEdit ? tr("Loaned &To:") : tr("Loan &To:"));
     m_ui->cboMovie->setAccessibleName(isEdit ? tr("Loaned Movie") : tr("Movie to Loan"));
     m_ui->cboLoanTo->setAccessibleName(isEdit ? tr("Loaned To") : tr("Loan To"));
-    m_films = new FilmChoices(this);
-    PrepareFilms();
+    m_ui->cboMovie->lineEdit()->setPlaceholderText(tr("Type a part of the title"));
     PrepareBorrowers();
     for (DatePicker* picker : {m_ui->DTDate, m_ui->DTDue, m_ui->DTReturn})
         picker->SetOffer(context.clock.Now().date());
@@ -34,24 +26,6 @@ fLoanAdd::fLoanAdd(LoanMode mode, const LoanContext& context, QWidget* parent)
 }
 
 fLoanAdd::~fLoanAdd() = default;
-
-void fLoanAdd::PrepareFilms()
-{
-    // A list of equal rows opens at once, however long it is.
-    auto* list = new QListView(m_ui->cboMovie);
-    list->setUniformItemSizes(true);
-    m_ui->cboMovie->setView(list);
-    // Any part of the title finds the film.
-    auto* completer = new QCompleter(m_films, m_ui->cboMovie);
-    completer->setFilterMode(Qt::MatchContains);
-    completer->setCaseSensitivity(Qt::CaseInsensitive);
-    completer->setMaxVisibleItems(kSuggestions);
-    auto* suggestions = new QListView;
-    suggestions->setUniformItemSizes(true);
-    completer->setPopup(suggestions);
-    m_ui->cboMovie->setCompleter(completer);
-    m_ui->cboMovie->lineEdit()->setPlaceholderText(tr("Type a part of the title"));
-}
 
 void fLoanAdd::PrepareBorrowers()
 {
@@ -89,8 +63,7 @@ void fLoanAdd::Edit_Loan(qint64 loanId)
 void fLoanAdd::Fill(const LoanEntry& entry)
 {
     setWindowTitle(entry.caption);
-    m_films->SetFilms(entry.films);
-    m_ui->cboMovie->setModel(m_films);
+    m_ui->cboMovie->SetRows(entry.films);
     m_ui->cboMovie->setCurrentIndex(entry.filmIsGiven ? 0 : -1);
     m_ui->cboMovie->setEnabled(!entry.filmIsGiven);
     m_ui->cboLoanTo->addItems(entry.borrowers);
@@ -104,22 +77,10 @@ void fLoanAdd::Fill(const LoanEntry& entry)
     first->setFocus();
 }
 
-std::optional<qint64> fLoanAdd::ChosenFilm() const
-{
-    const QComboBox& films = *m_ui->cboMovie;
-    const QString text = films.currentText();
-    if (text.isEmpty())
-        return std::nullopt;
-    // Of films with the same title, the one that was picked from the list counts.
-    int row = films.currentIndex();
-    if (row < 0 || films.itemText(row).compare(text, Qt::CaseInsensitive) != 0)
-        row = films.findText(text, Qt::MatchFixedString);
-    return row < 0 ? std::nullopt : std::optional(films.itemData(row).toLongLong());
-}
-
 LoanAnswer fLoanAdd::Answer() const
 {
-    return {ChosenFilm(), {m_ui->cboLoanTo->currentText(), m_ui->DTDate->Date(), m_ui->DTDue->Date(), m_ui->txtNotes->toPlainText()}};
+    return {m_ui->cboMovie->Chosen(),
+            {m_ui->cboLoanTo->currentText(), m_ui->DTDate->Date(), m_ui->DTDue->Date(), m_ui->txtNotes->toPlainText()}};
 }
 
 void fLoanAdd::Okay()

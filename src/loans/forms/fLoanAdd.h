@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/FilmId.h"
-#include "loans/FilmChoices.h"
 #include "loans/LoanContext.h"
 #include "loans/LoanEntry.h"
 
@@ -29,18 +28,14 @@ public:
     void Edit_Loan(qint64 loanId);
 
 private:
-    void PrepareFilms();
     void PrepareBorrowers();
     void Fill(const LoanEntry& entry);
-    /// The number behind the film that `cboMovie` shows; nothing where its text is no film's title.
-    std::optional<qint64> ChosenFilm() const;
     LoanAnswer Answer() const;
     void Okay();
 
     std::unique_ptr<Ui::fLoanAdd> m_ui;
     LoanMode m_mode;
     LoanContext m_context;
-    FilmChoices* m_films;
 };
 
 } // namespace kelvado

@@ -7,27 +7,27 @@
 
 namespace kelvado {
 
-/// One entry of a list of films: what is shown, and the number behind it.
-struct FilmChoice
+/// One entry of a list to choose from: what is shown, and the number behind it.
+struct Choice
 {
-    QString title;
+    QString text;
     qint64 number;
 };
 
-/// Films to choose from, as plain data: the title is the text, `Qt::UserRole` the number.
-class FilmChoices : public QAbstractListModel
+/// Films or people to choose from, as plain data: `Qt::UserRole` gives the number.
+class Choices : public QAbstractListModel
 {
     Q_OBJECT
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    void SetFilms(std::vector<FilmChoice> films);
+    void SetRows(std::vector<Choice> rows);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
 private:
-    std::vector<FilmChoice> m_films;
+    std::vector<Choice> m_rows;
 };
 
 } // namespace kelvado
