@@ -66,19 +66,6 @@ QList<qsizetype> ReadColumnSizes(const QStringList& columns, const QString& cata
     return sizes;
 }
 
-QStringList ReadValuesInUse(const QString& column, const QString& catalogPath)
-{
-    Connection connection = OpenCatalog(catalogPath);
-    Recordset rows;
-    rows.Open(u"SELECT DISTINCT "_s + column + u" FROM Movie ORDER BY "_s + column, connection);
-    QStringList values;
-    for (; !rows.Eof(); rows.MoveNext()) {
-        if (!rows.Text(0).isEmpty())
-            values << rows.Text(0);
-    }
-    return values;
-}
-
 void StoreTick(const NameTable& names, FilmId movieId, qint64 nameId, bool ticked, const QString& catalogPath)
 {
     Connection connection = OpenCatalog(catalogPath);

@@ -40,9 +40,6 @@ QList<NamedRow> ReadTickNames(const NameTable& names, const QString& catalogPath
 /// How many characters each of `columns` of the table `Movie` holds, in their order.
 QList<qsizetype> ReadColumnSizes(const QStringList& columns, const QString& catalogPath);
 
-/// The values that `column` of the table `Movie` has, each once, by their order; the empty one left out.
-QStringList ReadValuesInUse(const QString& column, const QString& catalogPath);
-
 /// Links the film to a genre or feature, or takes the link away, at once.
 /// Raises `kErrNoCurrentRecord` where the film is gone; nothing is then stored.
 void StoreTick(const NameTable& names, FilmId movieId, qint64 nameId, bool ticked, const QString& catalogPath);

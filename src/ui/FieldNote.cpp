@@ -9,6 +9,12 @@
 
 namespace kelvado {
 
+namespace {
+
+constexpr int kInset = 3;
+
+} // namespace
+
 FieldNote::FieldNote(QWidget* panel) : QLabel(panel)
 {
     setObjectName(u"FieldNoteURL"_s); // a skin leaves the colours of such labels alone
@@ -19,7 +25,7 @@ FieldNote::FieldNote(QWidget* panel) : QLabel(panel)
     hide();
 }
 
-void FieldNote::Tell(QWidget& field, const QString& text)
+void FieldNote::Tell(QWidget& field, const QString& text, Place place)
 {
     if (m_field && m_field != &field)
         Clear();
@@ -36,9 +42,9 @@ void FieldNote::Tell(QWidget& field, const QString& text)
     setPalette(colors);
     setText(text);
     adjustSize();
-    const QPoint place = field.mapTo(parentWidget(), QPoint(0, field.height()));
-    const QPoint last(parentWidget()->width() - width(), parentWidget()->height() - height());
-    move(std::min(place.x(), std::max(0, last.x())), std::min(place.y(), std::max(0, last.y())));
+    const QPoint end = field.mapTo(parentWidget(), QPoint(field.width() - width(), 0));
+    const int inside = (field.height() - height()) / 2;
+    move(std::max(0, end.x() - (place == Place::Inside ? kInset : 0)), end.y() + (place == Place::Inside ? inside : field.height()));
     raise();
     show();
 }

@@ -194,6 +194,12 @@ void cTabControl::DrawCaptions()
     setFixedSize(left, height);
 }
 
+void cTabControl::FocusSelected()
+{
+    if (m_selected > 0)
+        Tabs()[m_selected - 1]->setFocus(Qt::TabFocusReason);
+}
+
 void cTabControl::Choose(int tab)
 {
     if (tab == m_selected || tab < 1 || tab > Tabs().size())
@@ -226,7 +232,7 @@ bool cTabControl::eventFilter(QObject* watched, QEvent* event)
     const int last = static_cast<int>(Tabs().size());
     const auto choose = [this](int tab) {
         Choose(tab);
-        Tabs()[m_selected - 1]->setFocus(Qt::TabFocusReason);
+        FocusSelected();
         return true;
     };
     switch (static_cast<QKeyEvent*>(event)->key()) {

@@ -105,6 +105,8 @@ public:
     void DrawBar(int index);
     /// The selected tab, from 1; 0 for none.
     int Selected() const { return m_selected; }
+    /// Gives the focus to the selected tab.
+    void FocusSelected();
 
     cTabBars& Bars() { return m_bars; }
     cTabEnds& Ends() { return m_ends; }

@@ -222,17 +222,6 @@ void ApplyDefaults(const FilmDefaults& defaults, FilmRecord& film)
     }
 }
 
-QStringList FormatsInUse(const QString& catalogPath)
-{
-    Connection connection = OpenCatalog(catalogPath);
-    Recordset formats;
-    formats.Open(u"SELECT DISTINCT Format FROM Movie WHERE Format <> '' ORDER BY Format"_s, connection);
-    QStringList texts;
-    for (; !formats.Eof(); formats.MoveNext())
-        texts << FieldString(u"Format"_s, formats);
-    return texts;
-}
-
 std::optional<JobResult> AddQueue(QList<SearchRow>& queue, const QueueChoices& choices, FilmDesk& desk,
                                   const std::function<void(const JobResult&)>& log)
 {
