@@ -2,6 +2,7 @@
 
 #include "app/BrowseMenus.h"
 #include "app/CatalogPane.h"
+#include "app/EditMenus.h"
 #include "app/StatusBar.h"
 #include "app/WebMenus.h"
 #include "app/WindowPlace.h"
@@ -118,9 +119,18 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     m_browseMenus = std::make_unique<BrowseMenus>(BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_catalog->Model(),
                                                                        *m_ui->TreeView1, m_skinner, [this] { ApplyMenuRules(); }});
     m_statusBar = std::make_unique<StatusBar>(m_state, dialogs, m_menus, m_skinner, *m_ui->StatusCells);
+    m_editMenus = std::make_unique<EditMenus>(EditMenus::Context{*this,
+                                                                 {m_state, dialogs, *this},
+                                                                 m_menus,
+                                                                 m_sections,
+                                                                 m_skinner,
+                                                                 *m_ui->FormScroll,
+                                                                 [this](const QString& key) { m_catalog->Select(key); },
+                                                                 [this](const QUrl& address) { OpenOutside(address); }});
     m_webMenus = std::make_unique<WebMenus>(WebMenus::Context{*this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_skinner,
                                                               *m_ui->picGrabSelect, *m_ui->FormScroll, [this] { return SelectedNode(); },
-                                                              [this](const QUrl& address) { OpenOutside(address); }});
+                                                              [this](const QUrl& address) { OpenOutside(address); },
+                                                              [this] { return m_editMenus->ManualPanel(); }});
 }
 
 Form1::~Form1()
@@ -154,6 +164,7 @@ void Form1::ConnectMenus()
     OnMenu("mnuHelpAbout", &Form1::ShowAbout);
     connect(&m_menus.Entry(u"mnuExit"_s), &QAction::triggered, this, &QWidget::close);
     connect(&m_menus.Entry(u"mnuImdb"_s), &QAction::triggered, this, [this] { Guard([&] { ShowSection(kMovieGrab); }); });
+    connect(&m_menus.Entry(u"mnuManualEntry"_s), &QAction::triggered, this, [this] { Guard([&] { ShowManualEntry(); }); });
 }
 
 void Form1::ConnectControls()
@@ -337,11 +348,16 @@ void Form1::ShowSelection()
         return ShowFilmPage(*node);
     ApplyMenuRules();
     if (m_state.CurrentSection == kMovieList && node->tag == kTagGroup)
-        ShowBlankPage();
-    else if (m_state.CurrentSection == kActorInfo && node->tag == kTagFilm)
-        ShowSection(kMovieEdit);
-    else if (m_state.CurrentSection == kMovieEdit && node->tag == kTagActor)
-        ShowSection(kActorInfo);
+        return ShowBlankPage();
+    if (node->tag == kTagGroup || (m_state.CurrentSection != kMovieEdit && m_state.CurrentSection != kActorInfo))
+        return;
+    const QString panel = node->tag == kTagFilm ? kMovieEdit : kActorInfo;
+    if (m_state.CurrentSection == panel || panel == kActorInfo)
+        m_editMenus->SaveFirst(m_state.CurrentSection); // only from the person to the film is the user asked
+    if (m_state.CurrentSection == panel)
+        m_editMenus->Show(panel, node);
+    else
+        ChooseSection(panel); // the keys stay with the tree
 }
 
 void Form1::ApplyMenuRules()
@@ -432,6 +448,14 @@ void Form1::TakeId()
 
 void Form1::ShowSection(const QString& section)
 {
+    const QString before = m_state.CurrentSection;
+    ChooseSection(section);
+    if (m_state.CurrentSection != before)
+        m_editMenus->FocusPanel(section);
+}
+
+void Form1::ChooseSection(const QString& section)
+{
     if (const std::optional<SectionView> view = m_sections.Choose(section, SelectedNode()))
         Show(*view);
 }
@@ -450,12 +474,19 @@ void Form1::Show(const SectionView& view)
         ShowPanel(m_ui->FormScroll);
         m_webMenus->ShowAddPanel();
     } else {
-        m_ui->FormScroll->SetPanel(nullptr);
         ShowPanel(m_ui->FormScroll);
+        m_editMenus->Show(view.section, view.node);
         if (!view.node)
             m_dialogs.MessageBox(kNoCatalogOpen, kBoxInformation);
     }
     ApplyFacts();
+}
+
+void Form1::ShowManualEntry()
+{
+    ShowSection(kMovieGrab);
+    if (m_state.CurrentSection == kMovieGrab)
+        m_webMenus->ShowManualPanel();
 }
 
 void Form1::ShowPanel(QWidget* panel)
@@ -596,6 +627,7 @@ void Form1::OnFilled()
 {
     if (m_state.CurrentSection == kMovieList && !SelectedNode())
         ShowBlankPage();
+    m_editMenus->AfterFill();
     ApplyMenuRules();
 }
 
@@ -653,6 +685,7 @@ void Form1::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    Guard([this] { m_sections.AskAboutChanges(); });
     m_webMenus->EndRun();
     SaveSettings();
     QMainWindow::closeEvent(event);

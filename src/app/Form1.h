@@ -26,6 +26,7 @@ namespace kelvado {
 class BrowseMenus;
 class CatalogModel;
 class CatalogPane;
+class EditMenus;
 class StatusBar;
 class WebMenus;
 class WindowTray;
@@ -68,6 +69,7 @@ public:
     void RekeySelectedNode(FilmId movieId) override;
 
     void ShowSection(const QString& section);
+    void ShowManualEntry();
     void ShowCreditsPage(FilmId movieId);
     void GoBack();
     void GoForward();
@@ -103,6 +105,7 @@ private:
     void ApplyFacts();
     void ShowFilmPage(const NodeRef& film);
     void TakeId();
+    void ChooseSection(const QString& section);
     void Show(const SectionView& view);
     void ShowPanel(QWidget* panel);
     void Open(const std::optional<Page>& page);
@@ -133,6 +136,7 @@ private:
     std::unique_ptr<WindowTray> m_tray;
     std::unique_ptr<BrowseMenus> m_browseMenus;
     std::unique_ptr<StatusBar> m_statusBar;
+    std::unique_ptr<EditMenus> m_editMenus;
     std::unique_ptr<WebMenus> m_webMenus;
     SelectionFacts m_selection; ///< as read last
     bool m_activating = false;

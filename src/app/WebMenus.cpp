@@ -19,6 +19,7 @@ namespace kelvado {
 namespace {
 
 constexpr QLatin1StringView kFilmSite = "IMDB"_L1;
+constexpr QLatin1StringView kByHand = "AdultEmp"_L1;
 
 } // namespace
 
@@ -58,9 +59,20 @@ void WebMenus::ShowAddPanel()
     ShowSource(kFilmSite);
 }
 
+void WebMenus::ShowManualPanel()
+{
+    ShowSource(kByHand);
+}
+
 void WebMenus::ShowSource(const QString& mode)
 {
     m_context.sources.LoadSearchBar(m_context.state.skin, mode);
+    if (mode == kByHand) {
+        QWidget* panel = m_context.manualPanel();
+        m_context.host.SetPanel(panel);
+        panel->show();
+        return;
+    }
     if (mode != kFilmSite)
         return m_context.host.SetPanel(nullptr);
     if (!m_addPanel) {

@@ -43,12 +43,15 @@ public:
         ScrollingImage& host;
         std::function<std::optional<NodeRef>()> selectedNode;
         std::function<void(const QUrl& address)> openOutside;
+        std::function<QWidget*()> manualPanel;
     };
     explicit WebMenus(const Context& context);
     ~WebMenus() override;
 
     /// Shows the panel of the first film source.
     void ShowAddPanel();
+    /// Shows the panel in which a film is entered by hand.
+    void ShowManualPanel();
     /// For the end of the program: a run under way stores nothing more.
     void EndRun();
 

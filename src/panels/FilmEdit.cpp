@@ -42,6 +42,14 @@ FilmOnShow ReadFilmOnShow(FilmId movieId, const QString& catalogPath)
     return shown;
 }
 
+bool FilmExists(FilmId movieId, const QString& catalogPath)
+{
+    Connection connection = OpenCatalog(catalogPath);
+    Recordset film;
+    film.Open(kFilmById + QString::number(movieId), connection);
+    return !film.Eof();
+}
+
 QList<NamedRow> ReadTickNames(const NameTable& names, const QString& catalogPath)
 {
     Connection connection = OpenCatalog(catalogPath);

@@ -34,6 +34,8 @@ struct FilmOnShow
 /// Reads a film. Raises `kErrNoCurrentRecord` where there is no such film.
 FilmOnShow ReadFilmOnShow(FilmId movieId, const QString& catalogPath);
 
+bool FilmExists(FilmId movieId, const QString& catalogPath);
+
 /// All genres, or features, in the order of their numbers.
 QList<NamedRow> ReadTickNames(const NameTable& names, const QString& catalogPath);
 

@@ -41,6 +41,8 @@ Record PieceOf(const QStringList& fields)
 
 cTabControl::cTabControl(QWidget* parent) : TabRow(parent)
 {
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::PointingHandCursor);
     // Assistive programs press a tab without the mouse.
     connect(this, &TabRow::TabClick, this, [this](const QString& key) {
         for (int i = 0; i < Tabs().size(); ++i) {
@@ -114,14 +116,15 @@ void cTabControl::DrawInitialBar(const QList<Tab>& tabs)
         if (!m_picture.isNull())
             m_pieces << AddPiece("", {}, "");
         TabImage* piece = AddPiece(tab.name, QLatin1StringView(tab.name), tab.caption);
-        piece->installEventFilter(this);
-        piece->show();
+        piece->setFocusPolicy(Qt::NoFocus);
         m_pieces << piece;
     }
     if (!m_picture.isNull())
         m_pieces << AddPiece("", {}, "");
-    for (TabImage* piece : std::as_const(m_pieces))
+    for (TabImage* piece : std::as_const(m_pieces)) {
+        piece->setAttribute(Qt::WA_TransparentForMouseEvents); // the strip decides which tab a press means
         piece->show();
+    }
     DrawBar(1);
 }
 
@@ -140,8 +143,7 @@ void cTabControl::DrawBar(int index)
         return;
     m_selected = index;
     SetSelected(tabs[index - 1]->Key());
-    for (TabImage* tab : tabs)
-        tab->setFocusPolicy(tab->IsSelected() ? Qt::TabFocus : Qt::NoFocus);
+    ShowFocus();
     if (m_picture.isNull())
         return DrawCaptions();
 
@@ -194,12 +196,6 @@ void cTabControl::DrawCaptions()
     setFixedSize(left, height);
 }
 
-void cTabControl::FocusSelected()
-{
-    if (m_selected > 0)
-        Tabs()[m_selected - 1]->setFocus(Qt::TabFocusReason);
-}
-
 void cTabControl::Choose(int tab)
 {
     if (tab == m_selected || tab < 1 || tab > Tabs().size())
@@ -208,7 +204,6 @@ void cTabControl::Choose(int tab)
     Q_EMIT MouseDown(tab);
 }
 
-// The pieces let the presses through: the tab that holds the pointer's x is the one that is meant.
 void cTabControl::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
@@ -221,32 +216,40 @@ void cTabControl::mousePressEvent(QMouseEvent* event)
     }
 }
 
-bool cTabControl::eventFilter(QObject* watched, QEvent* event)
+void cTabControl::keyPressEvent(QKeyEvent* event)
 {
-    if (event->type() == QEvent::MouseButtonPress) {
-        event->ignore(); // goes on to the strip
-        return true;
-    }
-    if (event->type() != QEvent::KeyPress)
-        return false;
     const int last = static_cast<int>(Tabs().size());
-    const auto choose = [this](int tab) {
-        Choose(tab);
-        FocusSelected();
-        return true;
-    };
-    switch (static_cast<QKeyEvent*>(event)->key()) {
+    switch (event->key()) {
     case Qt::Key_Left:
-        return choose(std::max(1, m_selected - 1));
+        return Choose(m_selected - 1);
     case Qt::Key_Right:
-        return choose(std::min(last, m_selected + 1));
+        return Choose(m_selected + 1);
     case Qt::Key_Home:
-        return choose(1);
+        return Choose(1);
     case Qt::Key_End:
-        return choose(last);
+        return Choose(last);
     default:
-        return TabRow::eventFilter(watched, event);
+        TabRow::keyPressEvent(event);
     }
+}
+
+void cTabControl::focusInEvent(QFocusEvent* event)
+{
+    TabRow::focusInEvent(event);
+    ShowFocus();
+}
+
+void cTabControl::focusOutEvent(QFocusEvent* event)
+{
+    TabRow::focusOutEvent(event);
+    ShowFocus();
+}
+
+// The selected tab stands for the strip that has the focus.
+void cTabControl::ShowFocus()
+{
+    for (TabImage* tab : Tabs())
+        tab->ShowFocus(hasFocus() && tab->IsSelected());
 }
 
 } // namespace kelvado

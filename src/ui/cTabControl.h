@@ -80,7 +80,7 @@ using cTabEnds = KeyedRecords<cTabEnd>;
 using cTabMids = KeyedRecords<cTabMid>;
 
 /// A row of tabs whose pieces a skin draws in one picture and places by a coordinate file. The arrow keys, Home and End go from tab to
-/// tab; only the selected one is a stop of the Tab key.
+/// tab; the whole row is one stop of the Tab key.
 class cTabControl final : public TabRow
 {
     Q_OBJECT
@@ -105,8 +105,6 @@ public:
     void DrawBar(int index);
     /// The selected tab, from 1; 0 for none.
     int Selected() const { return m_selected; }
-    /// Gives the focus to the selected tab.
-    void FocusSelected();
 
     cTabBars& Bars() { return m_bars; }
     cTabEnds& Ends() { return m_ends; }
@@ -118,7 +116,9 @@ Q_SIGNALS:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void ReadCoordinates(const QString& path);
@@ -126,6 +126,7 @@ private:
     void DrawInitialBar(const QList<Tab>& tabs);
     void DrawCaptions();
     void Choose(int tab);
+    void ShowFocus();
     QPixmap Cut(const QRect& place) const;
 
     cTabBars m_bars;

@@ -163,6 +163,15 @@ void FilmPanel::ApplySkin()
     ShowText(m_text);
 }
 
+void FilmPanel::FocusFirst()
+{
+    for (QWidget* next = m_ui->TabBarMovie->nextInFocusChain(); next != m_ui->TabBarMovie; next = next->nextInFocusChain()) {
+        if (m_ui->frameMovie->currentWidget()->isAncestorOf(next) && next->isEnabled() && (next->focusPolicy() & Qt::TabFocus) != 0 &&
+            next->isVisibleTo(m_ui->frameMovie->currentWidget()))
+            return next->setFocus(Qt::TabFocusReason);
+    }
+}
+
 void FilmPanel::Guard(const std::function<void()>& handler)
 {
     Guarded(m_context.dialogs, handler);
@@ -187,7 +196,7 @@ void FilmPanel::ConnectControls()
             const int page = (m_ui->frameMovie->currentIndex() + step + pages) % pages;
             m_ui->TabBarMovie->DrawBar(page + 1);
             Q_EMIT m_ui->TabBarMovie->MouseDown(page + 1);
-            m_ui->TabBarMovie->FocusSelected();
+            m_ui->TabBarMovie->setFocus(Qt::TabFocusReason);
         });
     };
     turnPage(Qt::CTRL | Qt::Key_PageDown, 1);

@@ -35,6 +35,8 @@ public:
     /// Loads the tab strips and stars of the present skin and colours the small tabs.
     void ApplySkin();
 
+    /// Gives the focus to the first field of the page that is shown.
+    void FocusFirst();
     /// The kind of the people that are shown.
     const PersonKind& ShownKind() const;
     virtual void AddPerson() = 0;

@@ -77,6 +77,12 @@ void Form3::Clear()
     setEnabled(false);
 }
 
+void Form3::ClearIfGone()
+{
+    if (m_film && !FilmExists(*m_film, m_catalogPath))
+        Clear();
+}
+
 void Form3::Edit_Page(FilmId movieId)
 {
     try {

@@ -26,6 +26,8 @@ public:
     const QString& CatalogPath() const { return m_catalogPath; }
     /// Empties the panel and turns it off.
     void Clear();
+    /// The same where the film on show is no longer in the catalog.
+    void ClearIfGone();
 
     // EditPanel
     bool HasChanges() const override;
