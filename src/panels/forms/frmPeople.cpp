@@ -100,7 +100,7 @@ void frmPeople::Actor_Edit_Page(qint64 actorId)
 {
     const QString path = m_context.state.CatalogPath();
     try {
-        const PersonPage page = kelvado::Actor_Edit_Page(actorId, m_context.state.skin, path);
+        const PersonPage page = kelvado::Actor_Edit_Page(actorId, path);
         m_actorId = actorId;
         m_catalogPath = path;
         Fill(page);
@@ -123,7 +123,7 @@ void frmPeople::Fill(const PersonPage& page)
 {
     m_ui->lblActor_ID->setText(QString::number(m_actorId));
     FillTexts(page);
-    ShowPicture(page.hasPicture, page.pictureFile);
+    ShowPicture();
     m_have.SetRows(FilmRows(page.have));
     m_want.SetRows(FilmRows(page.want));
     m_beside.SetRows({});
@@ -196,7 +196,7 @@ const QString& frmPeople::Catalog()
     if (open == m_catalogPath)
         return m_catalogPath;
     // A copy that was made by "Save As" holds the same person under the same number; any other catalog does not.
-    const PersonPage page = kelvado::Actor_Edit_Page(m_actorId, m_context.state.skin, open);
+    const PersonPage page = kelvado::Actor_Edit_Page(m_actorId, open);
     if (page.texts[static_cast<std::size_t>(PersonField::Name)] != m_name)
         throw RuntimeError::WithDetail(kErrInvalidCall, tr("this person belongs to another catalog than the open one"));
     m_catalogPath = open;
@@ -207,7 +207,7 @@ void frmPeople::Actor_Edit_Save()
 {
     const QString path = Catalog();
     kelvado::Actor_Edit_Save(m_actorId, Texts(), {path, SettingsFile(), m_context.dialogs});
-    const PersonPage stored = kelvado::Actor_Edit_Page(m_actorId, m_context.state.skin, path);
+    const PersonPage stored = kelvado::Actor_Edit_Page(m_actorId, path);
     FillTexts(stored);
     Q_EMIT PersonStored(m_actorId, m_name);
     m_context.dialogs.MessageBox(u"Actor Information saved successfully."_s, kBoxPlain);
@@ -230,20 +230,27 @@ void frmPeople::StoreImage(const QString& path)
             m_context.dialogs.MessageBox(message, kBoxPlain);
             return;
         }
-        const PersonPage page = kelvado::Actor_Edit_Page(m_actorId, m_context.state.skin, catalog);
-        ShowPicture(page.hasPicture, page.pictureFile);
+        ShowPicture();
     } catch (const RuntimeError& error) {
         m_context.dialogs.MessageBox(error.Description() + u"\r\n\r\n"_s + kImageFailure, kBoxCritical);
     }
 }
 
-void frmPeople::ShowPicture(bool isSet, const QString& file)
+void frmPeople::ShowPicture()
 {
-    m_ui->CmdImage->setText(isSet ? tr("Change I&mage") : tr("Set I&mage"));
-    if (file.isEmpty())
-        m_ui->Image1->Clear();
+    ShownPicture picture;
+    try {
+        if (m_actorId != 0)
+            picture = ReadPicture(Portrait(m_actorId), AppPath() + u"/imagetemp"_s, m_context.state.skin, m_catalogPath);
+    } catch (const RuntimeError&) {
+        // The rest of the person is of use without it; the place of the picture says that it cannot be shown.
+        picture = {true, true, QString()};
+    }
+    m_ui->CmdImage->setText(picture.isThere ? tr("Change I&mage") : tr("Set I&mage"));
+    if (picture.isSet)
+        m_ui->Image1->SetPicture(picture.file);
     else
-        m_ui->Image1->SetPicture(file);
+        m_ui->Image1->Clear();
 }
 
 void frmPeople::ShowActorsBeside(FilmId movieId)
