@@ -18,6 +18,8 @@ namespace {
 const QString kImageFilter = u"All Image Files (*.jpg, *.gif)| *.jpg;*.gif|All Files (*.*)|*.*|"_s;
 const QString kImageFailure = u"An Error Has Occured, Kelvado will now be closed"_s;
 
+constexpr int kCharacterChars = 20;
+
 std::vector<TableRow> FilmRows(const std::vector<PersonFilm>& films)
 {
     std::vector<TableRow> rows;
@@ -84,7 +86,8 @@ void frmPeople::SetUpFilms(QTreeView& list, TableRows& films, QTreeView& other)
 {
     list.setModel(&films);
     list.header()->setStretchLastSection(false);
-    list.header()->setSectionResizeMode(QHeaderView::Stretch);
+    list.header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    list.header()->resizeSection(1, kCharacterChars * fontMetrics().averageCharWidth());
     connect(list.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, &films, &other](const QItemSelection& selected) {
         if (selected.isEmpty())
             return;
