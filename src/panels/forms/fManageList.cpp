@@ -19,14 +19,13 @@ namespace {
 struct ToolButton
 {
     const char* key;
-    const char* picture;
     const char* caption;
     const char* toolTip;
 };
 constexpr ToolButton kButtons[] = {
-    {"Add", "AddManual", QT_TRANSLATE_NOOP("fManageList", "&Add"), QT_TRANSLATE_NOOP("fManageList", "Add an entry (Ins)")},
-    {"Edit", "Edit", QT_TRANSLATE_NOOP("fManageList", "&Edit"), QT_TRANSLATE_NOOP("fManageList", "Edit the selected entry (Enter)")},
-    {"Delete", "Delete", QT_TRANSLATE_NOOP("fManageList", "&Delete"), QT_TRANSLATE_NOOP("fManageList", "Delete the selected entry (Del)")},
+    {"Add", QT_TRANSLATE_NOOP("fManageList", "&Add"), QT_TRANSLATE_NOOP("fManageList", "Add an entry (Ins)")},
+    {"Edit", QT_TRANSLATE_NOOP("fManageList", "&Edit"), QT_TRANSLATE_NOOP("fManageList", "Edit the selected entry (Enter)")},
+    {"Delete", QT_TRANSLATE_NOOP("fManageList", "&Delete"), QT_TRANSLATE_NOOP("fManageList", "Delete the selected entry (Del)")},
 };
 
 } // namespace
@@ -70,8 +69,9 @@ fManageList::~fManageList()
 void fManageList::AddButtons()
 {
     for (const ToolButton& button : kButtons) {
-        m_ui->toolMain->Add(SkinToolbarPictures(m_skinner.Skin(), QString::fromLatin1(button.picture), devicePixelRatioF()),
-                            ctxToolbar::Style::Button, QString::fromLatin1(button.key), tr(button.caption), tr(button.toolTip));
+        const QString key = QString::fromLatin1(button.key);
+        m_ui->toolMain->Add(SkinToolbarPictures(m_skinner.Skin(), key, devicePixelRatioF()), ctxToolbar::Style::Button, key,
+                            tr(button.caption), tr(button.toolTip));
     }
     if (m_skinner.Values().progressFront.isValid())
         m_ui->toolMain->SetSelectionColor(m_skinner.Values().progressFront);
