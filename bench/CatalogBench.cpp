@@ -8,6 +8,8 @@
 #include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
+#include "panels/forms/frmEditAddChar.h"
+#include "panels/forms/frmPeople.h"
 #include "store/CaseBlind.h"
 #include "store/CatalogTemplate.h"
 #include "store/FilmLinks.h"
@@ -18,10 +20,11 @@
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <QTreeView>
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -313,6 +316,59 @@ void RecountStatus(benchmark::State& state)
         texts.Recount(catalog);
 }
 
+// The person with the most films, until the panel is painted; then a film of the largest cast is chosen, which gets 300 actors first.
+void OpenPerson(benchmark::State& state)
+{
+    Browser browser;
+    const QString copy = g_folder + u"/people.kvd"_s;
+    QFile::remove(copy);
+    QFile::copy(browser.state.CatalogPath(), copy);
+    browser.state.comDiagFile.fileName = copy;
+    Connection connection = OpenCatalog(copy);
+    Recordset most;
+    most.Open(u"SELECT Actor_ID, Count(*) AS Films FROM ActorLink GROUP BY Actor_ID ORDER BY Count(*) DESC LIMIT 1"_s, connection);
+    const qint64 person = most.Integer(0);
+    state.counters["films"] = most.Number(1);
+    most.Close();
+    connection.Execute(u"INSERT INTO ActorLink (Movie_ID, Actor_ID) SELECT (SELECT Movie_ID FROM ActorLink WHERE Actor_ID = ? LIMIT 1), "
+                       "Actor_ID FROM Actor LIMIT 300"_s,
+                       {Value(person)});
+    connection.Close();
+
+    ScriptedDialogs dialogs;
+    frmPeople panel({browser.state, dialogs, browser.shell});
+    panel.resize(900, 620);
+    panel.show();
+    const auto* films = panel.findChild<QTreeView*>(u"lstFHave"_s);
+    const auto* beside = panel.findChild<QTreeView*>(u"lstPeople"_s);
+    double slowestChoice = 0;
+    for ([[maybe_unused]] const auto round : state) {
+        panel.Actor_Edit_Page(person);
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        QElapsedTimer timer;
+        timer.start();
+        films->selectionModel()->setCurrentIndex(films->model()->index(0, 0),
+                                                 QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        QCoreApplication::processEvents();
+        slowestChoice = std::max(slowestChoice, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+        state.ResumeTiming();
+    }
+    state.counters["beside"] = beside->model()->rowCount();
+    state.counters["beside_ms"] = slowestChoice;
+}
+
+// The window that adds an actor to a film, with all people of the catalog, until it is painted.
+void ChoosePerson(benchmark::State& state)
+{
+    const QString catalog = BuiltCatalog();
+    for ([[maybe_unused]] const auto round : state) {
+        frmEditAddChar window(PersonKinds()[0], catalog, nullptr);
+        window.show();
+        QCoreApplication::processEvents();
+    }
+}
+
 BENCHMARK(StoreFilms)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(StoreFilmsBare)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(ReadFilms)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
@@ -323,6 +379,8 @@ BENCHMARK(FillFiltered)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAg
 BENCHMARK(RecountStatus)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
 BENCHMARK(MatchNames)->Iterations(5000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ExpandFilm)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
+BENCHMARK(OpenPerson)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
+BENCHMARK(ChoosePerson)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 
 // Keeps the medians (or the single run) by name, for the table of ratios.
 class MedianKeeper : public benchmark::ConsoleReporter
@@ -343,7 +401,10 @@ public:
 
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
+    // The panels are measured without a display.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     if (argc != 2 && argc != 3) {
         std::fprintf(stderr, "usage: catalog_bench FILMS.jsonl [FOLDER] [benchmark flags]\n");

@@ -74,22 +74,22 @@ std::optional<SectionView> SectionTabs::Choose(const QString& section, const std
 
 void SectionTabs::AskAboutChanges()
 {
-    if (m_state.CurrentSection == kActorInfo)
-        AskAbout(m_person);
-    if (m_state.CurrentSection == kMovieEdit)
-        AskAbout(m_film);
+    if (m_state.CurrentSection == kActorInfo && m_person)
+        kelvado::AskAboutChanges(*m_person, m_dialogs);
+    if (m_state.CurrentSection == kMovieEdit && m_film)
+        kelvado::AskAboutChanges(*m_film, m_dialogs);
 }
 
-void SectionTabs::AskAbout(EditPanel* panel)
+void AskAboutChanges(EditPanel& panel, Dialogs& dialogs)
 {
-    if (!panel || !panel->HasChanges())
+    if (!panel.HasChanges())
         return;
-    const QString name = panel->Name();
+    const QString name = panel.Name();
     const QString question = u"You Have Made Changes To "_s + name + u".  Do You Want To Save These Changes?"_s;
-    if (m_dialogs.MessageBox(question, kBoxYesNo, kEditTitle) == kAnswerYes)
-        panel->Save();
+    if (dialogs.MessageBox(question, kBoxYesNo, kEditTitle) == kAnswerYes)
+        panel.Save();
     else
-        m_dialogs.MessageBox(u"Changed To "_s + name + u" Have Been Disregarded."_s, kBoxPlain, kEditTitle);
+        dialogs.MessageBox(u"Changed To "_s + name + u" Have Been Disregarded."_s, kBoxPlain, kEditTitle);
 }
 
 } // namespace kelvado

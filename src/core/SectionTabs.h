@@ -32,6 +32,10 @@ public:
     virtual void Save() = 0;
 };
 
+/// Asks whether changes of the panel that are not saved are to be saved, and does so. Without any, nothing happens. Raises what saving
+/// raises.
+void AskAboutChanges(EditPanel& panel, Dialogs& dialogs);
+
 /// What the window is to show once a section was chosen.
 struct SectionView
 {
@@ -60,8 +64,6 @@ public:
     void AskAboutChanges();
 
 private:
-    void AskAbout(EditPanel* panel);
-
     AppState& m_state;
     Dialogs& m_dialogs;
     EditPanel* m_film = nullptr;

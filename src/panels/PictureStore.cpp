@@ -49,11 +49,11 @@ ShownPicture ReadPicture(const PictureSlot& slot, const QString& basePath, const
     try {
         QString path = basePath;
         MakeDirs(QFileInfo(basePath).path());
-        return {true, ExportImageFile(path, QString::number(imageId), connection)};
+        return {true, true, ExportImageFile(path, QString::number(imageId), connection)};
     } catch (const RuntimeError& error) {
         if (error.Number() != kErrNoCurrentRecord)
             throw;
-        return {true, FindFileCaseBlind(SkinFolder(skin), u"No Image.jpg"_s)};
+        return {true, false, FindFileCaseBlind(SkinFolder(skin), u"No Image.jpg"_s)};
     }
 }
 

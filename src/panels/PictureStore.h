@@ -19,8 +19,9 @@ PictureSlot Portrait(qint64 actorId);
 /// A picture as a panel shows it.
 struct ShownPicture
 {
-    bool isSet = false; ///< the row names a picture
-    QString file;       ///< empty where it names none; the skin's "No Image.jpg" where the picture's own row is missing
+    bool isSet = false;   ///< the row names a picture
+    bool isThere = false; ///< and the catalog holds it
+    QString file;         ///< empty where the row names none; the skin's "No Image.jpg" where the catalog lacks it
 };
 
 /// Writes the picture of a row to `basePath` and a dot and the picture's kind. Raises `kErrNoCurrentRecord` where the row that owns the

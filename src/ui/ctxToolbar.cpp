@@ -1,6 +1,8 @@
 #include "ui/ctxToolbar.h"
 
+#include "core/Literals.h"
 #include "core/RuntimeError.h"
+#include "ui/SkinPictures.h"
 
 #include <QBitmap>
 #include <QHBoxLayout>
@@ -18,6 +20,16 @@ constexpr int kCaptionGap = 4;
 constexpr int kCornerRadius = 4;
 
 } // namespace
+
+ToolbarPictures SkinToolbarPictures(const QString& skin, const QString& key, qreal scale)
+{
+    const auto load = [&](QLatin1StringView ending) { return LoadSkinPicture(skin, u"Toolbar/"_s + key + ending, scale); };
+    try {
+        return {load(".png"_L1), load("-over.png"_L1), load("-down.png"_L1), load("-disabled.png"_L1)};
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
 
 class ctxToolbar::Button : public QAbstractButton
 {

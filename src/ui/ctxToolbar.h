@@ -18,6 +18,9 @@ struct ToolbarPictures
     QPixmap plain, over, down, disabled;
 };
 
+/// The pictures of the skin for a button of a window's tool bar; none where the skin lacks one of them, so that the captions stand alone.
+ToolbarPictures SkinToolbarPictures(const QString& skin, const QString& key, qreal scale);
+
 /// A flat row of picture buttons and separators, each with a key. Buttons count from 1, separators among them. Every button can be
 /// reached and pressed by keyboard.
 class ctxToolbar : public QWidget

@@ -78,7 +78,7 @@ TEST_F(PaintedSkin, HasEveryPictureThatIsAskedForAndItsTwinInDoubleSize)
         {"skin/Searchbar/%1.BMP", pieces, "", 36, true},
         {"skin/Searchbar/%1%2.BMP", "ToolIMDB ToolDVDEmp ToolManual", "|Sel", 36, true},
         {"skin/Toolbar/%1%2.png",
-         "Back Forward New Open Save Print Refresh AddFilter Delete AddIMDb AddDVDEmp AddManual CheckOut CheckIn Edit",
+         "Back Forward New Open Save Print Refresh AddFilter Delete AddIMDb AddDVDEmp AddManual CheckOut CheckIn Add Edit",
          "|-over|-down|-disabled", 24, true},
         {"skin/Tree/%1.png", "1 2 3 4 5 6 7 8 9 10 11 12 13", "", 16, true},
         {"skin/ratings/%1.Gif", "NA G PG PG-13 R NC-17", "", 48, false},

@@ -4,7 +4,6 @@
 #include "core/Literals.h"
 #include "loans/LoanActions.h"
 #include "loans/forms/fLoanAdd.h"
-#include "ui/SkinPictures.h"
 #include "ui/Skinner.h"
 #include "ui/ctxToolbar.h"
 #include "ui_fLoan.h"
@@ -33,18 +32,6 @@ constexpr ToolButton kButtons[] = {
 };
 
 constexpr int kColumnChars[kLoanColumns] = {30, 16, 12, 12, 12, 20};
-
-ToolbarPictures PicturesOf(const QString& key, const Skinner& skinner, qreal scale)
-{
-    const auto load = [&](const char* ending) {
-        return LoadSkinPicture(skinner.Skin(), u"Toolbar/"_s + key + QLatin1StringView(ending), scale);
-    };
-    try {
-        return {load(".png"), load("-over.png"), load("-down.png"), load("-disabled.png")};
-    } catch (const RuntimeError&) {
-        return {}; // a skin may lack these: the captions stand alone
-    }
-}
 
 } // namespace
 
@@ -84,8 +71,8 @@ void fLoan::AddButtons(const Skinner& skinner)
 {
     for (const ToolButton& button : kButtons) {
         const QString key = QString::fromLatin1(button.key);
-        m_ui->toolMain->Add(PicturesOf(key, skinner, devicePixelRatioF()), ctxToolbar::Style::Button, key, tr(button.caption),
-                            tr(button.toolTip));
+        m_ui->toolMain->Add(SkinToolbarPictures(skinner.Skin(), key, devicePixelRatioF()), ctxToolbar::Style::Button, key,
+                            tr(button.caption), tr(button.toolTip));
     }
     if (skinner.Values().progressFront.isValid())
         m_ui->toolMain->SetSelectionColor(skinner.Values().progressFront);

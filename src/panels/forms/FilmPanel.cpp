@@ -335,7 +335,7 @@ void FilmPanel::LoadTicks()
         list.setCurrentRow(0);
     };
     fill(*m_ui->lstGenre, kGenre);
-    if (m_ui->lstFeatures->isVisibleTo(this))
+    if (!m_ui->lstFeatures->isHidden())
         fill(*m_ui->lstFeatures, kFeature);
     m_ui->cmdDelGenre->setEnabled(m_ui->lstGenre->count() > 0);
 }
