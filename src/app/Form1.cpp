@@ -118,9 +118,9 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     m_browseMenus = std::make_unique<BrowseMenus>(BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_catalog->Model(),
                                                                        *m_ui->TreeView1, m_skinner, [this] { ApplyMenuRules(); }});
     m_statusBar = std::make_unique<StatusBar>(m_state, dialogs, m_menus, m_skinner, *m_ui->StatusCells);
-    m_webMenus = std::make_unique<WebMenus>(WebMenus::Context{*this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_skinner,
-                                                              *m_ui->picGrabSelect, *m_ui->FormScroll, [this] { return SelectedNode(); },
-                                                              [this](const QUrl& address) { OpenOutside(address); }});
+    m_webMenus = std::make_unique<WebMenus>(WebMenus::Context{
+        *this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_catalog->Model(), m_skinner, *m_ui->picGrabSelect,
+        *m_ui->FormScroll, [this] { return SelectedNode(); }, [this](const QUrl& address) { OpenOutside(address); }});
 }
 
 Form1::~Form1()

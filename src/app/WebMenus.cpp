@@ -10,6 +10,7 @@
 #include "web/forms/frmAddSingleIMDb.h"
 #include "web/forms/frmImportIMDb.h"
 #include "web/mWeb.h"
+#include "web/retrieval/IMDBActor.h"
 #include "web/retrieval/mIMDB.h"
 
 #include <QMenu>
@@ -25,11 +26,15 @@ constexpr QLatin1StringView kFilmSite = "IMDB"_L1;
 WebMenus::WebMenus(const Context& context)
     : m_context(context), m_web(ReadNetworkLimits(SettingsFile()), context.dialogs),
       m_progress(context.window, context.dialogs, [&skinner = context.skinner](QWidget& window) { skinner.SkinForm(window); }),
-      m_desk{context.state, context.shell, context.dialogs, context.events, m_web, m_progress, {}, false}
+      m_desk{context.state, context.shell, context.dialogs, context.events, m_web, m_progress, {}, false},
+      m_actorWindows(context.window,
+                     {[&skinner = context.skinner](QWidget& window) { skinner.SkinForm(window); }, [this] { CancelJob(m_desk); },
+                      [this](const QString& link) { Visit(PersonQueryAddress(link, ReadWebHosts(SettingsFile()))); }})
 {
     m_progress.SetAskCancel([this] { return AskCancelRetrieval(m_desk); });
     Connect("mnuUpdateMovieInfo", [this] { OnUpdateMovieInfo(); });
     Connect("mnuMovieRetrieve", [this] { OnMovieRetrieve(); });
+    Connect("mnuActorRetreive", [this] { RetrieveSelectedPerson(); });
     Connect("mnuImportIMDb", [this] { OnImport(); });
     Connect("mnuHelpUpdate", [this] { OnHelpUpdate(); });
     for (const char* entry : {"mnuImdbVisit", "mnuImdbVisitV"})
@@ -110,6 +115,21 @@ void WebMenus::OnMovieRetrieve()
         });
     }
     m_retrieveWindow->Open(m_context.tree.Selected().data().toString(), *film);
+}
+
+bool WebMenus::RetrieveSelectedPerson()
+{
+    const std::optional<NodeRef> node = m_context.selectedNode();
+    if (!node || node->tag != kTagActor || !TreeIsCurrent(m_context.state, m_context.shell))
+        return false;
+    const std::optional<FetchTurn> turn = TakeTurn(m_desk);
+    if (!turn)
+        return false;
+    const qint64 actor = KeyPart(node->key, 1).toLongLong();
+    if (!RunActorRetrieval(actor, m_desk, m_actorWindows))
+        return false;
+    m_context.catalog.SetRetrieved(actor);
+    return true;
 }
 
 void WebMenus::OnImport()

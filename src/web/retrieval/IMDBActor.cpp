@@ -209,9 +209,9 @@ ActorDetails Retrieval::ReadPersonPage() const
 std::optional<ActorDetails> Retrieval::Run(const QString& storedLink)
 {
     m_chosenLink = storedLink;
-    if (!FetchPersonPage() || (IsMatchingNamesPage(m_pageText) && !ChooseActorMatch()))
-        return std::nullopt;
     try {
+        if (!FetchPersonPage() || (IsMatchingNamesPage(m_pageText) && !ChooseActorMatch()))
+            return std::nullopt;
         ActorDetails details = ReadPersonPage();
         if (!Fetch(BiographyAddress(m_chosenLink, m_hosts)))
             return std::nullopt;

@@ -13,7 +13,8 @@ namespace kelvado {
 class PersonWindows : public JobWindow
 {
 public:
-    /// The place of the person who is meant; nothing where the user leaves without a choice. The waiting window is open again behind it.
+    /// The place of the person who is meant; nothing where the user leaves without a choice. With one, the waiting window
+    /// is open again.
     virtual std::optional<qsizetype> ChooseMatch(const QList<ActorMatch>& matches) = 0;
 };
 
