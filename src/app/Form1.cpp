@@ -333,10 +333,10 @@ void Form1::ShowSelection()
     if (!node)
         return;
     TakeId();
-    if (m_state.CurrentSection == kMovieList && node->tag == kTagFilm)
-        return ShowFilmPage(*node);
+    if (m_state.CurrentSection == kMovieList && node->tag != kTagGroup)
+        return ShowPageOf(*node);
     ApplyMenuRules();
-    if (m_state.CurrentSection == kMovieList && node->tag == kTagGroup)
+    if (m_state.CurrentSection == kMovieList)
         ShowBlankPage();
     else if (m_state.CurrentSection == kActorInfo && node->tag == kTagFilm)
         ShowSection(kMovieEdit);
@@ -484,12 +484,35 @@ void Form1::ShowBlankPage()
 }
 
 // The catalog is opened once for the menus and the page.
-void Form1::ShowFilmPage(const NodeRef& film)
+void Form1::ShowPageOf(const NodeRef& node)
 {
     Connection catalog = OpenCatalog(m_state.CatalogPath());
-    m_selection = ReadSelectionFacts(film, catalog);
+    m_selection = ReadSelectionFacts(node, catalog);
     ApplyFacts();
-    Open(m_pages.FilmPage(film.key, catalog));
+    if (node.tag == kTagFilm)
+        return Open(m_pages.FilmPage(node.key, catalog));
+    const auto valueInTree = [&tree = m_catalog->Model()](FilmId film) {
+        const QModelIndex place = tree.FindFilm(film);
+        return place.isValid() ? std::optional(ValueOfKey(tree.Key(place))) : std::nullopt;
+    };
+    Open(m_pages.PersonPage(KeyPart(node.key, 1).toLongLong(), catalog, valueInTree));
+}
+
+// A page's message ends a value at its first colon.
+void Form1::GoTo(const QString& key)
+{
+    const CatalogModel& tree = m_catalog->Model();
+    QModelIndex node = tree.Find(key);
+    if (!node.isValid()) {
+        const QModelIndex film = tree.FindFilm(FilmOfKey(key));
+        if (tree.Key(film).startsWith(key.chopped(1) + u':', Qt::CaseInsensitive))
+            node = film;
+    }
+    if (!node.isValid())
+        throw RuntimeError::WithDetail(kErrElementNotFound,
+                                       u"the tree does not show it; another sort, the view or a filter leaves it out"_s);
+    m_catalog->Select(tree.Key(node));
+    ShowSelection();
 }
 
 void Form1::ShowCreditsPage(FilmId movieId)
@@ -569,10 +592,7 @@ void Form1::OnPageClick(const PageClick& click)
     const PageAction action = ActionOfClick(click);
     switch (action.kind) {
     case PageAction::Kind::GoTo:
-        if (!IsInTree(action.text))
-            throw RuntimeError(kErrElementNotFound);
-        m_catalog->Select(action.text);
-        ShowSelection();
+        GoTo(action.text);
         break;
     case PageAction::Kind::Credits:
         ShowCreditsPage(action.film);

@@ -101,7 +101,8 @@ private:
 
     std::optional<NodeRef> SelectedNode() const;
     void ApplyFacts();
-    void ShowFilmPage(const NodeRef& film);
+    void ShowPageOf(const NodeRef& node);
+    void GoTo(const QString& key);
     void TakeId();
     void Show(const SectionView& view);
     void ShowPanel(QWidget* panel);
