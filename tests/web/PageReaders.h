@@ -4,6 +4,7 @@
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
 #include "web/readers/WebText.h"
+#include "web/readers/mIMDBActorParse.h"
 #include "web/readers/mIMDBAmazon.h"
 #include "web/readers/mIMDBCompaniesParse.h"
 #include "web/readers/mIMDBCreditsParse.h"
