@@ -18,6 +18,7 @@ namespace kelvado {
 class FilmPanel;
 class Form3;
 class frmAddManual;
+class frmPeople;
 
 /// Owns the editing panels, puts them into the window and connects the menu entries around them.
 class EditMenus : public QObject
@@ -35,6 +36,12 @@ public:
         ScrollingImage& host;
         std::function<void(const QString& key)> selectNode;
         std::function<void(const QUrl& address)> openOutside;
+        /// Shows a film's page in the list of films.
+        std::function<void(FilmId movieId)> openFilm;
+        /// Fetches a person's data from the film site; false where nothing came of it.
+        std::function<bool(qint64 actorId)> retrieve;
+        std::function<void(const QString& number)> visitFilm;
+        std::function<void(qint64 actorId, const QString& name)> renameActor;
     };
     explicit EditMenus(const Context& context);
     ~EditMenus() override;
@@ -46,23 +53,29 @@ public:
     /// Stores what is unsaved in the panel of `section`, without a question. Where that fails, the tree's selection goes back to what the
     /// panel shows, and the failure is raised.
     void SaveFirst(const QString& section);
-    /// After the tree was filled: a panel whose film or person is gone, or belongs to another catalog, is emptied. Unsaved changes of
-    /// another catalog are asked about first.
-    void AfterFill();
+    /// After the tree was filled: a panel whose film or person is gone, or belongs to another catalog, is emptied.
+    void ClearGone();
+    /// Whether the panel of `section` shows a film or person.
+    bool ShowsAny(const QString& section) const;
     /// The panel in which a film is entered by hand, ready for use.
     QWidget* ManualPanel();
 
 private:
     Form3& FilmEditor();
+    frmPeople& PersonEditor();
+    void OnRetrieve();
+    void ManageList(const char* table);
+    void Connect(const char* entry, std::function<void()> handler);
     void ConnectPeople(FilmPanel& panel);
     void OnPersonEntry(const char* entry, void (FilmPanel::*handler)());
     void ShowPersonMenu(FilmPanel& panel, const QPoint& place);
 
     Context m_context;
     QPointer<Form3> m_film; ///< the window may take its panels along
+    QPointer<frmPeople> m_person;
     QPointer<frmAddManual> m_manual;
-    QPointer<FilmPanel> m_menuOf; ///< the panel that the menu of people was opened for
-    QString m_filmKey;            ///< the node of the film on show
+    QPointer<FilmPanel> m_menuOf;   ///< the panel that the menu of people was opened for
+    QString m_filmKey, m_personKey; ///< the nodes of the film and the person on show
 };
 
 } // namespace kelvado

@@ -101,9 +101,14 @@ private:
     void LayOutPanes();
     void SaveSettings();
 
+    /// Whether the section is one of the editing panels.
+    bool IsEditing() const;
     std::optional<NodeRef> SelectedNode() const;
     void ApplyFacts();
-    void ShowFilmPage(const NodeRef& film);
+    void ShowPageOf(const NodeRef& node);
+    void GoTo(const QString& key);
+    /// Shows a film's page in the list of films, where the tree has it.
+    void OpenFilm(FilmId movieId);
     void TakeId();
     void ChooseSection(const QString& section);
     void Show(const SectionView& view);

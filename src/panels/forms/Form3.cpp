@@ -79,7 +79,7 @@ void Form3::Clear()
 
 void Form3::ClearIfGone()
 {
-    if (m_film && !FilmExists(*m_film, m_catalogPath))
+    if (m_film && (m_catalogPath != m_context.state.CatalogPath() || !FilmExists(*m_film, m_catalogPath)))
         Clear();
 }
 

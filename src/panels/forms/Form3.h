@@ -22,11 +22,9 @@ public:
     void Edit_Update(FilmId movieId);
     /// The film on show; nothing where the panel is empty.
     std::optional<FilmId> Film() const { return m_film; }
-    /// The catalog that the panel was filled from.
-    const QString& CatalogPath() const { return m_catalogPath; }
     /// Empties the panel and turns it off.
     void Clear();
-    /// The same where the film on show is no longer in the catalog.
+    /// The same where the film on show is no longer in the catalog, or another catalog is open.
     void ClearIfGone();
 
     // EditPanel

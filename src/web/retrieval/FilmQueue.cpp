@@ -174,7 +174,7 @@ std::optional<JobResult> RunAdding(QList<Row>& rows, const std::function<BatchFi
         desk.progress.Close();
         TellResult(result, desk.dialogs);
     };
-    RunJob(desk, [&] { Afterwards(add, [&] { desk.shell.ShowWorking(false); }); });
+    RunJob(desk, desk.progress, [&] { Afterwards(add, [&] { desk.shell.ShowWorking(false); }); });
     return result;
 }
 
