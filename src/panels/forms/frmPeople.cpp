@@ -18,7 +18,7 @@ namespace {
 const QString kImageFilter = u"All Image Files (*.jpg, *.gif)| *.jpg;*.gif|All Files (*.*)|*.*|"_s;
 const QString kImageFailure = u"An Error Has Occured, Kelvado will now be closed"_s;
 
-constexpr int kCharacterChars = 20;
+constexpr int kCharacterChars = 16;
 
 std::vector<TableRow> FilmRows(const std::vector<PersonFilm>& films)
 {
