@@ -219,8 +219,12 @@ TEST(PictureBoxes, OnlyAPictureIsTakenAndNeverMoved)
     ASSERT_EQ(chosen.size(), 1);
     box.SetPicture(chosen[0][0].toString());
     EXPECT_TRUE(box.HasPicture());
-    box.SetPicture(home.Path(u"a.txt"_s));
-    EXPECT_FALSE(box.HasPicture());
+    QImage(7000, 7000, QImage::Format_Mono).save(home.Path(u"huge.png"_s)); // a few kilobytes that unpack to 196 MB
+    home.Write(u"drawing.jpg"_s, R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"><rect width="5" height="5"/></svg>)");
+    for (const QString& name : {u"a.txt"_s, u"huge.png"_s, u"drawing.jpg"_s, u"gone.png"_s}) {
+        box.SetPicture(home.Path(name));
+        EXPECT_FALSE(box.HasPicture()) << name.toStdString();
+    }
 }
 
 } // namespace

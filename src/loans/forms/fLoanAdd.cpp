@@ -3,6 +3,7 @@
 #include "core/Guard.h"
 #include "ui_fLoanAdd.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QLineEdit>
 
