@@ -15,7 +15,8 @@ class PersonPanel : public PanelFixture
 protected:
     PersonPanel()
     {
-        catalog.Run("UPDATE Actor SET BirthName = 'Z&#246;e', BirthLocation = 'Rome', Biography = 'Long.', IsRetreived = 1,"
+        catalog.Run("UPDATE Actor SET BirthName = 'Z&#246;e', BirthLocation = 'Rome', Biography = 'Lo' || char(13, 10) || 'ng.',"
+                    "IsRetreived = 1, IMDB_LINK = 'nm1',"
                     "Film_History = 'Alien (1979)' || char(13, 10) || '0078748|Caf&#233; &#124; Bar (1990)' || char(13, 10) || '0000007|' "
                     "WHERE Actor_ID = 1");
     }
@@ -59,7 +60,7 @@ protected:
 TEST_F(PersonPanel, ShowsThePersonDecodedWithAllFilms)
 {
     EXPECT_EQ(Box("txtBirthName"), u"Zöe"_s);
-    EXPECT_EQ(Find<QPlainTextEdit>("txtBio").toPlainText(), u"Long."_s);
+    EXPECT_EQ(Find<QPlainTextEdit>("txtBio").toPlainText(), u"Lo\nng."_s);
     EXPECT_EQ(Rows("lstFHave"), QStringList({u"Alien|Queen"_s, u"Alien|Twin"_s}));
     EXPECT_EQ(Rows("lstFWant"), QStringList({u"Diva|Zoe"_s}));
     EXPECT_EQ(Rows("lstHistory"), QStringList({u"Alien (1979)"_s, u"Café | Bar (1990)"_s}));
@@ -105,7 +106,7 @@ TEST_F(PersonPanel, EveryFieldIsSavedAndShowsWhatTheCatalogThenHolds)
     QSignalSpy stored(&panel, &frmPeople::PersonStored);
     QTest::keyClick(&panel, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(dialogs.boxes, QList<ScriptedDialogs::Box>({{u"Actor Information saved successfully."_s, kBoxPlain, QString()}}));
-    EXPECT_EQ(Row(), u"Zoe O'More|Zöe|1 May|Rome|Long.|"_s + QString(100, u'1') + u"|1"_s);
+    EXPECT_EQ(Row(), u"Zoe O'More|Zöe|1 May|Rome|Lo\r\nng.|"_s + QString(100, u'1') + u"|1"_s);
     EXPECT_EQ(Row(3), others);
     EXPECT_EQ(Box("txtName") + u'|' + Box("txtBirthLocation"), u"Zoe O'More|Rome"_s);
     EXPECT_FALSE(panel.HasChanges());
