@@ -183,9 +183,9 @@ void PictureBox::contextMenuEvent(QContextMenuEvent* event)
 
 void PictureBox::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!HoldsPicture(event->mimeData()))
+    // Never a move, after which the file would be gone from its place.
+    if (!event->possibleActions().testFlag(Qt::CopyAction) || !HoldsPicture(event->mimeData()))
         return;
-    // Never a move: the file stays where it is.
     event->setDropAction(Qt::CopyAction);
     event->accept();
     m_isTarget = true;

@@ -126,7 +126,7 @@ TEST_F(PersonPanel, ARetrievalAsksAboutChangesFirst)
     dialogs.answers << kAnswerYes;
     Find<QPushButton>("cmdRetreive").click();
     EXPECT_EQ(retrieve.size(), 1);
-    EXPECT_EQ(dialogs.boxes[0].text, u"You Have Made Changes To Zoe Moor.  Do You Want To Save These Changes?"_s);
+    EXPECT_EQ(dialogs.Texts().value(0), u"You Have Made Changes To Zoe Moor.  Do You Want To Save These Changes?"_s);
     EXPECT_EQ(catalog.Ask("SELECT Height FROM Actor WHERE Actor_ID = 1"), u"6 ft"_s);
 }
 
@@ -135,7 +135,7 @@ TEST_F(PersonPanel, APersonWhoIsGoneLeavesAnEmptyPanelAndAFailedSaveLosesNothing
     Find<QLineEdit>("txtHeight").setText(u"6 ft"_s);
     catalog.Run("DELETE FROM Actor WHERE Actor_ID = 1");
     Find<QPushButton>("cmdSave").click();
-    EXPECT_TRUE(dialogs.boxes[0].text.contains(u"This person is no longer in the catalog"_s));
+    EXPECT_TRUE(dialogs.Texts().value(0).contains(u"This person is no longer in the catalog"_s));
     EXPECT_EQ(Box("txtHeight"), u"6 ft"_s);
     EXPECT_TRUE(panel.HasChanges());
     EXPECT_EQ(ErrorOf([&] { return panel.Actor_Edit_Page(1), 0; }), kErrNoCurrentRecord);
@@ -191,7 +191,7 @@ TEST_F(PersonPanel, APictureIsStoredAtOnceWhicheverWayItCame)
     catalog.Run("CREATE TRIGGER stop BEFORE INSERT ON Images BEGIN SELECT RAISE(FAIL, 'stop'); END");
     dialogs.files << home.Path(u"red.png"_s);
     button.click();
-    EXPECT_TRUE(dialogs.boxes.last().text.contains(u"An Error Has Occured, Kelvado will now be closed"_s));
+    EXPECT_TRUE(dialogs.Texts().value(1).contains(u"An Error Has Occured, Kelvado will now be closed"_s));
     EXPECT_TRUE(panel.isVisible());
 }
 
@@ -202,20 +202,22 @@ TEST(PictureBoxes, OnlyAPictureIsTakenAndNeverMoved)
     QImage(4000, 20, QImage::Format_RGB32).save(home.Path(u"wide.png"_s));
     PictureBox box;
     QSignalSpy chosen(&box, &PictureBox::FileChosen);
-    const auto drop = [&](const QString& name) {
+    const auto drop = [&](const QString& name, Qt::DropActions offered) {
         QMimeData files;
         files.setUrls({QUrl::fromLocalFile(home.Path(name))});
-        QDragEnterEvent enter({5, 5}, Qt::MoveAction | Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+        QDragEnterEvent enter({5, 5}, offered, &files, Qt::LeftButton, Qt::NoModifier);
         enter.setAccepted(false);
         QApplication::sendEvent(&box, &enter);
         if (!enter.isAccepted())
             return Qt::IgnoreAction;
-        QDropEvent event({5, 5}, Qt::MoveAction | Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent event({5, 5}, offered, &files, Qt::LeftButton, Qt::NoModifier);
+        event.setDropAction(Qt::MoveAction); // what a file manager proposes
         QApplication::sendEvent(&box, &event);
         return event.dropAction();
     };
-    EXPECT_EQ(drop(u"a.txt"_s), Qt::IgnoreAction);
-    EXPECT_EQ(drop(u"wide.png"_s), Qt::CopyAction);
+    EXPECT_EQ(drop(u"a.txt"_s, Qt::CopyAction), Qt::IgnoreAction);
+    EXPECT_EQ(drop(u"wide.png"_s, Qt::MoveAction), Qt::IgnoreAction);
+    EXPECT_EQ(drop(u"wide.png"_s, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
     QCoreApplication::processEvents();
     ASSERT_EQ(chosen.size(), 1);
     box.SetPicture(chosen[0][0].toString());
