@@ -50,6 +50,9 @@ PersonPage Actor_Edit_Page(qint64 actorId, const QString& catalogPath)
         page.limits[i] = field.DefinedSize();
     }
     page.history = ReadFilmHistory(FieldString(u"Film_History"_s, person));
+    for (HistoryFilm& film : page.history)
+        film.title = DecodeEntities(film.title);
+    page.isOnSite = !person[u"IMDB_LINK"].IsNull();
     ReadFilms(page, actorId, connection);
     return page;
 }

@@ -29,6 +29,7 @@ struct PersonPage
     PersonTexts texts;
     std::array<qsizetype, kPersonFields> limits{}; ///< the most characters that each field's column takes
     QList<HistoryFilm> history;
+    bool isOnSite = false; ///< the person's page at the film site is known
     std::vector<PersonFilm> have, want;
 };
 

@@ -45,7 +45,7 @@ void ChoiceBox::SetRows(std::vector<Choice> rows)
     clearEditText();
 }
 
-std::optional<qint64> ChoiceBox::Chosen() const
+std::optional<Choice> ChoiceBox::Chosen() const
 {
     const QString text = currentText();
     if (text.isEmpty())
@@ -53,7 +53,7 @@ std::optional<qint64> ChoiceBox::Chosen() const
     int row = currentIndex();
     if (row < 0 || itemText(row).compare(text, Qt::CaseInsensitive) != 0)
         row = findText(text, Qt::MatchFixedString);
-    return row < 0 ? std::nullopt : std::optional(itemData(row).toLongLong());
+    return row < 0 ? std::nullopt : std::optional(Choice{itemText(row), itemData(row).toLongLong()});
 }
 
 } // namespace kelvado

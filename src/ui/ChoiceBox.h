@@ -17,9 +17,9 @@ public:
 
     /// Nothing is chosen afterwards.
     void SetRows(std::vector<Choice> rows);
-    /// The number of the row that is shown; nothing where the text is that of no row. Of rows with the same text, the one that was picked
-    /// counts.
-    std::optional<qint64> Chosen() const;
+    /// The row that is shown, whatever the case of the letters; nothing where the text is that of no row. Of rows with the same text, the
+    /// one that was picked counts.
+    std::optional<Choice> Chosen() const;
 
 private:
     Choices m_rows;

@@ -23,25 +23,41 @@ namespace {
 
 // The longest side that is kept: more than a screen shows.
 constexpr int kLongestSide = 3000;
+// A small file can claim any size, and unpacking it holds up the window. JPEG pictures are unpacked in a smaller size at once.
+constexpr qint64 kMostPixels = 40'000'000;
+constexpr qint64 kMostJpegPixels = 200'000'000;
 constexpr int kMargin = 4;
 
-// The reader refuses what would take more memory than its limit, so a small file cannot claim all of it.
+// The content decides, not the name. Drawings are no pictures: they may take any time to draw.
+bool CanRead(QImageReader& reader)
+{
+    reader.setDecideFormatFromContent(true);
+    return reader.canRead() && !reader.format().startsWith("svg");
+}
+
 QImage ReadPicture(const QString& path)
 {
     QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
+    if (!CanRead(reader))
+        return {};
     const QSize size = reader.size();
-    if (size.width() > kLongestSide || size.height() > kLongestSide)
-        reader.setScaledSize(size.scaled(kLongestSide, kLongestSide, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    return reader.read();
+    const bool isJpeg = reader.format() == "jpeg";
+    const qint64 pixels = static_cast<qint64>(size.width()) * size.height();
+    if (pixels > (isJpeg ? kMostJpegPixels : kMostPixels))
+        return {};
+    reader.setAutoTransform(true);
+    const QSize bound(kLongestSide, kLongestSide);
+    const bool isLarge = size.width() > kLongestSide || size.height() > kLongestSide;
+    if (isLarge && isJpeg)
+        reader.setScaledSize(size.scaled(bound, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    const QImage picture = reader.read();
+    return isLarge && !isJpeg ? picture.scaled(bound, Qt::KeepAspectRatio, Qt::SmoothTransformation) : picture;
 }
 
 bool IsPictureFile(const QString& path)
 {
     QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    return QFileInfo(path).isFile() && reader.canRead();
+    return QFileInfo(path).isFile() && CanRead(reader);
 }
 
 QString PictureFileOf(const QMimeData& data)
@@ -65,7 +81,7 @@ QString WriteTemporary(const QImage& picture)
     QBuffer buffer(&bytes);
     if (picture.isNull() || !picture.save(&buffer, "PNG"))
         return {};
-    const QString path = TempFolder() + u"/pasted.png"_s;
+    QString path = TempFolder() + u"/pasted.png"_s;
     QDir().mkpath(TempFolder());
     WriteFileFast(path, bytes);
     return path;
@@ -105,8 +121,8 @@ void PictureBox::Show(const QString& text)
 {
     m_text = text;
     m_fitted = {};
-    const QString state = m_picture.isNull() ? text : tr("%1 by %2 pixels").arg(m_picture.width()).arg(m_picture.height());
-    setAccessibleDescription(tr("%1. A picture can be pasted or dropped here.").arg(state));
+    const QString use = tr("A picture can be pasted or dropped here.");
+    setAccessibleDescription(text.isEmpty() ? use : text + u". "_s + use);
     update();
 }
 
@@ -167,9 +183,9 @@ void PictureBox::contextMenuEvent(QContextMenuEvent* event)
 
 void PictureBox::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!HoldsPicture(event->mimeData()))
+    // Never a move, after which the file would be gone from its place.
+    if (!event->possibleActions().testFlag(Qt::CopyAction) || !HoldsPicture(event->mimeData()))
         return;
-    // Never a move: the file stays where it is.
     event->setDropAction(Qt::CopyAction);
     event->accept();
     m_isTarget = true;

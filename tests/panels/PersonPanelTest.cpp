@@ -15,7 +15,8 @@ class PersonPanel : public PanelFixture
 protected:
     PersonPanel()
     {
-        catalog.Run("UPDATE Actor SET BirthName = 'Z&#246;e', BirthLocation = 'Rome', Biography = 'Long.', IsRetreived = 1,"
+        catalog.Run("UPDATE Actor SET BirthName = 'Z&#246;e', BirthLocation = 'Rome', Biography = 'Lo' || char(13, 10) || 'ng.',"
+                    "IsRetreived = 1, IMDB_LINK = 'nm1',"
                     "Film_History = 'Alien (1979)' || char(13, 10) || '0078748|Caf&#233; &#124; Bar (1990)' || char(13, 10) || '0000007|' "
                     "WHERE Actor_ID = 1");
     }
@@ -59,7 +60,7 @@ protected:
 TEST_F(PersonPanel, ShowsThePersonDecodedWithAllFilms)
 {
     EXPECT_EQ(Box("txtBirthName"), u"Zöe"_s);
-    EXPECT_EQ(Find<QPlainTextEdit>("txtBio").toPlainText(), u"Long."_s);
+    EXPECT_EQ(Find<QPlainTextEdit>("txtBio").toPlainText(), u"Lo\nng."_s);
     EXPECT_EQ(Rows("lstFHave"), QStringList({u"Alien|Queen"_s, u"Alien|Twin"_s}));
     EXPECT_EQ(Rows("lstFWant"), QStringList({u"Diva|Zoe"_s}));
     EXPECT_EQ(Rows("lstHistory"), QStringList({u"Alien (1979)"_s, u"Café | Bar (1990)"_s}));
@@ -105,7 +106,7 @@ TEST_F(PersonPanel, EveryFieldIsSavedAndShowsWhatTheCatalogThenHolds)
     QSignalSpy stored(&panel, &frmPeople::PersonStored);
     QTest::keyClick(&panel, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(dialogs.boxes, QList<ScriptedDialogs::Box>({{u"Actor Information saved successfully."_s, kBoxPlain, QString()}}));
-    EXPECT_EQ(Row(), u"Zoe O'More|Zöe|1 May|Rome|Long.|"_s + QString(100, u'1') + u"|1"_s);
+    EXPECT_EQ(Row(), u"Zoe O'More|Zöe|1 May|Rome|Lo\r\nng.|"_s + QString(100, u'1') + u"|1"_s);
     EXPECT_EQ(Row(3), others);
     EXPECT_EQ(Box("txtName") + u'|' + Box("txtBirthLocation"), u"Zoe O'More|Rome"_s);
     EXPECT_FALSE(panel.HasChanges());
@@ -125,7 +126,7 @@ TEST_F(PersonPanel, ARetrievalAsksAboutChangesFirst)
     dialogs.answers << kAnswerYes;
     Find<QPushButton>("cmdRetreive").click();
     EXPECT_EQ(retrieve.size(), 1);
-    EXPECT_EQ(dialogs.boxes[0].text, u"You Have Made Changes To Zoe Moor.  Do You Want To Save These Changes?"_s);
+    EXPECT_EQ(dialogs.Texts().value(0), u"You Have Made Changes To Zoe Moor.  Do You Want To Save These Changes?"_s);
     EXPECT_EQ(catalog.Ask("SELECT Height FROM Actor WHERE Actor_ID = 1"), u"6 ft"_s);
 }
 
@@ -134,7 +135,7 @@ TEST_F(PersonPanel, APersonWhoIsGoneLeavesAnEmptyPanelAndAFailedSaveLosesNothing
     Find<QLineEdit>("txtHeight").setText(u"6 ft"_s);
     catalog.Run("DELETE FROM Actor WHERE Actor_ID = 1");
     Find<QPushButton>("cmdSave").click();
-    EXPECT_TRUE(dialogs.boxes[0].text.contains(u"This person is no longer in the catalog"_s));
+    EXPECT_TRUE(dialogs.Texts().value(0).contains(u"This person is no longer in the catalog"_s));
     EXPECT_EQ(Box("txtHeight"), u"6 ft"_s);
     EXPECT_TRUE(panel.HasChanges());
     EXPECT_EQ(ErrorOf([&] { return panel.Actor_Edit_Page(1), 0; }), kErrNoCurrentRecord);
@@ -150,10 +151,9 @@ TEST_F(PersonPanel, NothingIsSavedIntoAnotherCatalog)
     state.comDiagFile.fileName = other.Path();
     Find<QPushButton>("cmdSave").click();
     EXPECT_EQ(other.Ask("SELECT Height FROM Actor"), u"<null>"_s);
-    EXPECT_TRUE(panel.HasChanges());
-    other.Run("UPDATE Actor SET Actor = 'Zoe Moor'"); // a copy of the same catalog
-    Find<QPushButton>("cmdSave").click();
-    EXPECT_EQ(other.Ask("SELECT Height FROM Actor"), u"6 ft"_s);
+    EXPECT_EQ(catalog.Ask("SELECT Height FROM Actor WHERE Actor_ID = 1"), u"6 ft"_s);
+    panel.ClearIfGone();
+    EXPECT_EQ(panel.ActorId(), 0);
 }
 
 TEST_F(PersonPanel, APictureIsStoredAtOnceWhicheverWayItCame)
@@ -190,7 +190,7 @@ TEST_F(PersonPanel, APictureIsStoredAtOnceWhicheverWayItCame)
     catalog.Run("CREATE TRIGGER stop BEFORE INSERT ON Images BEGIN SELECT RAISE(FAIL, 'stop'); END");
     dialogs.files << home.Path(u"red.png"_s);
     button.click();
-    EXPECT_TRUE(dialogs.boxes.last().text.contains(u"An Error Has Occured, Kelvado will now be closed"_s));
+    EXPECT_TRUE(dialogs.Texts().value(1).contains(u"An Error Has Occured, Kelvado will now be closed"_s));
     EXPECT_TRUE(panel.isVisible());
 }
 
@@ -201,26 +201,32 @@ TEST(PictureBoxes, OnlyAPictureIsTakenAndNeverMoved)
     QImage(4000, 20, QImage::Format_RGB32).save(home.Path(u"wide.png"_s));
     PictureBox box;
     QSignalSpy chosen(&box, &PictureBox::FileChosen);
-    const auto drop = [&](const QString& name) {
+    const auto drop = [&](const QString& name, Qt::DropActions offered) {
         QMimeData files;
         files.setUrls({QUrl::fromLocalFile(home.Path(name))});
-        QDragEnterEvent enter({5, 5}, Qt::MoveAction | Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+        QDragEnterEvent enter({5, 5}, offered, &files, Qt::LeftButton, Qt::NoModifier);
         enter.setAccepted(false);
         QApplication::sendEvent(&box, &enter);
         if (!enter.isAccepted())
             return Qt::IgnoreAction;
-        QDropEvent event({5, 5}, Qt::MoveAction | Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent event({5, 5}, offered, &files, Qt::LeftButton, Qt::NoModifier);
+        event.setDropAction(Qt::MoveAction); // what a file manager proposes
         QApplication::sendEvent(&box, &event);
         return event.dropAction();
     };
-    EXPECT_EQ(drop(u"a.txt"_s), Qt::IgnoreAction);
-    EXPECT_EQ(drop(u"wide.png"_s), Qt::CopyAction);
+    EXPECT_EQ(drop(u"a.txt"_s, Qt::CopyAction), Qt::IgnoreAction);
+    EXPECT_EQ(drop(u"wide.png"_s, Qt::MoveAction), Qt::IgnoreAction);
+    EXPECT_EQ(drop(u"wide.png"_s, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
     QCoreApplication::processEvents();
     ASSERT_EQ(chosen.size(), 1);
     box.SetPicture(chosen[0][0].toString());
     EXPECT_TRUE(box.HasPicture());
-    box.SetPicture(home.Path(u"a.txt"_s));
-    EXPECT_FALSE(box.HasPicture());
+    QImage(7000, 7000, QImage::Format_Mono).save(home.Path(u"huge.png"_s)); // a few kilobytes that unpack to 196 MB
+    home.Write(u"drawing.jpg"_s, R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"><rect width="5" height="5"/></svg>)");
+    for (const QString& name : {u"a.txt"_s, u"huge.png"_s, u"drawing.jpg"_s, u"gone.png"_s}) {
+        box.SetPicture(home.Path(name));
+        EXPECT_FALSE(box.HasPicture()) << name.toStdString();
+    }
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "core/Guard.h"
 #include "ui_fLoanAdd.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QLineEdit>
 
@@ -79,7 +80,8 @@ void fLoanAdd::Fill(const LoanEntry& entry)
 
 LoanAnswer fLoanAdd::Answer() const
 {
-    return {m_ui->cboMovie->Chosen(),
+    const std::optional<Choice> film = m_ui->cboMovie->Chosen();
+    return {film ? std::optional(film->number) : std::nullopt,
             {m_ui->cboLoanTo->currentText(), m_ui->DTDate->Date(), m_ui->DTDue->Date(), m_ui->txtNotes->toPlainText()}};
 }
 

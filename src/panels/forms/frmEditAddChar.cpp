@@ -45,10 +45,8 @@ std::optional<frmEditAddChar::Chosen> frmEditAddChar::Ask()
 {
     if (exec() != Accepted)
         return std::nullopt;
-    const std::optional<qint64> id = m_ui->cboActor->Chosen();
-    if (!id)
-        return std::nullopt;
-    return Chosen{*id, m_ui->cboActor->currentText(), m_ui->txtCharacter->text()};
+    const std::optional<Choice> person = m_ui->cboActor->Chosen();
+    return person ? std::optional(Chosen{person->number, person->text, m_ui->txtCharacter->text()}) : std::nullopt;
 }
 
 void frmEditAddChar::Check()

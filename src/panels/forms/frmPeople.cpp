@@ -18,7 +18,7 @@ namespace {
 const QString kImageFilter = u"All Image Files (*.jpg, *.gif)| *.jpg;*.gif|All Files (*.*)|*.*|"_s;
 const QString kImageFailure = u"An Error Has Occured, Kelvado will now be closed"_s;
 
-constexpr int kCharacterChars = 20;
+constexpr int kCharacterChars = 16;
 
 std::vector<TableRow> FilmRows(const std::vector<PersonFilm>& films)
 {
@@ -146,6 +146,7 @@ void frmPeople::Fill(const PersonPage& page)
 {
     m_ui->lblActor_ID->setText(QString::number(m_actorId));
     FillTexts(page);
+    m_ui->cmdRetreive->setEnabled(page.isOnSite);
     ShowPicture();
     m_have.SetRows(FilmRows(page.have));
     m_want.SetRows(FilmRows(page.want));
@@ -177,15 +178,27 @@ void frmPeople::FillTexts(const PersonPage& page)
     const QString& biography = page.texts[static_cast<std::size_t>(PersonField::Biography)];
     if (m_ui->txtBio->toPlainText() != biography)
         m_ui->txtBio->setPlainText(biography);
-    m_name = m_ui->txtName->text();
+    m_read = page.texts;
+    m_shown = BoxTexts();
     m_isFilling = false;
     SetDirty(false);
 }
 
-PersonTexts frmPeople::Texts() const
+PersonTexts frmPeople::BoxTexts() const
 {
     return {m_ui->txtName->text(),      m_ui->txtBirthName->text(),  m_ui->txtBirthLocation->text(),
             m_ui->txtBirthDate->text(), m_ui->txtBio->toPlainText(), m_ui->txtHeight->text()};
+}
+
+PersonTexts frmPeople::Texts() const
+{
+    // A box shows some characters as others, such as line ends: a text that the user left alone goes back as it was.
+    PersonTexts texts = BoxTexts();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (texts[i] == m_shown[i])
+            texts[i] = m_read[i];
+    }
+    return texts;
 }
 
 void frmPeople::SetDirty(bool isDirty)
@@ -218,7 +231,7 @@ void frmPeople::Actor_Edit_Save()
     kelvado::Actor_Edit_Save(m_actorId, Texts(), {m_catalogPath, SettingsFile(), m_context.dialogs});
     const PersonPage stored = kelvado::Actor_Edit_Page(m_actorId, m_catalogPath);
     FillTexts(stored);
-    Q_EMIT PersonStored(m_actorId, m_name);
+    Q_EMIT PersonStored(m_actorId, m_ui->txtName->text());
     m_context.dialogs.MessageBox(u"Actor Information saved successfully."_s, kBoxPlain);
 }
 

@@ -60,6 +60,8 @@ private:
     void SetUpFilms(QTreeView& list, TableRows& films, QTreeView& other);
     void Fill(const PersonPage& page);
     void FillTexts(const PersonPage& page);
+    PersonTexts BoxTexts() const;
+    /// What is to be stored.
     PersonTexts Texts() const;
     void SetDirty(bool isDirty);
     void Actor_Edit_Save();
@@ -72,8 +74,8 @@ private:
     std::unique_ptr<Ui::frmPeople> m_ui;
     PanelContext m_context;
     qint64 m_actorId = 0;
-    QString m_name;        ///< as it was read
-    QString m_catalogPath; ///< the catalog that the person was read from
+    PersonTexts m_read, m_shown; ///< what was read, and what the boxes made of it
+    QString m_catalogPath;       ///< the catalog that the person was read from
     bool m_isFilling = false;
     TableRows m_have, m_want, m_beside, m_history;
 };
