@@ -108,14 +108,16 @@ void EditMenus::OnRetrieve()
     m_person->Save();
 }
 
-QWidget* EditMenus::ManualPanel()
+void EditMenus::ShowManualPanel()
 {
     if (!m_manual) {
         m_manual = new frmAddManual(m_context.panels, m_context.skinner);
         ConnectPeople(*m_manual);
     }
+    m_context.host.SetPanel(m_manual);
+    m_manual->show();
     m_manual->Reopen();
-    return m_manual;
+    m_manual->FocusFirst();
 }
 
 void EditMenus::Show(const QString& section, const std::optional<NodeRef>& node)

@@ -57,8 +57,8 @@ public:
     void ClearGone();
     /// Whether the panel of `section` shows a film or person.
     bool ShowsAny(const QString& section) const;
-    /// The panel in which a film is entered by hand, ready for use.
-    QWidget* ManualPanel();
+    /// Shows the panel in which a film is entered by hand.
+    void ShowManualPanel();
 
 private:
     Form3& FilmEditor();

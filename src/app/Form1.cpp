@@ -136,7 +136,7 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     m_webMenus = std::make_unique<WebMenus>(
         WebMenus::Context{*this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_catalog->Model(), m_skinner,
                           *m_ui->picGrabSelect, *m_ui->FormScroll, [this] { return SelectedNode(); },
-                          [this](const QUrl& address) { OpenOutside(address); }, [this] { return m_editMenus->ManualPanel(); }});
+                          [this](const QUrl& address) { OpenOutside(address); }, [this] { m_editMenus->ShowManualPanel(); }});
 }
 
 Form1::~Form1()

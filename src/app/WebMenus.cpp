@@ -72,12 +72,8 @@ void WebMenus::ShowManualPanel()
 void WebMenus::ShowSource(const QString& mode)
 {
     m_context.sources.LoadSearchBar(m_context.state.skin, mode);
-    if (mode == kByHand) {
-        QWidget* panel = m_context.manualPanel();
-        m_context.host.SetPanel(panel);
-        panel->show();
-        return;
-    }
+    if (mode == kByHand)
+        return m_context.showManualPanel();
     if (mode != kFilmSite)
         return m_context.host.SetPanel(nullptr);
     if (!m_addPanel) {

@@ -46,7 +46,7 @@ public:
         ScrollingImage& host;
         std::function<std::optional<NodeRef>()> selectedNode;
         std::function<void(const QUrl& address)> openOutside;
-        std::function<QWidget*()> manualPanel;
+        std::function<void()> showManualPanel;
     };
     explicit WebMenus(const Context& context);
     ~WebMenus() override;

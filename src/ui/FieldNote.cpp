@@ -12,6 +12,8 @@ namespace kelvado {
 namespace {
 
 constexpr int kInset = 3;
+constexpr QRgb kAlertOnLight = 0xFFB3261E;
+constexpr QRgb kAlertOnDark = 0xFFFF9A92;
 
 } // namespace
 
@@ -36,9 +38,11 @@ void FieldNote::Tell(QWidget& field, const QString& text, Place place)
         QAccessibleEvent event(&field, QAccessible::DescriptionChanged);
         QAccessible::updateAccessibility(&event);
     }
-    QPalette colors = palette();
+    QPalette colors = parentWidget()->palette();
     colors.setColor(QPalette::Window, colors.color(QPalette::ToolTipBase));
-    colors.setColor(QPalette::WindowText, colors.color(QPalette::ToolTipText));
+    const bool isDark = colors.color(QPalette::ToolTipBase).lightnessF() < 0.5F;
+    const QColor alert(isDark ? kAlertOnDark : kAlertOnLight);
+    colors.setColor(QPalette::WindowText, place == Place::Inside ? alert : colors.color(QPalette::ToolTipText));
     setPalette(colors);
     setText(text);
     adjustSize();

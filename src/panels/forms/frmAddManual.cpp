@@ -33,7 +33,6 @@ void frmAddManual::Reopen()
         m_catalogPath = m_context.state.CatalogPath();
     }
     LoadLimits({u"Filename"_s});
-    m_ui->txtTitle->setFocus();
 }
 
 void frmAddManual::Clear()
