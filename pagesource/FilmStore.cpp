@@ -14,7 +14,7 @@ constexpr std::string_view kFilmColumns =
     "certificate, colour, plot, hasPoster";
 constexpr int kFilmColumnCount = 15;
 constexpr std::string_view kPersonColumns =
-    "number, name, birthDay, birthYear, deathYear, birthPlace, birthName, height, professions, knownFor";
+    "number, name, birthDay, birthYear, deathYear, birthPlace, birthName, height, professions, knownFor, biography";
 
 Film ReadFilm(const Statement& row)
 {
@@ -61,6 +61,7 @@ Person ReadPerson(const Statement& row)
     person.professions = Split(row.Text(8), ",");
     for (const std::string& number : Split(row.Text(9), ","))
         person.knownFor.push_back(Number(number).value_or(0));
+    person.biography = row.Text(10);
     return person;
 }
 

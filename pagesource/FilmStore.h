@@ -69,6 +69,7 @@ struct Person
     std::string height; // 5' 7"
     std::vector<std::string> professions;
     std::vector<std::int64_t> knownFor;
+    std::string biography; // paragraphs parted by line ends
 };
 
 /// One film of a person.

@@ -84,7 +84,7 @@ struct FilmWriter::Statements
           otherTitle(database, "INSERT OR IGNORE INTO otherTitle VALUES(?, ?, ?, ?, ?)"),
           credit(database, "INSERT OR IGNORE INTO credit VALUES(?, ?, ?, ?, ?)"),
           creditNote(database, "UPDATE credit SET note = ? WHERE film = ? AND section = ? AND person = ?"),
-          person(database, "INSERT OR IGNORE INTO person VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+          person(database, "INSERT OR IGNORE INTO person VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
           company(database, "INSERT OR IGNORE INTO company VALUES(?, ?)"),
           companyLink(database, "INSERT OR IGNORE INTO companyLink VALUES(?, ?, ?, ?, ?)")
     {
@@ -187,6 +187,7 @@ void FilmWriter::AddPerson(const Person& person)
     BindText(add, 8, person.height);
     BindText(add, 9, professions);
     BindText(add, 10, knownFor);
+    BindText(add, 11, person.biography);
     add.Run();
 }
 

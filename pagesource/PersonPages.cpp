@@ -55,14 +55,22 @@ void AddBirth(Page& page, const Person& person)
         (page << "<a href=\"/BornWhere?" << UrlEncoded(person.birthPlace) << "\">" << PageText(person.birthPlace) << "</a><br>").Break();
 }
 
-// What the data says of the person, in a sentence or two; it is made of the films and professions alone.
+// What the data says of the person, behind it a sentence or two that are made of the films and professions alone.
 std::vector<std::string> Biography(FilmStore& store, const Person& person)
 {
+    constexpr std::size_t kMostFilms = 3;
     std::vector<std::string> paragraphs;
+    for (const std::string& paragraph : Split(person.biography, "\n"))
+        paragraphs.push_back(PageText(paragraph));
     std::vector<Film> films;
     for (const std::int64_t number : person.knownFor) {
         if (const std::optional<Film> film = store.FindFilm(number))
             films.push_back(*film);
+    }
+    if (films.empty()) {
+        for (const Work& work : store.Works(person.number, Section::Cast))
+            films.push_back(work.film);
+        films.resize(std::min(films.size(), kMostFilms));
     }
     if (!person.professions.empty())
         paragraphs.push_back(PageText(person.name) + " is listed here as " + PageText(Replaced(Join(person.professions, ", "), "_", " ")) +

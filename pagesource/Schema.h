@@ -3,7 +3,7 @@
 namespace pagesource {
 
 /// `user_version` of a data file; another one is not read.
-constexpr int kDataVersion = 20803;
+constexpr int kDataVersion = 20804;
 
 /// Lists within a column are parted by commas. Rows of `search` are numbered by `place`, the films in the order of their votes; its text
 /// is a film's folded titles, each between line ends. `wholeTitle` finds
@@ -16,7 +16,8 @@ CREATE TABLE otherTitle(film INTEGER, place INTEGER, title TEXT NOT NULL, region
 CREATE TABLE credit(film INTEGER, section INTEGER, place INTEGER, person INTEGER NOT NULL, note TEXT,
     PRIMARY KEY(film, section, place)) WITHOUT ROWID;
 CREATE TABLE person(number INTEGER PRIMARY KEY, name TEXT NOT NULL, birthDay TEXT, birthYear INTEGER NOT NULL DEFAULT 0,
-    deathYear INTEGER NOT NULL DEFAULT 0, birthPlace TEXT, birthName TEXT, height TEXT, professions TEXT, knownFor TEXT);
+    deathYear INTEGER NOT NULL DEFAULT 0, birthPlace TEXT, birthName TEXT, height TEXT, professions TEXT, knownFor TEXT,
+    biography TEXT);
 CREATE TABLE company(number INTEGER PRIMARY KEY, name TEXT NOT NULL);
 CREATE TABLE companyLink(film INTEGER, section INTEGER, place INTEGER, company INTEGER NOT NULL, note TEXT,
     PRIMARY KEY(film, section, place)) WITHOUT ROWID;

@@ -234,6 +234,9 @@ Answer Site::PersonFolder(std::string_view rest, std::string_view)
 Answer Site::ByName(std::string_view query, bool biography)
 {
     std::string name = UrlDecoded(query);
+    if (name.starts_with("nm"))
+        if (const std::optional<Person> person = m_store.FindPerson(Number(LeadingDigits(std::string_view(name).substr(2))).value_or(-1)))
+            return PersonAnswer(*person, biography);
     if (const std::size_t comma = name.find(", "); comma != std::string::npos)
         name = name.substr(comma + 2) + ' ' + name.substr(0, comma);
     const std::vector<Person> people = m_store.PeopleNamed(name, kMostNames);

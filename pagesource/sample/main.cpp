@@ -27,6 +27,8 @@ namespace {
 // Numbers for what has none of its own. They are made of the name, so that they stay when films are added.
 constexpr std::int64_t kFirstOwnNumber = 9'000'000;
 constexpr std::uint64_t kOwnNumbers = 900'000;
+// People who only share the name of one in the films.
+constexpr std::int64_t kFirstNamesake = kFirstOwnNumber + kOwnNumbers;
 constexpr QSize kPosterSize(200, 300);
 constexpr int kPosterQuality = 85;
 constexpr int kLargeQuality = 88;
@@ -159,6 +161,7 @@ void PaintPerson(const QString& art, const QDir& pictures)
 void AddPersons(FilmWriter& writer, const OwnNumbers& people, const QString& facts)
 {
     std::map<std::string, Person> known;
+    std::int64_t namesake = kFirstNamesake;
     for (const QJsonValue json : ReadList(facts)) {
         Person person;
         person.name = Utf8(json[u"name"]);
@@ -168,7 +171,16 @@ void AddPersons(FilmWriter& writer, const OwnNumbers& people, const QString& fac
         person.birthPlace = Utf8(json[u"birthPlace"]);
         person.birthName = Utf8(json[u"birthName"]);
         person.height = Utf8(json[u"height"]);
-        known[person.name] = person;
+        for (const QJsonValue paragraph : json[u"biography"].toArray())
+            person.biography.append(person.biography.empty() ? "" : "\n").append(Utf8(paragraph));
+        for (const QJsonValue profession : json[u"professions"].toArray())
+            person.professions.push_back(Utf8(profession));
+        if (json[u"namesake"].toBool()) {
+            person.number = namesake++;
+            writer.AddPerson(person);
+        } else {
+            known[person.name] = person;
+        }
     }
     for (const auto& [name, number] : people.All()) {
         Person person = known[name];

@@ -2,6 +2,7 @@
 
 #include "app/BrowseMenus.h"
 #include "app/CatalogPane.h"
+#include "app/EditMenus.h"
 #include "app/StatusBar.h"
 #include "app/WebMenus.h"
 #include "app/WindowPlace.h"
@@ -73,6 +74,7 @@ constexpr ButtonEntry kButtonEntries[] = {
     {"Print", "MnuPrint"},       {"AddFilter", "mnuAddFilter"},  {"Delete", "mnuDeleteE"},  {"AddIMDb", "mnuImdb"},
     {"AddDVDEmp", "mnuisonews"}, {"AddManual", "mnuManualEntry"}};
 
+const QString kNotInTree = u"the tree does not show it; another sort, the view or a filter leaves it out"_s;
 constexpr int kStateMaximised = 2;
 constexpr int kTreeMargin = 1;
 
@@ -118,9 +120,23 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     m_browseMenus = std::make_unique<BrowseMenus>(BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_catalog->Model(),
                                                                        *m_ui->TreeView1, m_skinner, [this] { ApplyMenuRules(); }});
     m_statusBar = std::make_unique<StatusBar>(m_state, dialogs, m_menus, m_skinner, *m_ui->StatusCells);
-    m_webMenus = std::make_unique<WebMenus>(WebMenus::Context{*this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_skinner,
-                                                              *m_ui->picGrabSelect, *m_ui->FormScroll, [this] { return SelectedNode(); },
-                                                              [this](const QUrl& address) { OpenOutside(address); }});
+    m_editMenus = std::make_unique<EditMenus>(
+        EditMenus::Context{*this,
+                           {m_state, dialogs, *this},
+                           m_menus,
+                           m_sections,
+                           m_skinner,
+                           *m_ui->FormScroll,
+                           [this](const QString& key) { m_catalog->Select(key); },
+                           [this](const QUrl& address) { OpenOutside(address); },
+                           [this](FilmId film) { OpenFilm(film); },
+                           [this](qint64 actor) { return m_webMenus->RetrievePerson(actor); },
+                           [this](const QString& number) { m_webMenus->VisitFilm(number); },
+                           [this](qint64 actor, const QString& name) { m_catalog->Model().SetActorName(actor, name); }});
+    m_webMenus = std::make_unique<WebMenus>(
+        WebMenus::Context{*this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_catalog->Model(), m_skinner,
+                          *m_ui->picGrabSelect, *m_ui->FormScroll, [this] { return SelectedNode(); },
+                          [this](const QUrl& address) { OpenOutside(address); }, [this] { return m_editMenus->ManualPanel(); }});
 }
 
 Form1::~Form1()
@@ -141,8 +157,12 @@ void Form1::OnMenu(const char* name, void (Form1::*handler)())
 void Form1::ConnectMenus()
 {
     const auto onFile = [this](const char* name, void (CatalogFile::*handler)()) {
-        connect(&m_menus.Entry(QString::fromLatin1(name)), &QAction::triggered, this,
-                [this, handler] { Guard([&] { (m_catalogFile.*handler)(); }); });
+        connect(&m_menus.Entry(QString::fromLatin1(name)), &QAction::triggered, this, [this, handler] {
+            Guard([&] {
+                m_sections.AskAboutChanges(); // they belong to the catalog that is open now
+                (m_catalogFile.*handler)();
+            });
+        });
     };
     onFile("mnuNew", &CatalogFile::New);
     onFile("mnuFileOpen", &CatalogFile::Open);
@@ -154,6 +174,7 @@ void Form1::ConnectMenus()
     OnMenu("mnuHelpAbout", &Form1::ShowAbout);
     connect(&m_menus.Entry(u"mnuExit"_s), &QAction::triggered, this, &QWidget::close);
     connect(&m_menus.Entry(u"mnuImdb"_s), &QAction::triggered, this, [this] { Guard([&] { ShowSection(kMovieGrab); }); });
+    connect(&m_menus.Entry(u"mnuManualEntry"_s), &QAction::triggered, this, [this] { Guard([&] { ShowManualEntry(); }); });
 }
 
 void Form1::ConnectControls()
@@ -327,21 +348,31 @@ void Form1::RefreshCatalogTree()
     m_catalog->Fill();
 }
 
+bool Form1::IsEditing() const
+{
+    return m_state.CurrentSection == kMovieEdit || m_state.CurrentSection == kActorInfo;
+}
+
 void Form1::ShowSelection()
 {
     const std::optional<NodeRef> node = SelectedNode();
     if (!node)
         return;
     TakeId();
-    if (m_state.CurrentSection == kMovieList && node->tag == kTagFilm)
-        return ShowFilmPage(*node);
+    if (m_state.CurrentSection == kMovieList && node->tag != kTagGroup)
+        return ShowPageOf(*node);
     ApplyMenuRules();
-    if (m_state.CurrentSection == kMovieList && node->tag == kTagGroup)
-        ShowBlankPage();
-    else if (m_state.CurrentSection == kActorInfo && node->tag == kTagFilm)
-        ShowSection(kMovieEdit);
-    else if (m_state.CurrentSection == kMovieEdit && node->tag == kTagActor)
-        ShowSection(kActorInfo);
+    if (m_state.CurrentSection == kMovieList)
+        return ShowBlankPage();
+    if (node->tag == kTagGroup || !IsEditing())
+        return;
+    const QString panel = node->tag == kTagFilm ? kMovieEdit : kActorInfo;
+    if (m_state.CurrentSection == panel || panel == kActorInfo)
+        m_editMenus->SaveFirst(m_state.CurrentSection); // only from the person to the film is the user asked
+    if (m_state.CurrentSection == panel)
+        m_editMenus->Show(panel, node);
+    else
+        ChooseSection(panel); // the keys stay with the tree
 }
 
 void Form1::ApplyMenuRules()
@@ -432,6 +463,14 @@ void Form1::TakeId()
 
 void Form1::ShowSection(const QString& section)
 {
+    const QString before = m_state.CurrentSection;
+    ChooseSection(section);
+    if (m_state.CurrentSection != before)
+        m_editMenus->FocusPanel(section);
+}
+
+void Form1::ChooseSection(const QString& section)
+{
     if (const std::optional<SectionView> view = m_sections.Choose(section, SelectedNode()))
         Show(*view);
 }
@@ -450,12 +489,19 @@ void Form1::Show(const SectionView& view)
         ShowPanel(m_ui->FormScroll);
         m_webMenus->ShowAddPanel();
     } else {
-        m_ui->FormScroll->SetPanel(nullptr);
         ShowPanel(m_ui->FormScroll);
+        m_editMenus->Show(view.section, view.node);
         if (!view.node)
             m_dialogs.MessageBox(kNoCatalogOpen, kBoxInformation);
     }
     ApplyFacts();
+}
+
+void Form1::ShowManualEntry()
+{
+    ShowSection(kMovieGrab);
+    if (m_state.CurrentSection == kMovieGrab)
+        m_webMenus->ShowManualPanel();
 }
 
 void Form1::ShowPanel(QWidget* panel)
@@ -484,12 +530,43 @@ void Form1::ShowBlankPage()
 }
 
 // The catalog is opened once for the menus and the page.
-void Form1::ShowFilmPage(const NodeRef& film)
+void Form1::ShowPageOf(const NodeRef& node)
 {
     Connection catalog = OpenCatalog(m_state.CatalogPath());
-    m_selection = ReadSelectionFacts(film, catalog);
+    m_selection = ReadSelectionFacts(node, catalog);
     ApplyFacts();
-    Open(m_pages.FilmPage(film.key, catalog));
+    if (node.tag == kTagFilm)
+        return Open(m_pages.FilmPage(node.key, catalog));
+    const auto valueInTree = [&tree = m_catalog->Model()](FilmId film) {
+        const QModelIndex place = tree.FindFilm(film);
+        return place.isValid() ? std::optional(ValueOfKey(tree.Key(place))) : std::nullopt;
+    };
+    Open(m_pages.PersonPage(KeyPart(node.key, 1).toLongLong(), catalog, valueInTree));
+}
+
+// A page's message ends a value at its first colon.
+void Form1::OpenFilm(FilmId movieId)
+{
+    const QModelIndex film = m_catalog->Model().FindFilm(movieId);
+    if (!film.isValid())
+        throw RuntimeError::WithDetail(kErrElementNotFound, kNotInTree);
+    m_catalog->Select(m_catalog->Model().Key(film));
+    ShowSection(kMovieList);
+}
+
+void Form1::GoTo(const QString& key)
+{
+    const CatalogModel& tree = m_catalog->Model();
+    QModelIndex node = tree.Find(key);
+    if (!node.isValid()) {
+        const QModelIndex film = tree.FindFilm(FilmOfKey(key));
+        if (tree.Key(film).startsWith(key.chopped(1) + u':', Qt::CaseInsensitive))
+            node = film;
+    }
+    if (!node.isValid())
+        throw RuntimeError::WithDetail(kErrElementNotFound, kNotInTree);
+    m_catalog->Select(tree.Key(node));
+    ShowSelection();
 }
 
 void Form1::ShowCreditsPage(FilmId movieId)
@@ -539,6 +616,8 @@ void Form1::WalkTo(const History::Step* step)
             TakeId();
             if (m_state.CurrentSection != target.section)
                 ShowSection(target.section);
+            else if (IsEditing())
+                ShowSelection();
             if (target.section == kMovieList)
                 m_pageView->Navigate(target.page.isEmpty() ? u"about:blank"_s : TempFolder() + u'/' + target.page);
         },
@@ -569,10 +648,7 @@ void Form1::OnPageClick(const PageClick& click)
     const PageAction action = ActionOfClick(click);
     switch (action.kind) {
     case PageAction::Kind::GoTo:
-        if (!IsInTree(action.text))
-            throw RuntimeError(kErrElementNotFound);
-        m_catalog->Select(action.text);
-        ShowSelection();
+        GoTo(action.text);
         break;
     case PageAction::Kind::Credits:
         ShowCreditsPage(action.film);
@@ -596,6 +672,9 @@ void Form1::OnFilled()
 {
     if (m_state.CurrentSection == kMovieList && !SelectedNode())
         ShowBlankPage();
+    m_editMenus->ClearGone();
+    if (IsEditing() && !m_editMenus->ShowsAny(m_state.CurrentSection))
+        ShowSelection();
     ApplyMenuRules();
 }
 
@@ -653,6 +732,7 @@ void Form1::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    Guard([this] { m_sections.AskAboutChanges(); });
     m_webMenus->EndRun();
     SaveSettings();
     QMainWindow::closeEvent(event);

@@ -26,6 +26,7 @@ namespace kelvado {
 class BrowseMenus;
 class CatalogModel;
 class CatalogPane;
+class EditMenus;
 class StatusBar;
 class WebMenus;
 class WindowTray;
@@ -68,6 +69,7 @@ public:
     void RekeySelectedNode(FilmId movieId) override;
 
     void ShowSection(const QString& section);
+    void ShowManualEntry();
     void ShowCreditsPage(FilmId movieId);
     void GoBack();
     void GoForward();
@@ -99,10 +101,16 @@ private:
     void LayOutPanes();
     void SaveSettings();
 
+    /// Whether the section is one of the editing panels.
+    bool IsEditing() const;
     std::optional<NodeRef> SelectedNode() const;
     void ApplyFacts();
-    void ShowFilmPage(const NodeRef& film);
+    void ShowPageOf(const NodeRef& node);
+    void GoTo(const QString& key);
+    /// Shows a film's page in the list of films, where the tree has it.
+    void OpenFilm(FilmId movieId);
     void TakeId();
+    void ChooseSection(const QString& section);
     void Show(const SectionView& view);
     void ShowPanel(QWidget* panel);
     void Open(const std::optional<Page>& page);
@@ -133,6 +141,7 @@ private:
     std::unique_ptr<WindowTray> m_tray;
     std::unique_ptr<BrowseMenus> m_browseMenus;
     std::unique_ptr<StatusBar> m_statusBar;
+    std::unique_ptr<EditMenus> m_editMenus;
     std::unique_ptr<WebMenus> m_webMenus;
     SelectionFacts m_selection; ///< as read last
     bool m_activating = false;

@@ -10,6 +10,7 @@
 #include "web/forms/frmAddSingleIMDb.h"
 #include "web/forms/frmImportIMDb.h"
 #include "web/mWeb.h"
+#include "web/retrieval/IMDBActor.h"
 #include "web/retrieval/mIMDB.h"
 
 #include <QMenu>
@@ -19,17 +20,22 @@ namespace kelvado {
 namespace {
 
 constexpr QLatin1StringView kFilmSite = "IMDB"_L1;
+constexpr QLatin1StringView kByHand = "AdultEmp"_L1;
 
 } // namespace
 
 WebMenus::WebMenus(const Context& context)
     : m_context(context), m_web(ReadNetworkLimits(SettingsFile()), context.dialogs),
       m_progress(context.window, context.dialogs, [&skinner = context.skinner](QWidget& window) { skinner.SkinForm(window); }),
-      m_desk{context.state, context.shell, context.dialogs, context.events, m_web, m_progress, {}, false}
+      m_desk{context.state, context.shell, context.dialogs, context.events, m_web, m_progress, {}, false},
+      m_actorWindows(context.window,
+                     {[&skinner = context.skinner](QWidget& window) { skinner.SkinForm(window); }, [this] { CancelJob(m_desk); },
+                      [this](const QString& link) { Visit(PersonQueryAddress(link, ReadWebHosts(SettingsFile()))); }})
 {
     m_progress.SetAskCancel([this] { return AskCancelRetrieval(m_desk); });
     Connect("mnuUpdateMovieInfo", [this] { OnUpdateMovieInfo(); });
     Connect("mnuMovieRetrieve", [this] { OnMovieRetrieve(); });
+    Connect("mnuActorRetreive", [this] { RetrieveSelectedPerson(); });
     Connect("mnuImportIMDb", [this] { OnImport(); });
     Connect("mnuHelpUpdate", [this] { OnHelpUpdate(); });
     for (const char* entry : {"mnuImdbVisit", "mnuImdbVisitV"})
@@ -37,7 +43,7 @@ WebMenus::WebMenus(const Context& context)
     for (const char* entry : {"mnuisonewsvisit", "mnuIsonewsVisitV"})
         Connect(entry, [this] { VisitShop(); });
     for (const char* entry : {"mnufrmSearchViewOnIMDB", "mnuViewOnIMDb"})
-        Connect(entry, [this] { Visit(FilmAddress(m_rowNumber, ReadWebHosts(SettingsFile()))); });
+        Connect(entry, [this] { VisitFilm(m_rowNumber); });
     connect(&context.sources, &GrabSelectRow::TabClick, this,
             [this](const QString& mode) { Guarded(m_context.dialogs, [&] { ShowSource(mode); }); });
 }
@@ -58,9 +64,20 @@ void WebMenus::ShowAddPanel()
     ShowSource(kFilmSite);
 }
 
+void WebMenus::ShowManualPanel()
+{
+    ShowSource(kByHand);
+}
+
 void WebMenus::ShowSource(const QString& mode)
 {
     m_context.sources.LoadSearchBar(m_context.state.skin, mode);
+    if (mode == kByHand) {
+        QWidget* panel = m_context.manualPanel();
+        m_context.host.SetPanel(panel);
+        panel->show();
+        return;
+    }
     if (mode != kFilmSite)
         return m_context.host.SetPanel(nullptr);
     if (!m_addPanel) {
@@ -112,6 +129,25 @@ void WebMenus::OnMovieRetrieve()
     m_retrieveWindow->Open(m_context.tree.Selected().data().toString(), *film);
 }
 
+bool WebMenus::RetrieveSelectedPerson()
+{
+    const std::optional<NodeRef> node = m_context.selectedNode();
+    return node && node->tag == kTagActor && RetrievePerson(KeyPart(node->key, 1).toLongLong());
+}
+
+bool WebMenus::RetrievePerson(qint64 actorId)
+{
+    if (!TreeIsCurrent(m_context.state, m_context.shell))
+        return false;
+    const std::optional<FetchTurn> turn = TakeTurn(m_desk);
+    if (!turn)
+        return false;
+    if (!RunActorRetrieval(actorId, m_desk, m_actorWindows))
+        return false;
+    m_context.catalog.SetRetrieved(actorId);
+    return true;
+}
+
 void WebMenus::OnImport()
 {
     if (!m_importWindow)
@@ -138,6 +174,11 @@ void WebMenus::VisitShop()
 {
     if (const std::optional<NodeRef> node = m_context.selectedNode())
         Visit(ShopAddressOf(*node, m_context.state.CatalogPath()));
+}
+
+void WebMenus::VisitFilm(const QString& number)
+{
+    Visit(FilmAddress(number, ReadWebHosts(SettingsFile())));
 }
 
 void WebMenus::Visit(const QString& address)

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "app/Menus.h"
+#include "browse/CatalogModel.h"
 #include "core/NodeKey.h"
 #include "ui/CatalogTreeView.h"
 #include "ui/ScrollingImage.h"
 #include "ui/Skinner.h"
+#include "web/forms/ActorWindows.h"
 #include "web/forms/FilmProgress.h"
 #include "web/forms/GrabSelectRow.h"
 #include "web/retrieval/FilmDesk.h"
@@ -38,17 +40,28 @@ public:
         Menus& menus;
         Shell& shell;
         CatalogTreeView& tree;
+        CatalogModel& catalog;
         const Skinner& skinner;
         GrabSelectRow& sources;
         ScrollingImage& host;
         std::function<std::optional<NodeRef>()> selectedNode;
         std::function<void(const QUrl& address)> openOutside;
+        std::function<QWidget*()> manualPanel;
     };
     explicit WebMenus(const Context& context);
     ~WebMenus() override;
 
     /// Shows the panel of the first film source.
     void ShowAddPanel();
+    /// Shows the panel in which a film is entered by hand.
+    void ShowManualPanel();
+    /// Retrieves the person whose node is selected and shows the selection again. False where nothing was stored: there is no such person,
+    /// the user has cancelled, or a failure was told. Raises what pages and catalog raise.
+    bool RetrieveSelectedPerson();
+    /// The same for the person with this number, who need not be selected.
+    bool RetrievePerson(qint64 actorId);
+    /// Shows the page of a film of the film site in the desktop's browser.
+    void VisitFilm(const QString& number);
     /// For the end of the program: a run under way stores nothing more.
     void EndRun();
 
@@ -70,6 +83,7 @@ private:
     Hraw m_web;
     FilmProgress m_progress;
     FilmDesk m_desk;
+    ActorWindows m_actorWindows;
     QPointer<Form2> m_addPanel; ///< its host may go before this object and takes it along
     QPointer<frmAddSingleIMDb> m_retrieveWindow;
     QPointer<frmImportIMDb> m_importWindow;

@@ -95,15 +95,8 @@ QModelIndex CatalogModel::Find(const QString& key) const
         }
         return {};
     }
-    if (m_filmsById.isEmpty()) {
-        m_filmsById.reserve(static_cast<qsizetype>(m_content.films.size()));
-        for (std::size_t i = 0; i < m_content.films.size(); ++i) {
-            if (m_content.films[i].row != kRemoved)
-                m_filmsById.insert(m_content.films[i].id, static_cast<int>(i));
-        }
-    }
     const QString second = ValueOfKey(key);
-    const QList<int> films = m_filmsById.values(FilmOfKey(key));
+    const QList<int> films = FilmsWithId(FilmOfKey(key));
     for (const int film : films) {
         if (SameValue(m_content.films[static_cast<std::size_t>(film)].value, second))
             return IndexOfFilm(film);
@@ -117,6 +110,40 @@ QModelIndex CatalogModel::Find(const QString& key) const
         }
     }
     return {};
+}
+
+QModelIndex CatalogModel::FindFilm(FilmId movieId) const
+{
+    QModelIndex first;
+    for (const int film : FilmsWithId(movieId)) {
+        const QModelIndex node = IndexOfFilm(film);
+        if (!first.isValid() || node.parent().row() < first.parent().row())
+            first = node;
+    }
+    return first;
+}
+
+void CatalogModel::SetRetrieved(qint64 actorId)
+{
+    ForEachActor(actorId, [](TreeActor& actor) { actor.image = kImagePersonRetrieved; });
+}
+
+void CatalogModel::SetActorName(qint64 actorId, const QString& name)
+{
+    ForEachActor(actorId, [&](TreeActor& actor) { actor.name = name; });
+}
+
+void CatalogModel::ForEachActor(qint64 actorId, const std::function<void(TreeActor&)>& change)
+{
+    for (auto cast = m_casts.begin(); cast != m_casts.end(); ++cast) {
+        for (std::size_t i = 0; i < cast->size(); ++i) {
+            if (cast->at(i).id != actorId)
+                continue;
+            change(cast->at(i));
+            const QModelIndex actor = Make(static_cast<int>(i), Kind::Actor, cast.key());
+            Q_EMIT dataChanged(actor, actor);
+        }
+    }
 }
 
 void CatalogModel::SetFilmTitle(const QModelIndex& film, const QString& title)
@@ -200,6 +227,18 @@ bool CatalogModel::IsWaiting(const QModelIndex& film) const
 QModelIndex CatalogModel::Make(int row, Kind kind, int number) const
 {
     return createIndex(row, 0, (static_cast<quintptr>(number) << 2) | static_cast<quintptr>(kind));
+}
+
+QList<int> CatalogModel::FilmsWithId(FilmId movieId) const
+{
+    if (m_filmsById.isEmpty()) {
+        m_filmsById.reserve(static_cast<qsizetype>(m_content.films.size()));
+        for (std::size_t i = 0; i < m_content.films.size(); ++i) {
+            if (m_content.films[i].row != kRemoved)
+                m_filmsById.insert(m_content.films[i].id, static_cast<int>(i));
+        }
+    }
+    return m_filmsById.values(movieId);
 }
 
 QModelIndex CatalogModel::IndexOfFilm(int film) const

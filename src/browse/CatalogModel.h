@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -76,11 +77,17 @@ public:
 
     /// The node with this key, its values compared without regard to case; an invalid index where there is none.
     QModelIndex Find(const QString& key) const;
+    /// The first node of this film from the top; an invalid index where the tree does not show it.
+    QModelIndex FindFilm(FilmId movieId) const;
     QString Key(const QModelIndex& index) const { return index.data(KeyRole).toString(); }
     QString Tag(const QModelIndex& index) const { return index.data(TagRole).toString(); }
     void SetFilmTitle(const QModelIndex& film, const QString& title);
     /// Gives a film the second part of its key; it stays where it stands.
     void SetFilmValue(const QModelIndex& film, const QString& value);
+    /// Gives the person the picture of one who was retrieved, in all casts.
+    void SetRetrieved(qint64 actorId);
+    /// Gives the person another name, in all casts.
+    void SetActorName(qint64 actorId, const QString& name);
     /// Takes one film node out of the tree, with its cast; the same film under other groups stays. Anything but a film is left alone.
     void RemoveFilm(const QModelIndex& film);
 
@@ -106,6 +113,9 @@ private:
     static int NumberOf(const QModelIndex& index) { return static_cast<int>(index.internalId() >> 2); }
     QModelIndex Make(int row, Kind kind, int number) const;
     QModelIndex IndexOfFilm(int film) const;
+    void ForEachActor(qint64 actorId, const std::function<void(TreeActor&)>& change);
+    /// The numbers of the film's nodes.
+    QList<int> FilmsWithId(FilmId movieId) const;
 
     struct Face
     {

@@ -57,10 +57,7 @@ std::optional<SectionView> SectionTabs::Choose(const QString& section, const std
         return std::nullopt;
     }
     // The questions come on the current section's own tab too, although nothing is left then.
-    if (m_state.CurrentSection == kActorInfo && m_person)
-        AskAboutChanges(*m_person, m_dialogs);
-    if (m_state.CurrentSection == kMovieEdit && m_film)
-        AskAboutChanges(*m_film, m_dialogs);
+    AskAboutChanges();
     if (m_state.CurrentSection == section)
         return std::nullopt;
 
@@ -73,6 +70,14 @@ std::optional<SectionView> SectionTabs::Choose(const QString& section, const std
     if (view.node && !tag.isEmpty())
         m_state.history.Push(view.node->key, section, {});
     return view;
+}
+
+void SectionTabs::AskAboutChanges()
+{
+    if (m_state.CurrentSection == kActorInfo && m_person)
+        kelvado::AskAboutChanges(*m_person, m_dialogs);
+    if (m_state.CurrentSection == kMovieEdit && m_film)
+        kelvado::AskAboutChanges(*m_film, m_dialogs);
 }
 
 void AskAboutChanges(EditPanel& panel, Dialogs& dialogs)

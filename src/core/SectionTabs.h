@@ -60,6 +60,9 @@ public:
     /// is told, and on the current section's own tab, which asks all the same. Raises `kErrInvalidCall` for any other name.
     std::optional<SectionView> Choose(const QString& section, const std::optional<NodeRef>& selected);
 
+    /// Asks about unsaved changes of the current section's panel, as if it were left.
+    void AskAboutChanges();
+
 private:
     AppState& m_state;
     Dialogs& m_dialogs;

@@ -22,6 +22,8 @@ namespace {
 
 constexpr int kPictures = 25;
 constexpr int kPages = 10;
+constexpr QLatin1StringView kFilmPicture = "MImage"_L1;
+constexpr QLatin1StringView kPersonPicture = "PImage"_L1;
 constexpr QLatin1StringView kFilmQuery = "SELECT * FROM Movie WHERE Movie_ID = "_L1;
 constexpr QLatin1StringView kMessage = "SendMessage:"_L1;
 
@@ -138,13 +140,14 @@ std::optional<QString> Pages::ReadTemplate(QLatin1StringView name) const
     return exists ? std::optional(std::move(text)) : std::nullopt;
 }
 
-/// The path of the picture as a page names it. Number 0 and a picture that the catalog has lost show the skin's stand-in.
-QString Pages::PictureFor(std::int64_t imageId, Connection& connection)
+/// The path of the picture, which gets a file of this name and the next number, as a page names it. Number 0 and a picture that the catalog
+/// has lost show the skin's stand-in.
+QString Pages::PictureFor(std::int64_t imageId, QLatin1StringView name, Connection& connection)
 {
     if (imageId != 0) {
         m_pictureCounter = m_pictureCounter % kPictures + 1;
         MakeDirs(TempFolder());
-        QString path = TempFolder() + u"/MImage"_s + QString::number(m_pictureCounter);
+        QString path = TempFolder() + u'/' + name + QString::number(m_pictureCounter);
         try {
             return PathForPage(ExportImageFile(path, QString::number(imageId), connection));
         } catch (const RuntimeError& error) {
@@ -166,8 +169,8 @@ std::optional<Page> Pages::FilmPage(const QString& key, Connection& catalog)
     std::optional<QString> text = ReadTemplate("Templates/default.html"_L1);
     if (!text)
         return std::nullopt;
-    text->replace("!!IMAGE!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"Image_ID")), catalog));
-    text->replace("!!IMAGEBACK!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"ImageBack_ID")), catalog));
+    text->replace("!!IMAGE!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"Image_ID")), kFilmPicture, catalog));
+    text->replace("!!IMAGEBACK!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"ImageBack_ID")), kFilmPicture, catalog));
     FillFilmTokens(*text, film, {m_state.skin, SiteAddress(SettingsFile())});
     film.Close();
     FillGenreToken(*text, catalog, movieId);
@@ -176,6 +179,20 @@ std::optional<Page> Pages::FilmPage(const QString& key, Connection& catalog)
     FillActorTokens(*text, catalog, movieId);
     FillProducerTokens(*text, catalog, movieId);
     text->replace("!!NAVCREDITS!!"_L1, kMessage + "PAGE_CREDITS:"_L1 + QString::number(movieId));
+    return WritePageFile(*text, false);
+}
+
+std::optional<Page> Pages::PersonPage(qint64 actorId, Connection& catalog, const FilmValueInTree& valueInTree)
+{
+    Recordset person;
+    person.Open("SELECT * FROM Actor WHERE Actor_ID = "_L1 + QString::number(actorId), catalog);
+    std::optional<QString> text = ReadTemplate("Templates/person.html"_L1);
+    if (!text)
+        return std::nullopt;
+    text->replace("!!IMAGE!!"_L1, PictureFor(person.Integer(person.ColumnIndex(u"Image_ID")), kPersonPicture, catalog));
+    FillPersonTokens(*text, person, SiteAddress(SettingsFile()));
+    person.Close();
+    FillInFilmToken(*text, catalog, actorId, valueInTree);
     return WritePageFile(*text, false);
 }
 

@@ -2,12 +2,11 @@
 
 #include "core/AppState.h"
 #include "core/FilmId.h"
+#include "render/PersonTokens.h"
 
 #include <optional>
 
 namespace kelvado {
-
-class Connection;
 
 /// A page that was written, to be opened in the page view.
 struct Page
@@ -29,6 +28,10 @@ public:
     /// does not have, `kErrInvalidCall` for a skin whose type is XML.
     std::optional<Page> FilmPage(const QString& key, Connection& catalog);
 
+    /// The page of the person `actorId`, from the open catalog, with links to the person's films in the tree. A missing template as in
+    /// `FilmPage`. Raises `kErrNoCurrentRecord` for a person that the catalog does not have.
+    std::optional<Page> PersonPage(qint64 actorId, Connection& catalog, const FilmValueInTree& valueInTree);
+
     /// All credits of a film. Nothing where the template is missing or empty, which is told in a message. Raises `kErrNoCurrentRecord` for
     /// a film that the catalog does not have.
     std::optional<Page> CreditsPage(FilmId movieId);
@@ -47,7 +50,7 @@ private:
     bool SkinIsXml() const;
     QString SkinFile(QLatin1StringView name) const;
     std::optional<QString> ReadTemplate(QLatin1StringView name) const;
-    QString PictureFor(std::int64_t imageId, Connection& connection);
+    QString PictureFor(std::int64_t imageId, QLatin1StringView name, Connection& connection);
 
     const AppState& m_state;
     Dialogs& m_dialogs;

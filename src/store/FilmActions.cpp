@@ -90,6 +90,17 @@ void ClearMovieNight(const QString& catalogPath)
     connection.Close();
 }
 
+QStringList ValuesInUse(const QString& column, const QString& catalogPath)
+{
+    Connection connection = OpenCatalog(catalogPath);
+    Recordset values;
+    values.Open(u"SELECT DISTINCT %1 FROM Movie WHERE %1 <> '' ORDER BY %1"_s.arg(column), connection);
+    QStringList texts;
+    for (; !values.Eof(); values.MoveNext())
+        texts << values.Text(0);
+    return texts;
+}
+
 bool CatalogIsEmpty(const QString& catalogPath)
 {
     Connection connection = OpenCatalog(catalogPath);

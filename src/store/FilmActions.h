@@ -2,6 +2,7 @@
 
 #include "core/FilmId.h"
 #include <QString>
+#include <QStringList>
 
 namespace kelvado {
 
@@ -20,6 +21,9 @@ void MoveFilmToMovies(FilmId movieId, const QString& catalogPath);
 void AddToMovieNight(FilmId movieId, const QString& catalogPath);
 /// Takes every film off the list.
 void ClearMovieNight(const QString& catalogPath);
+
+/// The texts that `column` of the films has, each once, by their order; the empty one left out.
+QStringList ValuesInUse(const QString& column, const QString& catalogPath);
 
 /// True for a catalog without any film.
 bool CatalogIsEmpty(const QString& catalogPath);

@@ -65,6 +65,13 @@ public:
 
     int childCount() const override { return static_cast<int>(Tabs().size()); }
     QAccessibleInterface* child(int index) const override { return QAccessible::queryAccessibleInterface(Tabs().value(index)); }
+    QAccessibleInterface* focusChild() const override
+    {
+        const QList<TabImage*> tabs = Tabs();
+        const auto selected = std::ranges::find_if(tabs, &TabImage::IsSelected);
+        return widget()->hasFocus() && selected != tabs.end() ? QAccessible::queryAccessibleInterface(*selected)
+                                                              : RoleAccessible::focusChild();
+    }
     int indexOfChild(const QAccessibleInterface* child) const override
     {
         return child ? static_cast<int>(Tabs().indexOf(static_cast<TabImage*>(child->object()))) : -1;

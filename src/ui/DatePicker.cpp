@@ -51,6 +51,8 @@ DatePicker::DatePicker(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(m_present);
     connect(m_present, &QCheckBox::toggled, this, &DatePicker::ShowDate);
+    connect(m_present, &QCheckBox::toggled, this, &DatePicker::Changed);
+    connect(m_field, &QDateEdit::dateChanged, this, &DatePicker::Changed);
     ShowDate(false);
 }
 

@@ -27,6 +27,9 @@ public:
     QString Caption() const { return m_caption; }
     void SetCaption(const QString& caption);
 
+Q_SIGNALS:
+    void Changed();
+
 private:
     void ShowDate(bool present);
 

@@ -59,6 +59,18 @@ void TabImage::SetSelected(bool selected)
     QAccessible::updateAccessibility(&event);
 }
 
+void TabImage::ShowFocus(bool shown)
+{
+    if (m_focusShown == shown)
+        return;
+    m_focusShown = shown;
+    update();
+    if (shown) {
+        QAccessibleEvent event(this, QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
 void TabImage::SetPicture(const QPixmap& picture)
 {
     m_picture = picture;
@@ -70,7 +82,7 @@ void TabImage::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(rect(), m_picture);
-    if (hasFocus()) {
+    if (hasFocus() || m_focusShown) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
         painter.drawRoundedRect(QRectF(rect()).adjusted(3, 5, -3, -5), 4, 4);
@@ -94,6 +106,12 @@ TabImage* TabRow::AddPiece(const char* name, QLatin1StringView key, const char* 
     connect(piece, &QAbstractButton::clicked, this, [this, piece] { Q_EMIT TabClick(piece->Key()); });
     m_tabs << piece;
     return piece;
+}
+
+void TabRow::Clear()
+{
+    m_tabs.clear();
+    qDeleteAll(findChildren<TabImage*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
 void TabRow::SetSelected(const QString& key)

@@ -24,6 +24,8 @@ public:
     /// Whether its tab is the one that is shown, as assistive programs are told.
     bool IsSelected() const { return m_selected; }
     void SetSelected(bool selected);
+    /// Draws it as the one with the focus, for a row that takes the focus as a whole.
+    void ShowFocus(bool shown);
 
     void SetPicture(const QPixmap& picture);
     qreal PictureScale() const { return m_picture.devicePixelRatio(); }
@@ -37,6 +39,7 @@ private:
     QString m_key;
     QPixmap m_picture;
     bool m_selected = false;
+    bool m_focusShown = false;
 };
 
 /// A row of tabs and the pieces that join them.
@@ -55,6 +58,10 @@ Q_SIGNALS:
 protected:
     /// Makes a piece; one with a key is a tab, and `caption` is its name.
     TabImage* AddPiece(const char* name, QLatin1StringView key, const char* caption);
+    /// Takes all pieces away.
+    void Clear();
+    /// The tabs in the order in which they were added.
+    const QList<TabImage*>& Tabs() const { return m_tabs; }
 
 private:
     QList<TabImage*> m_tabs;

@@ -20,6 +20,11 @@ QString FilmColumn(const NodeRef& node, const QString& column, const QString& ca
     return ColumnOf("SELECT * FROM Movie WHERE Movie_ID = "_L1 + KeyPart(node.key, 0), column, catalogPath);
 }
 
+bool IsPath(const QString& personLink)
+{
+    return personLink.startsWith("nm"_L1);
+}
+
 } // namespace
 
 QString FilmAddress(const QString& number, const WebHosts& hosts)
@@ -29,7 +34,17 @@ QString FilmAddress(const QString& number, const WebHosts& hosts)
 
 QString PersonAddress(const QString& link, const WebHosts& hosts)
 {
-    return "http://"_L1 + hosts.ImdbPersonHost + (link.startsWith("nm"_L1) ? "/name/"_L1 : "/Name?"_L1) + link;
+    return IsPath(link) ? "http://"_L1 + hosts.ImdbPersonHost + "/name/"_L1 + link : PersonQueryAddress(link, hosts);
+}
+
+QString BiographyAddress(const QString& link, const WebHosts& hosts)
+{
+    return IsPath(link) ? PersonAddress(link, hosts) + "/bio"_L1 : "http://"_L1 + hosts.ImdbPersonHost + "/Bio?"_L1 + link;
+}
+
+QString PersonQueryAddress(const QString& link, const WebHosts& hosts)
+{
+    return "http://"_L1 + hosts.ImdbPersonHost + "/Name?"_L1 + link;
 }
 
 QString SiteAddressOf(const NodeRef& node, const QString& catalogPath, const WebHosts& hosts)

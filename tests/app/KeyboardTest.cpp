@@ -87,8 +87,9 @@ TEST_F(MainWindow, TheTreeIsBrowsedByKeys)
     EXPECT_FALSE(QFileInfo::exists(home.Path(u"temp/htmltemp1.html"_s)));
     Key(Qt::Key_Down);
     EXPECT_EQ(Get<QLabel>("ID").text(), u"11"_s);
+    EXPECT_TRUE(Page(u"/temp/htmltemp1.html"_s).contains(u"Sigourney Weaver"));
     Key(Qt::Key_Up);
-    EXPECT_TRUE(Page(u"/temp/htmltemp1.html"_s).contains(u"Alien"));
+    EXPECT_TRUE(Page(u"/temp/htmltemp2.html"_s).contains(u"Alien"));
 }
 
 TEST_F(MainWindow, TheTreeHasTheFocusAtStartAndTakesDeleteAndTheMenuKeys)

@@ -56,5 +56,23 @@ TEST(CatalogModel, FindsNodesByKeyWithoutRegardToCase)
     EXPECT_EQ(film.data().toString(), u"Alien second line");
 }
 
+TEST(CatalogModel, ShowsARetrievedPersonInEveryCastAndFindsAFilmsFirstNode)
+{
+    CatalogModel model;
+    TreeContent content = TwoGroups();
+    content.AddFilm({6, u"Amour"_s, u"66"_s, 0, 0, 5}, 1);
+    model.SetContent(content);
+    EXPECT_FALSE(model.FindFilm(8).isValid());
+    EXPECT_EQ(model.FindFilm(6).parent().row(), 0);
+    const QModelIndex films[] = {model.FindFilm(6), model.Find(FilmKey(6, u"66"))};
+    for (const QModelIndex& film : films)
+        model.SetCast(film, {{11, u"Ann"_s, {}, CatalogModel::kImagePerson}, {12, u"Ben"_s, {}, CatalogModel::kImagePerson}});
+    model.SetRetrieved(12);
+    for (const QModelIndex& film : films) {
+        EXPECT_EQ(model.index(0, 0, film).data(CatalogModel::ImageRole), CatalogModel::kImagePerson);
+        EXPECT_EQ(model.index(1, 0, film).data(CatalogModel::ImageRole), CatalogModel::kImagePersonRetrieved);
+    }
+}
+
 } // namespace
 } // namespace kelvado

@@ -121,6 +121,39 @@ TEST_F(FilmPages, CreditsKeepTheirOddTokensAndMarkers)
     EXPECT_EQ(Text(pages.CreditsPage(5)), "Cops & <Robbers> !!WRITER!!<!--END_WRITER_CREDIT-->");
 }
 
+TEST_F(FilmPages, APersonHasLinksToTheFilmsInTheTreeAndOnTheSite)
+{
+    const auto valueInTree = [](FilmId film) { return film == 6 ? std::nullopt : std::optional(u"Sci-Fi & \"Noir\""_s); };
+    const auto page = [&](qint64 actor) {
+        Connection connection = OpenCatalog(catalog.Path());
+        return pages.PersonPage(actor, connection, valueInTree);
+    };
+
+    Write("Settings.ini", "[Hosts]\nImdbMainHost=site\n");
+    Write("Skins/Plain/Templates/person.html",
+          "!!IMAGE!! !!NAME!!|!!BIRTHDATE!!|!!BIRTHNAME!!|!!BIRTHLOCATION!!|!!HEIGHT!!|!!BIO!!|!!COMMENTS!! !!HISTORY!! [!!INFILM!!]");
+    catalog.Run("INSERT INTO Actor(Actor_ID, Actor, BirthName, Biography, Film_History, Image_ID) VALUES (50000, 'Ann <1>', '', "
+                "'a </TextArea> b', 'One (1950)' || char(13, 10) || '0000001|&#34;Two <i>&#34; (1951)' || char(13, 10) || '00\" x=1|', 3),"
+                "(50001, 'Bo', NULL, NULL, NULL, 9)");
+    catalog.Run("INSERT INTO Images(Image_ID, Image, Extention) VALUES (3, x'FFD8FF', 'JPG');"
+                "INSERT INTO Movie(Movie_ID, Title, Format) VALUES (6, 'Alien', 'DVD'), (7, 'Brazil', 'Request')");
+    catalog.Run("INSERT INTO ActorLink(Movie_ID, Actor_ID, Character) VALUES (7, 50000, 'Cook'), (5, 50000, 'A < B'), (6, 50000, NULL), "
+                "(5, 50000, 'Thief')");
+    const auto row = [](const char* id, const char* title, const char* role) {
+        return std::string("<tr bgcolor=\"#EAEAEA\"><td width=\"50%\"><a id=\"") + id + "\" href=#>" + title + "</a></td><td>" + role +
+               "</td></tr>";
+    };
+    const char* const film = "SendMessage:GOTO:5:Sci-Fi &amp; &quot;Noir&quot;";
+    EXPECT_EQ(Text(page(50000)), "HOME/temp/PImage1.JPG Ann <1>|N/A||N/A|N/A|a &lt;/textarea> b|N/A "
+                                 "<A HREF=http://site/Title?0000001 TARGET=\"_blank\">One (1950)</A><BR>"
+                                 "<A HREF=http://site/Title?00%22%20x%3D1 TARGET=\"_blank\">&#34;Two &lt;i>&#34; (1951)</A><BR> [" +
+                                     row("SendMessage:GOTO:6:", "Alien", "N/A") + row("NA", "Brazil", "Cook") +
+                                     row(film, "Cops & &lt;Robbers>", "A &lt; B") + row(film, "Cops & &lt;Robbers>", "Thief") + "]");
+    EXPECT_EQ(Text(page(50001)), "HOME/Skins/Plain/No Image.jpg Bo|N/A|N/A|N/A|N/A|N/A|N/A N/A []");
+    EXPECT_EQ(page(50001)->step, u"htmltemp2.html");
+    EXPECT_EQ(ErrorOf([&] { return page(8); }), kErrNoCurrentRecord);
+}
+
 TEST_F(FilmPages, CreditsWithoutATemplateAreToldOnce)
 {
     const ScriptedDialogs::Box box{u"The credits template file for skin Plain could not be located.  Please contact Kelvado support."_s,

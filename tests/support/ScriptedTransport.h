@@ -22,7 +22,7 @@ public:
         }
         return htmlDoc;
     }
-    bool FailureTold() const override { return false; }
+    bool FailureTold() const override { return failureTold; }
     void Abort() override { aborted = true; }
     QString GetUrl(const QString& url) override
     {
@@ -40,6 +40,7 @@ public:
     QStringList requests;             ///< "GetUrl http://host/path"
     std::function<void()> duringEach; ///< runs while a fetch waits
     QString htmlDoc;
+    bool failureTold = false;
     bool aborted = false; ///< the last fetch, which then raises as the real ones do
 
 private:

@@ -197,7 +197,7 @@ TEST_F(OwnSkin, TakesAPaletteAndADrawingOfItsOwnAndTheRestFromTheCommonOnes)
                R"(<svg xmlns:skin="urn:kelvado:skin" viewBox="0 0 8 8"><path d="M0 0H8V8H0Z" skin:fill="{Ink}"/></svg>)");
     // A list of its own may ask for more than the common one.
     QByteArray list = FileBytes(kArt + u"/skin.json"_s);
-    list.insert(list.indexOf('{') + 1, R"("Tabs/Movie-Sections.bmp": {"drawing": "strip.svg", "Ink": "{Accent}"},
+    list.insert(list.indexOf('{') + 1, R"("Tabs/Own-Sections.bmp": {"drawing": "strip.svg", "Ink": "{Accent}"},
         "wait.gif": {"drawing": "wait{Frame}.svg", "frames": 2, "hundredths": 5},)");
     for (const char* number : {"1", "2"})
         home.Write(u"source/art/wait%1.svg"_s.arg(QLatin1StringView(number)),
@@ -212,7 +212,7 @@ TEST_F(OwnSkin, TakesAPaletteAndADrawingOfItsOwnAndTheRestFromTheCommonOnes)
     EXPECT_EQ(Picture(home.Path(u"made/ToolSpacer@2x.BMP"_s)).pixelColor(3, 3), QColor(0x10, 0x18, 0x20));
     EXPECT_TRUE(home.Read(u"made/Templates/default.html"_s).contains("--Strip: #101820;"));
     EXPECT_EQ(QSettings(home.Path(u"made/skin.ini"_s), QSettings::IniFormat).value(u"Skin/StatusBackColor"_s), u"101820"_s);
-    const QImage strip = Picture(home.Path(u"made/Tabs/Movie-Sections@2x.bmp"_s));
+    const QImage strip = Picture(home.Path(u"made/Tabs/Own-Sections@2x.bmp"_s));
     EXPECT_EQ(strip.size(), QSize(100, 40));
     EXPECT_EQ(strip.pixelColor(5, 5), QColor(0x88, 0x8C, 0x90));
     EXPECT_EQ(strip.pixelColor(60, 20), QColor(0x2B, 0x5F, 0xA6));

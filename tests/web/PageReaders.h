@@ -4,6 +4,7 @@
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
 #include "web/readers/WebText.h"
+#include "web/readers/mIMDBActorParse.h"
 #include "web/readers/mIMDBAmazon.h"
 #include "web/readers/mIMDBCompaniesParse.h"
 #include "web/readers/mIMDBCreditsParse.h"
@@ -97,6 +98,20 @@ inline constexpr PageReader kPageReaders[] = {
          ScriptedDialogs dialogs;
          ErrorOf([&] { ParseSearchPage(page, rows, akaTitles, shell, dialogs); });
      }},
+    {"person",
+     [](const QString& fetched) {
+         const QString page = FlattenPage(fetched);
+         ErrorOf([&] { return ParseHeadShot(page); });
+         ErrorOf([&] { return ParseBirthName(page); });
+         ErrorOf([&] { return ParseBirthDetails(page); });
+         ErrorOf([&] { return ParseFilmography(page); });
+     }},
+    {"biography",
+     [](const QString& fetched) {
+         ErrorOf([&] { return ParseBiography(fetched, u"main.test"_s); });
+         ErrorOf([&] { return ParseHeight(fetched); });
+     }},
+    {"matches", [](const QString& fetched) { ErrorOf([&] { return ParseActorMatches(FlattenPage(fetched)); }); }},
     {"shop-results",
      [](const QString& fetched) { ErrorOf([&] { return ParseCandidates(FlattenPage(fetched), u"The Affair (1987)"_s); }); }},
     {"shop-product", [](const QString& fetched) { ErrorOf([&] { return ParseLargerPicture(FlattenPage(fetched)); }); }},

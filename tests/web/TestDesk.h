@@ -38,6 +38,7 @@ protected:
         ProfileChanges hosts(home.Path(u"Settings.ini"_s));
         for (const auto& [key, host] : {std::pair(u"ImdbMainHost"_s, u"main.test"_s),
                                         {u"ImdbSearchHost"_s, u"search.test"_s},
+                                        {u"ImdbPersonHost"_s, u"people.test"_s},
                                         {u"ImdbPosterHost"_s, u"posters.test"_s},
                                         {u"AmazonMainHost"_s, u"shop.test"_s}})
             hosts.Set(u"Hosts"_s, key, host);

@@ -155,17 +155,6 @@ TEST_F(AddPanel, ASecondSearchStaysOut)
     EXPECT_EQ(Rows("lstSelect"), "A Film|0000002");
 }
 
-/// Keeps what would have gone to the desktop's browser.
-class Browser : public QObject
-{
-    Q_OBJECT
-public:
-    Browser() { QDesktopServices::setUrlHandler(u"http"_s, this, "Open"); }
-    ~Browser() override { QDesktopServices::unsetUrlHandler(u"http"_s); }
-    Q_SLOT void Open(const QUrl& address) { opened << address.toString(); }
-    QStringList opened;
-};
-
 TEST_F(AddPanel, RowsFilmsAndPeopleAreVisitedInTheBrowser)
 {
     Browser browser;
@@ -230,5 +219,3 @@ TEST_F(AddPanel, EveryControlIsReachedByTabAndHasAName)
 
 } // namespace
 } // namespace kelvado
-
-#include "AddPanelTest.moc"

@@ -5,6 +5,17 @@
 
 namespace kelvado {
 
+/// Keeps what would have gone to the desktop's browser.
+class Browser : public QObject
+{
+    Q_OBJECT
+public:
+    Browser() { QDesktopServices::setUrlHandler(u"http"_s, this, "Open"); }
+    ~Browser() override { QDesktopServices::unsetUrlHandler(u"http"_s); }
+    Q_SLOT void Open(const QUrl& address) { opened << address.toString(); }
+    QStringList opened;
+};
+
 /// The assembled main window and the panels that add films.
 class FilmPanels : public MainWindow
 {

@@ -162,10 +162,13 @@ void MakeSkin(const QString& skin, const QString& art, const QString& target)
 {
     const QStringList folders = ArtFolders(skin, art);
     const Values palette = ReadPalette(skin + u"/palette.ini"_s);
-    for (QDirIterator files(skin, QDir::Files, QDirIterator::Subdirectories); files.hasNext();) {
-        const QString path = files.next();
-        if (!path.startsWith(folders[0] + u'/'))
-            WriteBytes(target + path.mid(skin.size()), Colored(path, palette));
+    // What the skins share comes first, so that a skin's own file takes its place.
+    for (const QString& source : {art + u"/skin"_s, skin}) {
+        for (QDirIterator files(source, QDir::Files, QDirIterator::Subdirectories); files.hasNext();) {
+            const QString path = files.next();
+            if (!path.startsWith(folders[0] + u'/'))
+                WriteBytes(target + path.mid(source.size()), Colored(path, palette));
+        }
     }
     MakePictures(FindArt(folders, u"skin.json"_s), folders, palette, target);
 }

@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QUrl>
 
 using namespace kelvado;
 
@@ -74,6 +75,8 @@ SampleFilm ReadFilm(const QJsonValue& json)
     for (FilmPerson& producer : record.Producers)
         producer.IMDB_Link = producer.Name; // a new producer that brings no link is stored without a name
     record.Actors = People(at("cast"));
+    for (FilmPerson& actor : record.Actors) // the page source finds people by their names too
+        actor.IMDB_Link = QString::fromLatin1(QUrl::toPercentEncoding(actor.Name)).replace("%20"_L1, "+"_L1);
     film.movieNight = at("movieNight").toBool();
     film.backCover = at("backCover").toBool();
     film.nfo = Text(at("nfo"));

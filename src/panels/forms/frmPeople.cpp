@@ -122,6 +122,26 @@ void frmPeople::Clear()
     setEnabled(false);
 }
 
+void frmPeople::ClearIfGone()
+{
+    if (m_actorId == 0)
+        return;
+    bool isGone = m_catalogPath != m_context.state.CatalogPath();
+    try {
+        if (!isGone)
+            kelvado::Actor_Edit_Page(m_actorId, m_catalogPath);
+    } catch (const RuntimeError&) {
+        isGone = true;
+    }
+    if (isGone)
+        Clear();
+}
+
+void frmPeople::FocusFirst()
+{
+    m_ui->txtName->setFocus(Qt::TabFocusReason);
+}
+
 void frmPeople::Fill(const PersonPage& page)
 {
     m_ui->lblActor_ID->setText(QString::number(m_actorId));
@@ -206,25 +226,10 @@ void frmPeople::Save()
     Actor_Edit_Save();
 }
 
-const QString& frmPeople::Catalog()
-{
-    const QString& open = m_context.state.CatalogPath();
-    if (open == m_catalogPath)
-        return m_catalogPath;
-    // A copy that was made by "Save As" holds the same person under the same number; any other catalog does not.
-    const PersonPage page = kelvado::Actor_Edit_Page(m_actorId, open);
-    constexpr auto kName = static_cast<std::size_t>(PersonField::Name);
-    if (page.texts[kName] != m_read[kName])
-        throw RuntimeError::WithDetail(kErrInvalidCall, tr("this person belongs to another catalog than the open one"));
-    m_catalogPath = open;
-    return m_catalogPath;
-}
-
 void frmPeople::Actor_Edit_Save()
 {
-    const QString path = Catalog();
-    kelvado::Actor_Edit_Save(m_actorId, Texts(), {path, SettingsFile(), m_context.dialogs});
-    const PersonPage stored = kelvado::Actor_Edit_Page(m_actorId, path);
+    kelvado::Actor_Edit_Save(m_actorId, Texts(), {m_catalogPath, SettingsFile(), m_context.dialogs});
+    const PersonPage stored = kelvado::Actor_Edit_Page(m_actorId, m_catalogPath);
     FillTexts(stored);
     Q_EMIT PersonStored(m_actorId, m_ui->txtName->text());
     m_context.dialogs.MessageBox(u"Actor Information saved successfully."_s, kBoxPlain);
@@ -241,8 +246,7 @@ void frmPeople::ChooseImage()
 void frmPeople::StoreImage(const QString& path)
 {
     try {
-        const QString& catalog = Catalog();
-        const QString message = ReplacePicture(Portrait(m_actorId), path, catalog);
+        const QString message = ReplacePicture(Portrait(m_actorId), path, m_catalogPath);
         if (!message.isEmpty()) {
             m_context.dialogs.MessageBox(message, kBoxPlain);
             return;

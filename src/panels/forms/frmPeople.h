@@ -33,6 +33,9 @@ public:
     void Actor_Edit_Page(qint64 actorId);
     /// Shows nobody.
     void Clear();
+    /// The same where the person on show is no longer in the catalog, or another catalog is open.
+    void ClearIfGone();
+    void FocusFirst();
     /// The number of the person on show; 0 for nobody.
     qint64 ActorId() const { return m_actorId; }
     /// The film site's number of the selected film of the history; empty where none is selected.
@@ -61,8 +64,6 @@ private:
     /// What is to be stored.
     PersonTexts Texts() const;
     void SetDirty(bool isDirty);
-    /// The catalog that holds the person on show. Raises `kErrInvalidCall` where another one is open by now.
-    const QString& Catalog();
     void Actor_Edit_Save();
     void ChooseImage();
     void StoreImage(const QString& path);

@@ -1,6 +1,7 @@
 #include "web/forms/FilmProgress.h"
 
 #include "core/Guard.h"
+#include "web/forms/ShowAbove.h"
 
 #include <QScopedValueRollback>
 
@@ -18,18 +19,12 @@ void FilmProgress::Open()
     m_window = std::make_unique<frmProgress>(&m_owner);
     m_skin(*m_window);
     QObject::connect(m_window.get(), &frmProgress::CancelAsked, m_window.get(), [this] { Guarded(m_dialogs, [this] { AskCancel(); }); });
-    const QRect above(m_owner.mapToGlobal(QPoint()), m_owner.size());
-    m_window->move(above.center() - m_window->rect().center());
-    m_window->show();
+    ShowAbove(*m_window, m_owner);
 }
 
 void FilmProgress::Close()
 {
-    if (!m_window)
-        return;
-    // A click on its button may still be on its way through the window.
-    m_window->hide();
-    m_window.release()->deleteLater();
+    LetGo(std::move(m_window));
 }
 
 void FilmProgress::ShowFilm(const QString& title)

@@ -3,6 +3,7 @@
 #include "core/Afterwards.h"
 #include "core/Guard.h"
 #include "core/Literals.h"
+#include "store/FilmActions.h"
 #include "ui_Form2.h"
 #include "web/forms/frmAkaSet.h"
 
@@ -69,7 +70,7 @@ void Form2::Reopen()
     if (values(now) != values(m_defaults))
         LoadDefaults();
     m_ui->txtSearch->setFocus();
-    const QStringList formats = FormatsInUse(m_desk.state.CatalogPath());
+    const QStringList formats = ValuesInUse(u"Format"_s, m_desk.state.CatalogPath());
     const QString format = m_ui->cboFormat->currentText();
     m_ui->cboFormat->clear();
     m_ui->cboFormat->addItems(formats);

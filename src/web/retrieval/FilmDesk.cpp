@@ -14,16 +14,16 @@ std::optional<FetchTurn> TakeTurn(FilmDesk& desk)
     return std::nullopt;
 }
 
-void RunJob(FilmDesk& desk, const std::function<void()>& work)
+void RunJob(FilmDesk& desk, JobWindow& window, const std::function<void()>& work)
 {
     desk.shell.EnableMainWindow(false);
     Afterwards(
         [&] {
-            desk.progress.Open();
+            window.Open();
             work();
         },
         [&] {
-            desk.progress.Close();
+            window.Close();
             desk.shell.EnableMainWindow(true);
         });
 }
@@ -39,6 +39,11 @@ void EndJob(FilmDesk& desk)
     desk.job.ProgramEnds = true;
     desk.progress.Close();
     CancelJob(desk);
+}
+
+bool WasCancelledByUser(const RuntimeError& error, const FilmDesk& desk)
+{
+    return error.Number() == kErrCancelled && desk.job.RetrievalCancelled && !desk.job.ProgramEnds;
 }
 
 WriterContext MakeWriter(FilmDesk& desk)

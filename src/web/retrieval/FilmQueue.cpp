@@ -174,7 +174,7 @@ std::optional<JobResult> RunAdding(QList<Row>& rows, const std::function<BatchFi
         desk.progress.Close();
         TellResult(result, desk.dialogs);
     };
-    RunJob(desk, [&] { Afterwards(add, [&] { desk.shell.ShowWorking(false); }); });
+    RunJob(desk, desk.progress, [&] { Afterwards(add, [&] { desk.shell.ShowWorking(false); }); });
     return result;
 }
 
@@ -220,17 +220,6 @@ void ApplyDefaults(const FilmDefaults& defaults, FilmRecord& film)
         if (!(defaults.*value).isEmpty())
             film.*field = defaults.*value;
     }
-}
-
-QStringList FormatsInUse(const QString& catalogPath)
-{
-    Connection connection = OpenCatalog(catalogPath);
-    Recordset formats;
-    formats.Open(u"SELECT DISTINCT Format FROM Movie WHERE Format <> '' ORDER BY Format"_s, connection);
-    QStringList texts;
-    for (; !formats.Eof(); formats.MoveNext())
-        texts << FieldString(u"Format"_s, formats);
-    return texts;
 }
 
 std::optional<JobResult> AddQueue(QList<SearchRow>& queue, const QueueChoices& choices, FilmDesk& desk,

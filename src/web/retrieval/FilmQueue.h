@@ -37,8 +37,6 @@ struct FilmDefaults
     QString Format, Number, Index;
 };
 void ApplyDefaults(const FilmDefaults& defaults, FilmRecord& film);
-/// The formats that films of the catalog have, in order of the alphabet.
-QStringList FormatsInUse(const QString& catalogPath);
 
 /// How a job of films went.
 struct JobResult

@@ -126,9 +126,7 @@ std::optional<FilmRecord> RetrieveFilm(const QString& number, FilmDesk& desk)
     try {
         return Retrieval(number, desk).Run();
     } catch (const RuntimeError& error) {
-        // A fetch that was cancelled raises as one does that the end of the program has left.
-        const bool byUser = error.Number() == kErrCancelled && desk.job.RetrievalCancelled && !desk.job.ProgramEnds;
-        if (!byUser)
+        if (!WasCancelledByUser(error, desk))
             throw;
         return std::nullopt;
     }
@@ -158,7 +156,7 @@ bool RetrieveOver(const std::function<QString()>& numberOf, FilmId movieId, cons
     try {
         desk.job.CurrentFilm = 1;
         desk.job.FilmCount = 1;
-        RunJob(desk, [&] {
+        RunJob(desk, desk.progress, [&] {
             std::optional<FilmRecord> film = RetrieveFilm(numberOf(), desk);
             if (!film)
                 return;

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "core/AppState.h"
+#include "store/FilmRecord.h"
+#include "store/NameTables.h"
+#include "store/mDBConnection.h"
+
+#include <QHash>
+#include <QList>
+#include <QStringList>
+
+#include <array>
+
+namespace kelvado {
+
+/// A table of ticks: the names that a film can have any number of.
+extern const NameTable kFeature;
+
+/// A row of a table of names.
+struct NamedRow
+{
+    qint64 id;
+    QString name;
+};
+
+/// A film as the edit panel shows it: the record, and what the record leaves out.
+struct FilmOnShow
+{
+    FilmRecord record;
+    QDate lastViewing; ///< the zero date where there is none
+    QString shopLink;  ///< as the catalog holds it
+};
+
+/// Reads a film. Raises `kErrNoCurrentRecord` where there is no such film.
+FilmOnShow ReadFilmOnShow(FilmId movieId, const QString& catalogPath);
+
+bool FilmExists(FilmId movieId, const QString& catalogPath);
+
+/// All genres, or features, in the order of their numbers.
+QList<NamedRow> ReadTickNames(const NameTable& names, const QString& catalogPath);
+
+/// How many characters each of `columns` of the table `Movie` holds, in their order.
+QList<qsizetype> ReadColumnSizes(const QStringList& columns, const QString& catalogPath);
+
+/// Links the film to a genre or feature, or takes the link away, at once.
+/// Raises `kErrNoCurrentRecord` where the film is gone; nothing is then stored.
+void StoreTick(const NameTable& names, FilmId movieId, qint64 nameId, bool ticked, const QString& catalogPath);
+
+/// The number of the genre called `name`, whatever the case of its letters; a name that is not there is added.
+qint64 AddGenre(const QString& name, const QString& catalogPath);
+/// Deletes the genre itself; the links of films to it stay.
+void DeleteGenre(qint64 genreId, const QString& catalogPath);
+
+/// Stores the text as the film's NFO. Raises `kErrNoCurrentRecord` where the film is gone.
+void StoreNfo(FilmId movieId, const QString& text, const QString& catalogPath);
+
+/// Adds a film that was entered by hand, with everything that was entered, and returns its number. Raises what `AddFilm` raises.
+FilmId AddManualFilm(const FilmRecord& film, const WriterContext& context);
+
+/// Which of the four company lists shows a company of this type: 0 to 2 for those of `kCompanyTypes`, 3 for any other.
+int CompanyList(const QString& type);
+inline constexpr int kCompanyLists = 4;
+inline constexpr std::array<QLatin1StringView, kCompanyLists - 1> kCompanyTypes{"Production"_L1, "Special Effects"_L1, "Distributor"_L1};
+
+/// The values of the film that decide on its place and looks in the tree; a change of any of them asks for another tree.
+QStringList ReadTreeFacts(FilmId movieId, const AppState& state);
+
+} // namespace kelvado

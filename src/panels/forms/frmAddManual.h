@@ -1,0 +1,37 @@
+#pragma once
+
+#include "panels/forms/FilmPanel.h"
+
+namespace kelvado {
+
+/// Enters a film that no source knows. Nothing is written before "Add Movie".
+class frmAddManual : public FilmPanel
+{
+    Q_OBJECT
+public:
+    /// `skinner` outlives the panel, as does what `context` names.
+    frmAddManual(const PanelContext& context, const Skinner& skinner, QWidget* parent = nullptr);
+
+    /// For each time that the panel comes into view: lists and limits follow the open catalog. What was entered stays.
+    void Reopen();
+
+    void AddPerson() override;
+    /// Takes the selected person off the list.
+    void RemovePerson() override;
+
+protected:
+    void OnChange(QWidget* control) override;
+    void OnTick(const NameTable&, qint64, bool) override {}
+    void OnImage(Cover cover, const QString& path) override;
+    void OnSave() override;
+    std::optional<QString> StorePersonText(int row, const QString& text) override;
+
+private:
+    void Clear();
+    FilmRecord EnteredFilm();
+
+    QString m_front, m_back; ///< the picture files that were chosen
+    QString m_catalogPath;   ///< whose lists are shown
+};
+
+} // namespace kelvado
