@@ -1,6 +1,7 @@
 #include "render/PersonTokens.h"
 
 #include "core/Literals.h"
+#include "store/FilmHistory.h"
 
 #include <QUrl>
 
@@ -43,16 +44,16 @@ QString AttributeValue(QString text)
     return text.replace(u'\n', "&#10;"_L1);
 }
 
-// `history` is a run of title with year, CR LF, number, "|".
 QString HistoryLinks(const QString& history, const QString& siteAddress)
 {
     QString links;
-    for (const QString& entry : history.split(u'|', Qt::SkipEmptyParts)) {
-        const QString title = entry.section("\r\n"_L1, 0, 0);
-        const QString number = entry.section("\r\n"_L1, 1, 1);
+    for (const HistoryFilm& film : ReadFilmHistory(history)) {
         // The address stands without quotes, so that nothing but a number may follow it.
-        links.append("<A HREF="_L1).append(siteAddress).append("/Title?"_L1).append(QLatin1StringView(QUrl::toPercentEncoding(number)));
-        links.append(" TARGET=\"_blank\">"_L1).append(PlainText(title)).append("</A><BR>"_L1);
+        links.append("<A HREF="_L1)
+            .append(siteAddress)
+            .append("/Title?"_L1)
+            .append(QLatin1StringView(QUrl::toPercentEncoding(film.number)));
+        links.append(" TARGET=\"_blank\">"_L1).append(PlainText(film.title)).append("</A><BR>"_L1);
     }
     return links;
 }

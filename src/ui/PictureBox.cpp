@@ -23,9 +23,9 @@ namespace {
 
 // The longest side that is kept: more than a screen shows.
 constexpr int kLongestSide = 3000;
-// A small file can claim any size, and unpacking it holds up the window. JPEG pictures are unpacked in a smaller size at once.
-constexpr qint64 kMostPixels = 40'000'000;
-constexpr qint64 kMostJpegPixels = 200'000'000;
+// A small file can claim any size, and unpacking it holds up the window. The reader's own limit of memory leaves out JPEG pictures,
+// which are unpacked in a smaller size at once.
+constexpr qint64 kMostPixels = 200'000'000;
 constexpr int kMargin = 4;
 
 // The content decides, not the name. Drawings are no pictures: they may take any time to draw.
@@ -42,8 +42,7 @@ QImage ReadPicture(const QString& path)
         return {};
     const QSize size = reader.size();
     const bool isJpeg = reader.format() == "jpeg";
-    const qint64 pixels = static_cast<qint64>(size.width()) * size.height();
-    if (pixels > (isJpeg ? kMostJpegPixels : kMostPixels))
+    if (static_cast<qint64>(size.width()) * size.height() > kMostPixels)
         return {};
     reader.setAutoTransform(true);
     const QSize bound(kLongestSide, kLongestSide);

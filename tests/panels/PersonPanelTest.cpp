@@ -222,8 +222,11 @@ TEST(PictureBoxes, OnlyAPictureIsTakenAndNeverMoved)
     box.SetPicture(chosen[0][0].toString());
     EXPECT_TRUE(box.HasPicture());
     QImage(7000, 7000, QImage::Format_Mono).save(home.Path(u"huge.png"_s)); // a few kilobytes that unpack to 196 MB
+    QImage(8, 8, QImage::Format_RGB32).save(home.Path(u"claim.jpg"_s));
+    QByteArray claim = home.Read(u"claim.jpg"_s);
+    home.Write(u"claim.jpg"_s, claim.replace(claim.indexOf("\xFF\xC0") + 5, 4, "\x75\x30\x75\x30")); // 30000 by 30000
     home.Write(u"drawing.jpg"_s, R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"><rect width="5" height="5"/></svg>)");
-    for (const QString& name : {u"a.txt"_s, u"huge.png"_s, u"drawing.jpg"_s, u"gone.png"_s}) {
+    for (const QString& name : {u"a.txt"_s, u"huge.png"_s, u"claim.jpg"_s, u"drawing.jpg"_s, u"gone.png"_s}) {
         box.SetPicture(home.Path(name));
         EXPECT_FALSE(box.HasPicture()) << name.toStdString();
     }

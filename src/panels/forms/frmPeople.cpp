@@ -147,6 +147,7 @@ void frmPeople::Fill(const PersonPage& page)
     m_ui->lblActor_ID->setText(QString::number(m_actorId));
     FillTexts(page);
     m_ui->cmdRetreive->setEnabled(page.isOnSite);
+    m_ui->cmdRetreive->setToolTip(page.isOnSite ? QString() : tr("No page of the film site is known for this person"));
     ShowPicture();
     m_have.SetRows(FilmRows(page.have));
     m_want.SetRows(FilmRows(page.want));
