@@ -8,6 +8,7 @@
 #include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
+#include "panels/FilmEdit.h"
 #include "panels/forms/frmEditAddChar.h"
 #include "panels/forms/frmPeople.h"
 #include "store/CaseBlind.h"
@@ -32,6 +33,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <string>
 
 using namespace kelvado;
 
@@ -70,7 +72,7 @@ public:
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
-    void Run(const char* sql) { Check(sqlite3_exec(m_db, sql, nullptr, nullptr, nullptr)); }
+    void Run(const std::string& sql) { Check(sqlite3_exec(m_db, sql.c_str(), nullptr, nullptr, nullptr)); }
 
     /// Runs a statement with texts and numbers bound, reads every column of every row as text, and returns the first column of the
     /// first row as a number.
@@ -369,6 +371,37 @@ void ChoosePerson(benchmark::State& state)
     }
 }
 
+// One change of a film that is stored at once, and the saving of a film in which one field was changed.
+void StoreTicks(benchmark::State& state)
+{
+    const QString catalog = BuiltCatalog();
+    bool ticked = false;
+    for ([[maybe_unused]] const auto round : state)
+        StoreTick(kFeature, 1, 1, ticked = !ticked, catalog);
+    StoreTick(kFeature, 1, 1, false, catalog);
+}
+
+void SaveEdits(benchmark::State& state)
+{
+    const QString catalog = BuiltCatalog();
+    ScriptedDialogs dialogs;
+    FilmRecord film = ReadFilm(1, catalog);
+    int changes = 0;
+    for ([[maybe_unused]] const auto round : state) {
+        film.Index = QString::number(++changes);
+        SaveFilmEdit(film, 1, {catalog, {}, dialogs});
+    }
+}
+
+// The same two changes by the engine's own calls: open, one statement, close.
+void StoreChangesBare(benchmark::State& state)
+{
+    const QString catalog = BuiltCatalog();
+    int changes = 0;
+    for ([[maybe_unused]] const auto round : state)
+        Engine(catalog).Run("UPDATE Movie SET \"Index\" = '" + std::to_string(++changes) + "' WHERE Movie_ID = 1");
+}
+
 BENCHMARK(StoreFilms)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(StoreFilmsBare)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(ReadFilms)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
@@ -379,6 +412,9 @@ BENCHMARK(FillFiltered)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAg
 BENCHMARK(RecountStatus)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
 BENCHMARK(MatchNames)->Iterations(5000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ExpandFilm)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
+BENCHMARK(StoreTicks)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
+BENCHMARK(SaveEdits)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
+BENCHMARK(StoreChangesBare)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(OpenPerson)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 BENCHMARK(ChoosePerson)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 

@@ -1,7 +1,7 @@
 // What a user waits for, to the last changed pixel: window_bench CATALOG.kvd, on an X display, with KELVADO_HOME naming a folder that has
 // the program's files. Prints the time from the start of the process to the usable window, the median time from a selection to the
-// painted page of a film and of a person, the same for the credits of the largest cast, beside a page that holds a bare heading, and the
-// memory of this process.
+// painted page of a film and of a person and to the panels that edit them, the times to store a field and a tick, the credits of the
+// largest cast, all beside a page that holds a bare heading, and the memory of this process.
 
 #include "PaintedPixels.h"
 #include "app/DesktopSeams.h"
@@ -12,6 +12,7 @@
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
+#include "panels/forms/Form3.h"
 #include "render/forms/PageEngine.h"
 #include "render/forms/frmPageView.h"
 #include "store/Recordset.h"
@@ -20,6 +21,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QTimer>
 #include <QTreeView>
 
@@ -96,6 +99,49 @@ double Median(const char* what, const std::function<std::optional<double>()>& ro
     return median;
 }
 
+/// The film panel: opening the next film, painted; a save of one field and a tick, stored.
+void MeasurePanels(Form1& window, QTreeView& tree, const PaintedPixels& pixels, const std::function<std::optional<double>()>& nextFilm)
+{
+    QApplication::setCursorFlashTime(0);
+    nextFilm();
+    window.ShowSection(kMovieEdit);
+    Settle(500);
+    auto* panel = window.findChild<Form3*>();
+    Median("film panel", nextFilm);
+    const auto stored = [](const std::function<void()>& act) {
+        const auto start = PaintedPixels::Clock::now();
+        act();
+        return std::optional(std::chrono::duration<double, std::milli>(PaintedPixels::Clock::now() - start).count());
+    };
+    int text = 0;
+    Median("save of one field", [&] {
+        panel->findChild<QLineEdit*>(u"txtIndex"_s)->setText(QString::number(++text));
+        return stored([panel] { panel->Save(); });
+    });
+    QListWidgetItem* genre = panel->findChild<QListWidget*>(u"lstGenre"_s)->item(0);
+    const auto tick = [&] {
+        const bool ticked = genre->checkState() == Qt::Checked;
+        return stored([&] { genre->setCheckState(ticked ? Qt::Unchecked : Qt::Checked); });
+    };
+    Median("tick", tick);
+    if (genre->checkState() == Qt::Checked)
+        tick();
+    // One person after the other of the film with the cast that was unfolded.
+    tree.expand(tree.currentIndex());
+    const QModelIndex film = tree.currentIndex();
+    int person = 0;
+    const auto nextPerson = [&] {
+        const int people = std::max(1, film.model()->rowCount(film));
+        return TimeOf(pixels, [&] { tree.setCurrentIndex(film.model()->index(person++ % people, 0, film)); });
+    };
+    window.ShowSection(kMovieList);
+    nextPerson();
+    window.ShowSection(kActorInfo);
+    Settle(500);
+    Median("person panel", nextPerson);
+    window.ShowSection(kMovieList);
+}
+
 int Measure(const QString& catalog)
 {
     WriteProfileValue(u"Settings"_s, u"Default"_s, catalog, SettingsFile());
@@ -165,6 +211,7 @@ int Measure(const QString& catalog)
             bare);
     }
     std::printf("memory after the pages   %8.0f MB\n", Megabytes("VmRSS"));
+    MeasurePanels(window, *tree, pixels, next);
     window.close();
     return 0;
 }
