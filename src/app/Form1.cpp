@@ -117,8 +117,11 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
     };
     ConnectMenus();
     ConnectControls();
-    m_browseMenus = std::make_unique<BrowseMenus>(BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_catalog->Model(),
-                                                                       *m_ui->TreeView1, m_skinner, [this] { ApplyMenuRules(); }});
+    m_browseMenus = std::make_unique<BrowseMenus>(
+        BrowseMenus::Context{*this, m_state, dialogs, m_menus, *this, m_catalog->Model(), *m_ui->TreeView1, m_skinner, [this] {
+                                 ApplyMenuRules();
+                                 RefreshPanel();
+                             }});
     m_statusBar = std::make_unique<StatusBar>(m_state, dialogs, m_menus, m_skinner, *m_ui->StatusCells);
     m_editMenus = std::make_unique<EditMenus>(
         EditMenus::Context{*this,
@@ -672,10 +675,16 @@ void Form1::OnFilled()
 {
     if (m_state.CurrentSection == kMovieList && !SelectedNode())
         ShowBlankPage();
+    RefreshPanel();
+    ApplyMenuRules();
+}
+
+// A panel whose film or person is gone shows what is selected instead.
+void Form1::RefreshPanel()
+{
     m_editMenus->ClearGone();
     if (IsEditing() && !m_editMenus->ShowsAny(m_state.CurrentSection))
         ShowSelection();
-    ApplyMenuRules();
 }
 
 void Form1::ShowAbout()

@@ -97,6 +97,7 @@ private:
     void OnNodeClick();
     void OnPageClick(const PageClick& click);
     void OnFilled();
+    void RefreshPanel();
     void ShowFilmMenu();
     void LayOutPanes();
     void SaveSettings();

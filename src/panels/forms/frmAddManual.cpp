@@ -108,9 +108,9 @@ void frmAddManual::OnSave()
     LoadTicks();
     m_ui->TabBarMovie->DrawBar(1);
     m_ui->frameMovie->setCurrentIndex(0);
-    m_ui->txtTitle->setFocus();
     m_context.shell.RefreshCatalogTree();
     m_context.shell.UpdateStatus(true);
+    m_ui->txtTitle->setFocus();
 }
 
 void frmAddManual::AddPerson()
