@@ -54,24 +54,16 @@ TEST(CatalogModel, FindsNodesByKeyWithoutRegardToCase)
     model.SetFilmValue(film, u"90"_s);
     EXPECT_EQ(model.Key(film), FilmKey(5, u"90"));
     EXPECT_EQ(film.data().toString(), u"Alien second line");
-}
 
-TEST(CatalogModel, ShowsARetrievedPersonInEveryCastAndFindsAFilmsFirstNode)
-{
-    CatalogModel model;
-    TreeContent content = TwoGroups();
-    content.AddFilm({6, u"Amour"_s, u"66"_s, 0, 0, 5}, 1);
-    model.SetContent(content);
+    EXPECT_EQ(model.FindFilm(5), film) << "the first one from the top";
     EXPECT_FALSE(model.FindFilm(8).isValid());
-    EXPECT_EQ(model.FindFilm(6).parent().row(), 0);
-    const QModelIndex films[] = {model.FindFilm(6), model.Find(FilmKey(6, u"66"))};
-    for (const QModelIndex& film : films)
-        model.SetCast(film, {{11, u"Ann"_s, {}, CatalogModel::kImagePerson}, {12, u"Ben"_s, {}, CatalogModel::kImagePerson}});
+    for (const QString& value : {u"90"_s, u"Science Fiction"_s})
+        model.SetCast(model.Find(FilmKey(5, value)),
+                      {{11, u"Ann"_s, {}, CatalogModel::kImagePerson}, {12, u"Ben"_s, {}, CatalogModel::kImagePerson}});
     model.SetRetrieved(12);
-    for (const QModelIndex& film : films) {
-        EXPECT_EQ(model.index(0, 0, film).data(CatalogModel::ImageRole), CatalogModel::kImagePerson);
-        EXPECT_EQ(model.index(1, 0, film).data(CatalogModel::ImageRole), CatalogModel::kImagePersonRetrieved);
-    }
+    for (const QString& value : {u"90"_s, u"Science Fiction"_s})
+        EXPECT_EQ(model.index(1, 0, model.Find(FilmKey(5, value))).data(CatalogModel::ImageRole), CatalogModel::kImagePersonRetrieved);
+    EXPECT_EQ(model.Find(FilmKey(5, u"11")).data(CatalogModel::ImageRole), CatalogModel::kImagePerson);
 }
 
 } // namespace

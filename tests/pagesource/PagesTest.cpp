@@ -83,8 +83,17 @@ protected:
             television.kind = Kind::Television;
             writer.AddFilm(television);
             writer.AddFilm(FullFilm(45, "Twin", 1990));
-            writer.AddPerson(
-                {1, "Zo\u00eb M\u00fcller", "3 July", 1962, 0, "Town, Country", "Zo\u00eb Anna", "5' 7\"", {"actress"}, {17136}, "Sings & acts.\nNow retired."});
+            writer.AddPerson({1,
+                              "Zo\u00eb M\u00fcller",
+                              "3 July",
+                              1962,
+                              0,
+                              "Town, Country",
+                              "Zo\u00eb Anna",
+                              "5' 7\"",
+                              {"actress"},
+                              {17136},
+                              "Sings & acts.\nNow retired."});
             writer.AddPerson({2, "Bo Muster", "", 0, 0, "", "", "", {}, {}, ""});
             writer.AddPerson({3, "Bo Muster", "", 1950, 0, "", "", "", {"music_department"}, {}, ""});
             writer.AddCredit(17136, Section::Director, 1, 2, "");

@@ -26,8 +26,7 @@ protected:
 
 TEST_F(Persons, AreChosenByKeyboardRetrievedAndShown)
 {
-    const QString folder = u"" PAGESOURCE_FOLDER ""_s;
-    const PageSource source(folder);
+    const PageSource source(u"" PAGESOURCE_FOLDER ""_s);
     SetHosts(source.Host());
     Browser browser;
     StartAt("Stewart,+James");
@@ -40,9 +39,9 @@ TEST_F(Persons, AreChosenByKeyboardRetrievedAndShown)
     QStringList rows;
     InWindow("frmActorPrompt", [&](QWidget& modal) {
         auto* list = modal.findChild<QListWidget*>(u"lstActor"_s);
-        EXPECT_EQ(QApplication::focusWidget(), list);
-        for (int row = 0; row < list->count(); ++row)
-            rows << list->item(row)->text();
+        EXPECT_EQ(modal.focusWidget(), list);
+        for (const QListWidgetItem* row : list->findItems({}, Qt::MatchContains))
+            rows << row->text();
         QTest::keyClick(list, Qt::Key_Down);
         QTest::keyClick(list, Qt::Key_V);
         QTest::keyClick(list, Qt::Key_Up);
@@ -53,19 +52,13 @@ TEST_F(Persons, AreChosenByKeyboardRetrievedAndShown)
               (QStringList{u"James Stewart  (born 1908)"_s, u"James Stewart  (sound department, born 1931)"_s, u"James Stewart  "_s}));
     EXPECT_EQ(browser.opened, QStringList{u"http://%1/Name?nm9900000"_s.arg(source.Host())});
     EXPECT_EQ(TakeMessages(), "");
-    EXPECT_EQ(Retrieved(), u"1");
     EXPECT_EQ(Image(), CatalogModel::kImagePersonRetrieved);
-    EXPECT_EQ(catalog.Ask("SELECT lower(hex(Image)) FROM Images JOIN Actor USING (Image_ID)").toLatin1(),
-              FileContent(folder + u"/pagesource-images/person.jpg"_s).toHex());
 
     const QString page = Page(u"/temp/htmltemp1.html"_s);
     for (const char16_t* fact : {u"Sigourney Weaver", u"20 May, 1908", u"Indiana, Pennsylvania, USA", u"6' 3", u"Vertigo (1958)"})
         EXPECT_TRUE(page.contains(QStringView(fact))) << qPrintable(page);
     EXPECT_FALSE(page.contains(u'<')) << qPrintable(page);
     EXPECT_EQ(RunInPage(u"document.querySelector('.cover').naturalWidth > 0"_s), true);
-    ClickInPage("#films a");
-    Page(u"/temp/htmltemp2.html"_s);
-    EXPECT_EQ(Tree().Selected(), Node(u"Alien"_s));
 }
 
 TEST_F(Persons, AreLeftAloneByACancelAndTheTurnIsFreeAgain)

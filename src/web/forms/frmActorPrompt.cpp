@@ -20,6 +20,7 @@ frmActorPrompt::frmActorPrompt(const QList<ActorMatch>& matches, QWidget* parent
         row->setData(Qt::UserRole, place);
     }
     m_ui->lstActor->setCurrentRow(0);
+    m_ui->lstActor->setFocus();
     m_ui->lstActor->installEventFilter(this);
     const auto follow = [this] {
         for (QPushButton* button : {m_ui->cmdView, m_ui->cmdOkay})
