@@ -143,6 +143,45 @@ FilmId AddManualFilm(const FilmRecord& film, const WriterContext& context)
     return movieId;
 }
 
+std::optional<qint64> AddFilmCompany(FilmId movieId, const FilmCompany& company, const WriterContext& context)
+{
+    if (!IsUsableName(company.Company))
+        return std::nullopt;
+    Connection connection = OpenCatalog(context.catalogPath);
+    Recordset movie;
+    OpenFilm(movie, movieId, connection);
+    movie.Close();
+    FilmRecord film;
+    film.Companies = {company};
+    cOptIMDbFilm options;
+    options.Companies = 1;
+    if (const auto failure = StoreFilmLinks(film, movieId, LinkMode::Add, options, context, connection))
+        throw failure->error;
+    const std::optional<qint64> id = FindName(kCompany.table, company.Company, connection);
+    connection.Close();
+    return id;
+}
+
+void RemoveFilmCompany(FilmId movieId, qint64 companyId, int list, const QString& catalogPath)
+{
+    Connection connection = OpenCatalog(catalogPath);
+    Recordset links;
+    links.Open(u"SELECT * FROM CompanyLink WHERE Movie_ID = %1 AND Company_ID = %2"_s.arg(movieId).arg(companyId), connection);
+    for (; !links.Eof(); links.MoveNext()) {
+        if (CompanyList(FieldString(u"Type"_s, links)) == list) {
+            links.Delete();
+            break;
+        }
+    }
+    links.Close();
+    connection.Close();
+}
+
+QString CompanyType(int list)
+{
+    return list < kCompanyLists - 1 ? QString(kCompanyTypes[static_cast<std::size_t>(list)]) : u"Other"_s;
+}
+
 int CompanyList(const QString& type)
 {
     const auto* known =

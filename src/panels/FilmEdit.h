@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <array>
+#include <optional>
 
 namespace kelvado {
 
@@ -57,10 +58,19 @@ void StoreNfo(FilmId movieId, const QString& text, const QString& catalogPath);
 /// Adds a film that was entered by hand, with everything that was entered, and returns its number. Raises what `AddFilm` raises.
 FilmId AddManualFilm(const FilmRecord& film, const WriterContext& context);
 
+/// Links a company to the film, and adds it to the companies where it is new; its name is matched as a retrieved film's. Returns its
+/// number; nothing, and stores nothing, for a name that is too short to be one.
+std::optional<qint64> AddFilmCompany(FilmId movieId, const FilmCompany& company, const WriterContext& context);
+/// Takes the company off one of the film's company lists. Its row stays for other films.
+void RemoveFilmCompany(FilmId movieId, qint64 companyId, int list, const QString& catalogPath);
+
 /// Which of the four company lists shows a company of this type: 0 to 2 for those of `kCompanyTypes`, 3 for any other.
 int CompanyList(const QString& type);
 inline constexpr int kCompanyLists = 4;
 inline constexpr std::array<QLatin1StringView, kCompanyLists - 1> kCompanyTypes{"Production"_L1, "Special Effects"_L1, "Distributor"_L1};
+
+/// What is stored as the type of a company that the user adds to one of the lists.
+QString CompanyType(int list);
 
 /// The values of the film that decide on its place and looks in the tree; a change of any of them asks for another tree.
 QStringList ReadTreeFacts(FilmId movieId, const AppState& state);

@@ -15,12 +15,6 @@ namespace {
 
 constexpr qsizetype kShortestName = 3;
 
-// Markup that a page left in a text shows by its bracket.
-bool IsUsable(const QString& text)
-{
-    return text.size() >= kShortestName && !text.contains(u'>');
-}
-
 class LinkWriter
 {
 public:
@@ -77,7 +71,7 @@ void LinkWriter::StoreGenres(const FilmRecord& film)
 void LinkWriter::StoreCrew(const NameTable& names, const QList<FilmPerson>& people)
 {
     for (const FilmPerson& person : people) {
-        if (!IsUsable(person.Name))
+        if (!IsUsableName(person.Name))
             continue;
         StoreName(
             names, person.Name, [&](Recordset& row) { FillPerson(row, names, person); },
@@ -93,13 +87,13 @@ void LinkWriter::StoreActors(const FilmRecord& film)
     int order = 0;
     for (const FilmPerson& actor : film.Actors) {
         ++order; // an actor that is left out uses up a number too
-        if (!IsUsable(actor.Name))
+        if (!IsUsableName(actor.Name))
             continue;
         StoreName(
             kActor, actor.Name, [&](Recordset& row) { FillPerson(row, kActor, actor); },
             [&](Recordset& link) {
                 link[u"Order"].Set(order);
-                if (IsUsable(actor.Character))
+                if (IsUsableName(actor.Character))
                     link[u"Character"].Set(TrimBlanks(actor.Character));
             });
     }
@@ -108,7 +102,7 @@ void LinkWriter::StoreActors(const FilmRecord& film)
 void LinkWriter::StoreCompanies(const FilmRecord& film)
 {
     for (const FilmCompany& company : film.Companies) {
-        if (!IsUsable(company.Company))
+        if (!IsUsableName(company.Company))
             continue;
         StoreName(
             kCompany, company.Company, [&](Recordset& row) { row[kCompany.table].Set(TrimBlanks(company.Company)); },
@@ -162,7 +156,7 @@ void LinkWriter::FillPerson(Recordset& row, const NameTable& names, const FilmPe
 template<typename Entry>
 bool AnyUsable(const QList<Entry>& list, QString Entry::*name)
 {
-    return std::ranges::any_of(list, [name](const Entry& entry) { return IsUsable(entry.*name); });
+    return std::ranges::any_of(list, [name](const Entry& entry) { return IsUsableName(entry.*name); });
 }
 
 // One list of a film, on its way into the catalog. The table stands in the order of storing.
@@ -224,6 +218,11 @@ void ReadPeople(QList<FilmPerson>& people, const QString& sql, QString FilmPerso
 }
 
 } // namespace
+
+bool IsUsableName(const QString& text)
+{
+    return text.size() >= kShortestName && !text.contains(u'>');
+}
 
 std::optional<qint64> FindName(const QString& table, const QString& name, Connection& connection)
 {

@@ -3,7 +3,9 @@
 #include "core/Literals.h"
 #include "ui/Skinner.h"
 
+#include <QComboBox>
 #include <QIcon>
+#include <QLineEdit>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -55,6 +57,15 @@ QPixmap PaintSign(const Sign& sign, int scale)
 } // namespace
 
 AppStyle::AppStyle() : QProxyStyle(u"Fusion"_s) {}
+
+void AppStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    auto* line = qobject_cast<QLineEdit*>(widget);
+    const auto* list = line ? qobject_cast<QComboBox*>(line->parentWidget()) : nullptr;
+    if (list && line->accessibleName().isEmpty())
+        line->setAccessibleName(list->accessibleName());
+}
 
 int AppStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const
 {

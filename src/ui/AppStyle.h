@@ -12,6 +12,10 @@ class AppStyle : public QProxyStyle
 public:
     AppStyle();
 
+    using QProxyStyle::polish;
+    /// The line of a drop-down list that can be typed into is called like the list.
+    void polish(QWidget* widget) override;
+
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size, const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;

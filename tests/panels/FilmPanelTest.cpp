@@ -246,6 +246,19 @@ TEST_F(FilmPanels, PeopleAndCompaniesStandInTheirListsAndChangeAtOnce)
     dialogs.answers << kAnswerYes;
     QTest::keyClick(&actors, Qt::Key_Delete);
     EXPECT_EQ(Links("Actor", "Character"), u"1:3:Ash:2 1:1:Clone:3 2:1:Zoe:1 1:2:-:4"_s);
+
+    dialogs.inputs << u"ab"_s << u"FOX"_s << u"New & Co"_s;
+    for (int i = 0; i < 3; ++i)
+        Press(film, "cmdAddCompany");
+    EXPECT_EQ(dialogs.boxes.takeLast().title, u"Add Company"_s);
+    const auto companies = [this] {
+        return catalog.Ask("SELECT group_concat(Company || '/' || Type, ' ') FROM CompanyLink JOIN Company USING (Company_ID)");
+    };
+    EXPECT_EQ(companies(), u"Fox/Distributor Else/x Fox/Production New & Co/Production"_s);
+    Find<PairList>(film, "lstCompany_0").Select(0);
+    dialogs.answers << kAnswerYes;
+    Press(film, "cmdRemoveCompany");
+    EXPECT_EQ(companies(), u"Fox/Distributor Else/x New & Co/Production"_s);
     EXPECT_FALSE(film.HasChanges());
 }
 

@@ -212,6 +212,8 @@ void FilmPanel::ConnectControls()
     guarded(m_ui->cmdAddPeople, &FilmPanel::AddPerson);
     guarded(m_ui->cmdEditPeople, &FilmPanel::EditPerson);
     guarded(m_ui->cmdRemovePeople, &FilmPanel::RemovePerson);
+    guarded(m_ui->cmdAddCompany, &FilmPanel::OnAddCompany);
+    guarded(m_ui->cmdRemoveCompany, &FilmPanel::OnRemoveCompany);
     guarded(m_ui->cmdAddGenre, &FilmPanel::OnAddGenre);
     guarded(m_ui->cmdDelGenre, &FilmPanel::OnDelGenre);
     for (int kind = 0; kind < kPersonKinds; ++kind) {
@@ -220,6 +222,10 @@ void FilmPanel::ConnectControls()
         connect(&list, &PairList::EditWanted, this, [this] { Guard([this] { EditPerson(); }); });
         connect(&list, &PairList::RemoveWanted, this, [this] { Guard([this] { RemovePerson(); }); });
         connect(&list, &PairList::MenuWanted, this, &FilmPanel::PersonMenuWanted);
+    }
+    for (int list = 0; list < kCompanyLists; ++list) {
+        connect(&CompaniesOf(list), &PairList::AddWanted, this, [this] { Guard([this] { OnAddCompany(); }); });
+        connect(&CompaniesOf(list), &PairList::RemoveWanted, this, [this] { Guard([this] { OnRemoveCompany(); }); });
     }
     ConnectTicks(*m_ui->lstGenre, kGenre);
     ConnectTicks(*m_ui->lstFeatures, kFeature);
@@ -467,6 +473,32 @@ QList<NamedRow> FilmPanel::TickedGenres() const
             genres.append({item.data(kGenreIdRole).toLongLong(), item.text()});
     }
     return genres;
+}
+
+void FilmPanel::OnAddCompany()
+{
+    const int list = m_ui->lstCompany->currentIndex();
+    const QString name = TrimBlanks(m_context.dialogs.InputBox(tr("Please Enter Company Name : "), tr("Add Company"), {}));
+    if (name.isEmpty())
+        return;
+    const std::optional<qint64> id = StoreCompany(name, list);
+    if (!id) {
+        m_context.dialogs.MessageBox(tr("The name of a company has three letters or more, and no \">\"."), kBoxExclamation,
+                                     tr("Add Company"));
+        return;
+    }
+    PairList& companies = CompaniesOf(list);
+    companies.Model().Append({*id, name, {}});
+    companies.Select(static_cast<int>(companies.Rows().size()) - 1);
+}
+
+void FilmPanel::OnRemoveCompany()
+{
+    const int list = m_ui->lstCompany->currentIndex();
+    PairList& companies = CompaniesOf(list);
+    const int row = companies.Selected();
+    if (row >= 0 && DropCompany(companies.Rows()[row], list))
+        companies.Model().Remove(row);
 }
 
 void FilmPanel::OnAddGenre()

@@ -70,6 +70,10 @@ protected:
     virtual void OnTick(const NameTable& names, qint64 id, bool ticked) = 0;
     virtual void OnImage(Cover cover, const QString& path) = 0;
     virtual void OnSave() = 0;
+    /// Stores a company that the user named for one of the lists and returns its number; nothing for a name that is none.
+    virtual std::optional<qint64> StoreCompany(const QString& name, int list) = 0;
+    /// Takes a company off; false where the user does not want to.
+    virtual bool DropCompany(const PairRow& company, int list) = 0;
     /// Stores the new role or note of a person; nothing where nothing is to be shown.
     virtual std::optional<QString> StorePersonText(int row, const QString& text) = 0;
     /// What the button that removes a person says.
@@ -104,6 +108,8 @@ private:
     void CheckField(QWidget& field);
     void CountLetters(QLineEdit& field);
     void ChooseImage(Cover cover);
+    void OnAddCompany();
+    void OnRemoveCompany();
     void OnAddGenre();
     void OnDelGenre();
 

@@ -109,9 +109,14 @@ void Form3::Edit_Page(FilmId movieId)
 
 void Form3::ShowLinks(const FilmOnShow& film)
 {
+    const auto show = [](QLabel& label, const QString& caption, const QString& address) {
+        label.setText(LinkText(address));
+        label.setAccessibleName(address.isEmpty() ? caption : caption + u": "_s + address);
+        label.setFocusPolicy(address.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
+    };
     const QString number = film.record.IMDB;
-    m_ui->lblIMDbURL->setText(LinkText(number.isEmpty() ? QString() : FilmAddress(number, ReadWebHosts(SettingsFile()))));
-    m_ui->lblDVDEmpURL->setText(LinkText(film.shopLink));
+    show(*m_ui->lblIMDbURL, tr("IMDb Link"), number.isEmpty() ? QString() : FilmAddress(number, ReadWebHosts(SettingsFile())));
+    show(*m_ui->lblDVDEmpURL, tr("DVD Empire Link"), film.shopLink);
 }
 
 void Form3::ShowTicks(const FilmRecord& film)
@@ -276,14 +281,32 @@ std::optional<QString> Form3::StorePersonText(int row, const QString& text)
     return ChangeFilmPerson(ShownKind(), EntryOf(ShownPeople().Rows(), row, ShownFilm()), text, Writer());
 }
 
+bool Form3::ConfirmRemoval(const QString& name)
+{
+    return m_context.dialogs.ConfirmLoss(tr("Are you sure you wish to remove %1 from this film?").arg(name), kBoxYesNo,
+                                         tr("Remove From Film"));
+}
+
+std::optional<qint64> Form3::StoreCompany(const QString& name, int list)
+{
+    return AddFilmCompany(ShownFilm(), {name, 0, CompanyType(list), {}}, Writer());
+}
+
+bool Form3::DropCompany(const PairRow& company, int list)
+{
+    if (!ConfirmRemoval(company.name))
+        return false;
+    RemoveFilmCompany(ShownFilm(), company.id, list, m_catalogPath);
+    return true;
+}
+
 void Form3::RemovePerson()
 {
     PairList& list = ShownPeople();
     const int row = list.Selected();
     if (row < 0)
         return;
-    const QString question = tr("Are you sure you wish to remove %1 from this film?").arg(list.Rows()[row].name);
-    if (!m_context.dialogs.ConfirmLoss(question, kBoxYesNo, tr("Remove From Film")))
+    if (!ConfirmRemoval(list.Rows()[row].name))
         return;
     RemoveFilmPerson(ShownKind(), EntryOf(list.Rows(), row, ShownFilm()), m_catalogPath);
     list.Model().Remove(row);

@@ -45,6 +45,8 @@ protected:
     void OnTick(const NameTable& names, qint64 id, bool ticked) override;
     void OnImage(Cover cover, const QString& path) override;
     void OnSave() override;
+    std::optional<qint64> StoreCompany(const QString& name, int list) override;
+    bool DropCompany(const PairRow& company, int list) override;
     std::optional<QString> StorePersonText(int row, const QString& text) override;
     QString PersonText(int row) const override;
     QString RemoveCaption() const override { return tr("Re&move From Film..."); }
@@ -56,6 +58,7 @@ private:
     void ShowTicks(const FilmRecord& film);
     void ShowCover(Cover cover);
     void ShowLinks(const FilmOnShow& film);
+    bool ConfirmRemoval(const QString& name);
     void OnAvi();
     void OnNfo();
     void TellTree(bool changed);

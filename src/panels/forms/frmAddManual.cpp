@@ -5,6 +5,7 @@
 #include "core/RuntimeError.h"
 #include "panels/PictureStore.h"
 #include "panels/forms/frmEditAddChar.h"
+#include "store/FilmLinks.h"
 #include "ui_FilmPanel.h"
 
 #include <QFile>
@@ -87,9 +88,8 @@ FilmRecord frmAddManual::EnteredFilm()
         }
     }
     for (int list = 0; list < kCompanyLists; ++list) {
-        const QString type = list < kCompanyLists - 1 ? QString(kCompanyTypes[static_cast<std::size_t>(list)]) : QString();
         for (const PairRow& row : CompaniesOf(list).Rows())
-            film.Companies.append({row.name, row.id, type, row.text});
+            film.Companies.append({row.name, row.id, CompanyType(list), row.text});
     }
     return film;
 }
@@ -111,6 +111,11 @@ void frmAddManual::OnSave()
     m_context.shell.RefreshCatalogTree();
     m_context.shell.UpdateStatus(true);
     m_ui->txtTitle->setFocus();
+}
+
+std::optional<qint64> frmAddManual::StoreCompany(const QString& name, int)
+{
+    return IsUsableName(name) ? std::optional<qint64>(0) : std::nullopt; // it gets its number with the film
 }
 
 void frmAddManual::AddPerson()

@@ -24,6 +24,8 @@ protected:
     void OnTick(const NameTable&, qint64, bool) override {}
     void OnImage(Cover cover, const QString& path) override;
     void OnSave() override;
+    std::optional<qint64> StoreCompany(const QString& name, int list) override;
+    bool DropCompany(const PairRow&, int) override { return true; }
     std::optional<QString> StorePersonText(int row, const QString& text) override;
 
 private:
