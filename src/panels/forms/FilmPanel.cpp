@@ -236,8 +236,14 @@ void FilmPanel::ConnectControls()
     };
     image(m_ui->cmdImage, m_ui->Picture1, Cover::Front);
     image(m_ui->cmdBackImage, m_ui->Image1, Cover::Back);
-    for (int text = 0; text < kTexts; ++text)
-        connect(findChild<QPushButton*>(u"clbtxt_%1"_s.arg(text)), &QPushButton::clicked, this, [this, text] { ShowText(text); });
+    for (int text = 0; text < kTexts; ++text) {
+        auto* tab = findChild<QPushButton*>(u"clbtxt_%1"_s.arg(text));
+        connect(tab, &QPushButton::toggled, this, [this, text](bool on) {
+            if (on)
+                ShowText(text);
+        });
+        connect(tab, &QPushButton::clicked, this, [this, text] { findChild<QWidget*>(u"TxtInfos_%1"_s.arg(text))->setFocus(); });
+    }
 }
 
 // Every change of a plain field is told to `OnChange`, but not those that the panel makes itself.
