@@ -1,5 +1,8 @@
 #include "core/Choices.h"
 
+#include <array>
+#include <utility>
+
 namespace kelvado {
 
 void Choices::SetRows(std::vector<Choice> rows)
@@ -22,6 +25,24 @@ QVariant Choices::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole || role == Qt::EditRole)
         return row.text;
     return role == Qt::UserRole ? QVariant(row.number) : QVariant();
+}
+
+std::vector<Choice> MatchesOf(const std::vector<Choice>& rows, const QString& text)
+{
+    std::array<std::vector<Choice>, 3> ranks;
+    for (const Choice& row : rows) {
+        qsizetype at = row.text.indexOf(text, 0, Qt::CaseInsensitive);
+        if (at < 0)
+            continue;
+        const bool begins = at == 0;
+        while (at > 0 && row.text[at - 1].isLetterOrNumber())
+            at = row.text.indexOf(text, at + 1, Qt::CaseInsensitive);
+        ranks[begins ? 0 : at > 0 ? 1 : 2].push_back(row);
+    }
+    std::vector<Choice> matches = std::move(ranks[0]);
+    for (const std::size_t rank : {1U, 2U})
+        matches.insert(matches.end(), ranks[rank].begin(), ranks[rank].end());
+    return matches;
 }
 
 } // namespace kelvado

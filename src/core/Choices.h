@@ -22,6 +22,7 @@ public:
     using QAbstractListModel::QAbstractListModel;
 
     void SetRows(std::vector<Choice> rows);
+    const std::vector<Choice>& Rows() const { return m_rows; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -29,5 +30,9 @@ public:
 private:
     std::vector<Choice> m_rows;
 };
+
+/// The rows that hold `text` in any case: first those that begin with it, then those in which a word does, then the others; each kind in
+/// the order of `rows`.
+std::vector<Choice> MatchesOf(const std::vector<Choice>& rows, const QString& text);
 
 } // namespace kelvado

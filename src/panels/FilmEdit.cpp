@@ -2,6 +2,7 @@
 
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
+#include "panels/FilmPeople.h"
 #include "store/FilmLinks.h"
 #include "store/Recordset.h"
 #include "store/mDBConnection.h"
@@ -137,9 +138,19 @@ void StoreNfo(FilmId movieId, const QString& text, const QString& catalogPath)
 
 FilmId AddManualFilm(const FilmRecord& film, const WriterContext& context)
 {
+    // People were chosen by their numbers: looked up by name, namesakes would be mixed up, and short names and roles left out.
+    FilmRecord withoutPeople = film;
+    for (const PersonKind& kind : PersonKinds())
+        (withoutPeople.*kind.list).clear();
     // What was typed is stored whatever is fetched from web pages.
-    const FilmId movieId = AddFilm(film, cOptIMDbFilm::Everything(), context);
+    const FilmId movieId = AddFilm(withoutPeople, cOptIMDbFilm::Everything(), context);
     SaveFilmEdit(film, movieId, context);
+    Connection connection = OpenCatalog(context.catalogPath);
+    for (const PersonKind& kind : PersonKinds()) {
+        for (const FilmPerson& person : film.*kind.list)
+            AddFilmPerson(kind, movieId, person.ID, person.*kind.text, connection, context);
+    }
+    connection.Close();
     return movieId;
 }
 

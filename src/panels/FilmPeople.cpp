@@ -56,6 +56,14 @@ qsizetype LongestPersonText(const PersonKind& kind, const QString& catalogPath)
 QString AddFilmPerson(const PersonKind& kind, FilmId movieId, qint64 personId, const QString& text, const WriterContext& context)
 {
     Connection connection = OpenCatalog(context.catalogPath);
+    QString shown = AddFilmPerson(kind, movieId, personId, text, connection, context);
+    connection.Close();
+    return shown;
+}
+
+QString AddFilmPerson(const PersonKind& kind, FilmId movieId, qint64 personId, const QString& text, Connection& connection,
+                      const WriterContext& context)
+{
     const QString& link = kind.names.linkTable;
     Recordset links;
     links.Open(u"SELECT "_s + link + u".* FROM "_s + link + u" WHERE "_s + link + u".Movie_ID = "_s + QString::number(movieId), connection);
@@ -68,8 +76,6 @@ QString AddFilmPerson(const PersonKind& kind, FilmId movieId, qint64 personId, c
     links[kind.names.idColumn].Set(personId);
     QString shown = TextOf(kind, links);
     links.Update();
-    links.Close();
-    connection.Close();
     return shown;
 }
 

@@ -30,6 +30,10 @@ qsizetype LongestPersonText(const PersonKind& kind, const QString& catalogPath);
 /// Links a person to a film, as the last one of its kind. A text of blanks only is not stored. Returns the stored text.
 QString AddFilmPerson(const PersonKind& kind, FilmId movieId, qint64 personId, const QString& text, const WriterContext& context);
 
+/// The same over a connection that is open already, for many people.
+QString AddFilmPerson(const PersonKind& kind, FilmId movieId, qint64 personId, const QString& text, Connection& connection,
+                      const WriterContext& context);
+
 /// The role or note as it is stored; nothing where the link is gone.
 std::optional<QString> FilmPersonText(const PersonKind& kind, const FilmPersonEntry& entry, const QString& catalogPath);
 

@@ -1,7 +1,10 @@
 #include "ui/ChoiceBox.h"
 
 #include <QCompleter>
+#include <QLineEdit>
 #include <QListView>
+
+#include <algorithm>
 
 namespace kelvado {
 
@@ -30,12 +33,20 @@ ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setView(EvenList(this));
     setModel(&m_rows);
-    auto* finder = new QCompleter(&m_rows, this);
-    finder->setFilterMode(Qt::MatchContains);
-    finder->setCaseSensitivity(Qt::CaseInsensitive);
+    // The suggestions are rows of their own, found and put in order here; the finder only shows them.
+    setCompleter(nullptr);
+    auto* finder = new QCompleter(&m_matches, this);
+    finder->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     finder->setMaxVisibleItems(kSuggestions);
     finder->setPopup(EvenList(nullptr));
-    setCompleter(finder);
+    lineEdit()->setCompleter(finder);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { m_matches.SetRows(MatchesOf(m_rows.Rows(), text)); });
+    connect(finder, qOverload<const QModelIndex&>(&QCompleter::activated), this, [this](const QModelIndex& match) {
+        const qint64 number = match.data(Qt::UserRole).toLongLong();
+        const auto row = std::ranges::find(m_rows.Rows(), number, &Choice::number);
+        if (row != m_rows.Rows().end())
+            setCurrentIndex(static_cast<int>(row - m_rows.Rows().begin()));
+    });
 }
 
 void ChoiceBox::SetRows(std::vector<Choice> rows)

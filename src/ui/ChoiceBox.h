@@ -23,6 +23,7 @@ public:
 
 private:
     Choices m_rows;
+    Choices m_matches; ///< the rows that hold what was typed
 };
 
 } // namespace kelvado

@@ -132,5 +132,14 @@ TEST_F(Pictures, AMissingPictureRowShowsTheSkinsOwnAndNoneShowsNone)
     EXPECT_EQ(ErrorOf([&] { return read(Portrait(9)); }), kErrNoCurrentRecord);
 }
 
+TEST(MatchingChoices, WhatBeginsWithTheTextStandsBeforeWhatHoldsIt)
+{
+    QStringList texts;
+    for (const Choice& match :
+         MatchesOf({{u"Chizuru Ikewaki"_s, 1}, {u"Mc-Ewa Boe"_s, 2}, {u"ewa Fr"_s, 3}, {u"Jo"_s, 4}, {u"Tewa Ewan"_s, 5}}, u"Ewa"_s))
+        texts << match.text;
+    EXPECT_EQ(texts, (QStringList{u"ewa Fr"_s, u"Mc-Ewa Boe"_s, u"Tewa Ewan"_s, u"Chizuru Ikewaki"_s}));
+}
+
 } // namespace
 } // namespace kelvado
