@@ -143,17 +143,54 @@ void EditMenus::FocusPanel(const QString& section)
         m_person->FocusFirst();
 }
 
+EditPanel* EditMenus::PanelOf(const QString& section) const
+{
+    return section == kMovieEdit ? static_cast<EditPanel*>(m_film) : section == kActorInfo ? m_person : nullptr;
+}
+
 void EditMenus::SaveFirst(const QString& section)
 {
-    EditPanel* panel = section == kMovieEdit ? static_cast<EditPanel*>(m_film) : m_person;
+    EditPanel* panel = PanelOf(section);
     if (!panel || !panel->HasChanges())
         return;
     try {
-        panel->Save();
-    } catch (...) {
-        m_context.selectNode(section == kMovieEdit ? m_filmKey : m_personKey);
-        throw;
+        if (panel == m_person)
+            m_person->Store();
+        else
+            panel->Save();
+    } catch (const RuntimeError& error) {
+        if (error.Number() != kErrNoCurrentRecord) {
+            SelectShown(section);
+            throw;
+        }
+        ReportError(m_context.panels.dialogs, error);
+        ClearGone();
     }
+}
+
+void EditMenus::SelectShown(const QString& section)
+{
+    const QString& key = section == kMovieEdit ? m_filmKey : m_personKey;
+    if (!key.isEmpty())
+        m_context.selectNode(key);
+}
+
+void EditMenus::AskAboutChanges()
+{
+    m_context.sections.AskAboutChanges();
+    if (m_manual && m_manual->HasChanges())
+        kelvado::AskAboutChanges(*m_manual, m_context.panels.dialogs);
+}
+
+void EditMenus::ReloadClean(const QString& section)
+{
+    const EditPanel* panel = PanelOf(section);
+    if (!panel || panel->HasChanges() || !ShowsAny(section))
+        return;
+    if (panel == m_film)
+        m_film->Discard();
+    else
+        m_person->Discard();
 }
 
 bool EditMenus::ShowsAny(const QString& section) const
@@ -163,6 +200,8 @@ bool EditMenus::ShowsAny(const QString& section) const
 
 void EditMenus::ClearGone()
 {
+    if (m_manual && m_manual->isVisible())
+        m_manual->Reopen();
     if (m_film)
         m_film->ClearIfGone();
     if (m_person)

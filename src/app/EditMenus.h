@@ -51,8 +51,14 @@ public:
     /// Gives the focus to the first field of the section's panel, where it has one that can be used.
     void FocusPanel(const QString& section);
     /// Stores what is unsaved in the panel of `section`, without a question. Where that fails, the tree's selection goes back to what the
-    /// panel shows, and the failure is raised.
+    /// panel shows, and the failure is raised; but changes of a film or person that is gone are dropped, which is told.
     void SaveFirst(const QString& section);
+    /// Selects the node of what the panel of `section` shows.
+    void SelectShown(const QString& section);
+    /// Asks about all that is unsaved, as before the catalog or the program is left.
+    void AskAboutChanges();
+    /// Reads what the panel of `section` shows anew, where nothing in it is unsaved.
+    void ReloadClean(const QString& section);
     /// After the tree was filled: a panel whose film or person is gone, or belongs to another catalog, is emptied.
     void ClearGone();
     /// Whether the panel of `section` shows a film or person.
@@ -61,6 +67,7 @@ public:
     void ShowManualPanel();
 
 private:
+    EditPanel* PanelOf(const QString& section) const;
     Form3& FilmEditor();
     frmPeople& PersonEditor();
     void OnRetrieve();

@@ -136,10 +136,10 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
                            [this](qint64 actor) { return m_webMenus->RetrievePerson(actor); },
                            [this](const QString& number) { m_webMenus->VisitFilm(number); },
                            [this](qint64 actor, const QString& name) { m_catalog->Model().SetActorName(actor, name); }});
-    m_webMenus = std::make_unique<WebMenus>(
-        WebMenus::Context{*this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_catalog->Model(), m_skinner,
-                          *m_ui->picGrabSelect, *m_ui->FormScroll, [this] { return SelectedNode(); },
-                          [this](const QUrl& address) { OpenOutside(address); }, [this] { m_editMenus->ShowManualPanel(); }});
+    m_webMenus = std::make_unique<WebMenus>(WebMenus::Context{
+        *this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_catalog->Model(), m_skinner, *m_ui->picGrabSelect,
+        *m_ui->FormScroll, [this] { return SelectedNode(); }, [this](const QUrl& address) { OpenOutside(address); },
+        [this] { m_editMenus->ShowManualPanel(); }, [this] { m_editMenus->AskAboutChanges(); }});
 }
 
 Form1::~Form1()
@@ -162,7 +162,8 @@ void Form1::ConnectMenus()
     const auto onFile = [this](const char* name, void (CatalogFile::*handler)()) {
         connect(&m_menus.Entry(QString::fromLatin1(name)), &QAction::triggered, this, [this, handler] {
             Guard([&] {
-                m_sections.AskAboutChanges(); // they belong to the catalog that is open now
+                if (handler != &CatalogFile::SetDefault)
+                    m_editMenus->AskAboutChanges(); // they belong to the catalog that is open now
                 (m_catalogFile.*handler)();
             });
         });
@@ -176,7 +177,14 @@ void Form1::ConnectMenus()
     OnMenu("MnuNfoView", &Form1::ShowNfo);
     OnMenu("mnuHelpAbout", &Form1::ShowAbout);
     connect(&m_menus.Entry(u"mnuExit"_s), &QAction::triggered, this, &QWidget::close);
-    connect(&m_menus.Entry(u"mnuImdb"_s), &QAction::triggered, this, [this] { Guard([&] { ShowSection(kMovieGrab); }); });
+    connect(&m_menus.Entry(u"mnuImdb"_s), &QAction::triggered, this, [this] {
+        Guard([&] {
+            if (m_state.CurrentSection == kMovieGrab)
+                m_webMenus->ShowAddPanel();
+            else
+                ShowSection(kMovieGrab);
+        });
+    });
     connect(&m_menus.Entry(u"mnuManualEntry"_s), &QAction::triggered, this, [this] { Guard([&] { ShowManualEntry(); }); });
 }
 
@@ -370,12 +378,16 @@ void Form1::ShowSelection()
     if (node->tag == kTagGroup || !IsEditing())
         return;
     const QString panel = node->tag == kTagFilm ? kMovieEdit : kActorInfo;
-    if (m_state.CurrentSection == panel || panel == kActorInfo)
-        m_editMenus->SaveFirst(m_state.CurrentSection); // only from the person to the film is the user asked
     if (m_state.CurrentSection == panel)
-        m_editMenus->Show(panel, node);
-    else
+        return m_editMenus->Show(panel, node);
+    const QString before = m_state.CurrentSection;
+    try {
         ChooseSection(panel); // the keys stay with the tree
+    } catch (...) {
+        if (m_state.CurrentSection == before)
+            m_editMenus->SelectShown(before);
+        throw;
+    }
 }
 
 void Form1::ApplyMenuRules()
@@ -619,8 +631,10 @@ void Form1::WalkTo(const History::Step* step)
             TakeId();
             if (m_state.CurrentSection != target.section)
                 ShowSection(target.section);
-            else if (IsEditing())
+            else if (IsEditing()) {
+                SaveBeforeNode();
                 ShowSelection();
+            }
             if (target.section == kMovieList)
                 m_pageView->Navigate(target.page.isEmpty() ? u"about:blank"_s : TempFolder() + u'/' + target.page);
         },
@@ -640,10 +654,21 @@ void Form1::OnButton(const QString& key)
     }
 }
 
+// Another node takes the place of what a panel shows. Only from a person to a film is the user asked, by the tab.
+void Form1::SaveBeforeNode()
+{
+    const std::optional<NodeRef> node = SelectedNode();
+    const bool isAsked = node && node->tag == kTagFilm && m_state.CurrentSection == kActorInfo;
+    if (node && node->tag != kTagGroup && IsEditing() && !isAsked)
+        m_editMenus->SaveFirst(m_state.CurrentSection);
+}
+
 void Form1::OnNodeClick()
 {
-    if (!m_catalog->IsBusy())
-        ShowSelection();
+    if (m_catalog->IsBusy())
+        return;
+    SaveBeforeNode();
+    ShowSelection();
 }
 
 void Form1::OnPageClick(const PageClick& click)
@@ -685,6 +710,8 @@ void Form1::RefreshPanel()
     m_editMenus->ClearGone();
     if (IsEditing() && !m_editMenus->ShowsAny(m_state.CurrentSection))
         ShowSelection();
+    else
+        m_editMenus->ReloadClean(m_state.CurrentSection);
 }
 
 void Form1::ShowAbout()
@@ -741,7 +768,15 @@ void Form1::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    Guard([this] { m_sections.AskAboutChanges(); });
+    bool asked = false;
+    Guard([&] {
+        m_editMenus->AskAboutChanges();
+        asked = true;
+    });
+    if (!asked) { // what could not be saved is not lost by the end
+        event->ignore();
+        return;
+    }
     m_webMenus->EndRun();
     SaveSettings();
     QMainWindow::closeEvent(event);

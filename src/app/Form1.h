@@ -95,6 +95,7 @@ private:
     void OpenDefaultCatalog();
     void OnButton(const QString& key);
     void OnNodeClick();
+    void SaveBeforeNode();
     void OnPageClick(const PageClick& click);
     void OnFilled();
     void RefreshPanel();

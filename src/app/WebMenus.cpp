@@ -105,6 +105,7 @@ void WebMenus::OnUpdateMovieInfo()
     const std::optional<FilmId> film = SelectedFilm();
     if (!film)
         return;
+    m_context.askAboutChanges();
     if (const std::optional<FetchTurn> turn = TakeTurn(m_desk))
         UpdateMovieInfo(*film, m_desk);
 }
@@ -116,6 +117,7 @@ void WebMenus::OnMovieRetrieve()
     const std::optional<FilmId> film = SelectedFilm();
     if (!film || !TakeTurn(m_desk))
         return;
+    m_context.askAboutChanges();
     if (!m_retrieveWindow) {
         m_retrieveWindow = new frmAddSingleIMDb(m_desk, m_context.skinner, &m_context.window);
         connect(m_retrieveWindow, &frmAddSingleIMDb::MenuWanted, this, [this](const QPoint& place, const QString& number) {
@@ -138,6 +140,7 @@ bool WebMenus::RetrievePerson(qint64 actorId)
     const std::optional<FetchTurn> turn = TakeTurn(m_desk);
     if (!turn)
         return false;
+    m_context.askAboutChanges();
     if (!RunActorRetrieval(actorId, m_desk, m_actorWindows))
         return false;
     m_context.catalog.SetRetrieved(actorId);

@@ -47,6 +47,8 @@ public:
         std::function<std::optional<NodeRef>()> selectedNode;
         std::function<void(const QUrl& address)> openOutside;
         std::function<void()> showManualPanel;
+        /// Before a film or person is retrieved anew: what is unsaved would be stored over what is fetched, or lost.
+        std::function<void()> askAboutChanges;
     };
     explicit WebMenus(const Context& context);
     ~WebMenus() override;

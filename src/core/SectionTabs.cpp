@@ -86,10 +86,12 @@ void AskAboutChanges(EditPanel& panel, Dialogs& dialogs)
         return;
     const QString name = panel.Name();
     const QString question = u"You Have Made Changes To "_s + name + u".  Do You Want To Save These Changes?"_s;
-    if (dialogs.MessageBox(question, kBoxYesNo, kEditTitle) == kAnswerYes)
+    if (dialogs.MessageBox(question, kBoxYesNo, kEditTitle) == kAnswerYes) {
         panel.Save();
-    else
-        dialogs.MessageBox(u"Changed To "_s + name + u" Have Been Disregarded."_s, kBoxPlain, kEditTitle);
+        return;
+    }
+    dialogs.MessageBox(u"Changed To "_s + name + u" Have Been Disregarded."_s, kBoxPlain, kEditTitle);
+    panel.Discard();
 }
 
 } // namespace kelvado

@@ -30,6 +30,8 @@ public:
     /// The film's title or the person's name.
     virtual QString Name() const = 0;
     virtual void Save() = 0;
+    /// Shows what the catalog holds in the place of what was changed.
+    virtual void Discard() = 0;
 };
 
 /// Asks whether changes of the panel that are not saved are to be saved, and does so. Without any, nothing happens. Raises what saving

@@ -3,6 +3,7 @@
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 #include "panels/FilmPeople.h"
+#include "panels/PictureStore.h"
 #include "store/FilmLinks.h"
 #include "store/Recordset.h"
 #include "store/mDBConnection.h"
@@ -106,7 +107,8 @@ qint64 AddGenre(const QString& name, const QString& catalogPath)
     Recordset genres;
     genres.Open(u"SELECT * FROM Genre"_s, connection);
     genres.AddNew();
-    genres[u"Genre"].Set(name);
+    const Field text = genres[u"Genre"];
+    text.Set(name.left(text.DefinedSize()));
     const qint64 id = genres[u"Genre_ID"].Get().Integer();
     genres.Update();
     genres.Close();
@@ -136,21 +138,46 @@ void StoreNfo(FilmId movieId, const QString& text, const QString& catalogPath)
     connection.Close();
 }
 
-FilmId AddManualFilm(const FilmRecord& film, const WriterContext& context)
+FilmId AddManualFilm(const FilmRecord& film, const QString& backCover, const WriterContext& context)
 {
     // People were chosen by their numbers: looked up by name, namesakes would be mixed up, and short names and roles left out.
-    FilmRecord withoutPeople = film;
+    FilmRecord first = film;
     for (const PersonKind& kind : PersonKinds())
-        (withoutPeople.*kind.list).clear();
-    // What was typed is stored whatever is fetched from web pages.
-    const FilmId movieId = AddFilm(withoutPeople, cOptIMDbFilm::Everything(), context);
-    SaveFilmEdit(film, movieId, context);
-    Connection connection = OpenCatalog(context.catalogPath);
-    for (const PersonKind& kind : PersonKinds()) {
-        for (const FilmPerson& person : film.*kind.list)
-            AddFilmPerson(kind, movieId, person.ID, person.*kind.text, connection, context);
+        (first.*kind.list).clear();
+    first.FileName.clear(); // the panel does not limit it: what is too long is asked about once, below
+    FilmId movieId = 0;
+    std::optional<RuntimeError> failure;
+    try {
+        // What was typed is stored whatever is fetched from web pages.
+        movieId = AddFilm(first, cOptIMDbFilm::Everything(), context);
+    } catch (const IncompleteFilm& error) {
+        movieId = error.film;
+        failure = error;
     }
-    connection.Close();
+    // The film is in the catalog: whatever fails now, the rest of it is stored.
+    const auto store = [&](const auto& part) {
+        try {
+            part();
+        } catch (const RuntimeError& error) {
+            failure = failure ? RuntimeError(failure->Number(), failure->Description() + u"\r\n"_s + error.Description()) : error;
+        }
+    };
+    store([&] { SaveFilmEdit(film, movieId, context); });
+    store([&] {
+        Connection connection = OpenCatalog(context.catalogPath);
+        for (const PersonKind& kind : PersonKinds()) {
+            for (const FilmPerson& person : film.*kind.list)
+                AddFilmPerson(kind, movieId, person.ID, person.*kind.text, connection, context);
+        }
+        connection.Close();
+    });
+    store([&] {
+        if (!backCover.isEmpty())
+            ReplacePicture(BackCover(movieId), backCover, context.catalogPath);
+    });
+    if (failure)
+        throw IncompleteFilm(failure->Number(), u"\"%1\" was added, but not all of it: "_s.arg(film.Title) + failure->Description(),
+                             movieId);
     return movieId;
 }
 

@@ -55,8 +55,9 @@ void DeleteGenre(qint64 genreId, const QString& catalogPath);
 /// Stores the text as the film's NFO. Raises `kErrNoCurrentRecord` where the film is gone.
 void StoreNfo(FilmId movieId, const QString& text, const QString& catalogPath);
 
-/// Adds a film that was entered by hand, with everything that was entered, and returns its number. Raises what `AddFilm` raises.
-FilmId AddManualFilm(const FilmRecord& film, const WriterContext& context);
+/// Adds a film that was entered by hand, with everything that was entered, and returns its number; `backCover` is a picture file, or empty.
+/// Raises IncompleteFilm where the film was stored, but not all of it; with any other failure nothing is stored.
+FilmId AddManualFilm(const FilmRecord& film, const QString& backCover, const WriterContext& context);
 
 /// Links a company to the film, and adds it to the companies where it is new; its name is matched as a retrieved film's. Returns its
 /// number; nothing, and stores nothing, for a name that is too short to be one.

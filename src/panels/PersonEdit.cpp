@@ -52,7 +52,7 @@ PersonPage Actor_Edit_Page(qint64 actorId, const QString& catalogPath)
     page.history = ReadFilmHistory(FieldString(u"Film_History"_s, person));
     for (HistoryFilm& film : page.history)
         film.title = DecodeEntities(film.title);
-    page.isOnSite = !person[u"IMDB_LINK"].IsNull();
+    page.isOnSite = !FieldString(u"IMDB_LINK"_s, person).isEmpty();
     ReadFilms(page, actorId, connection);
     return page;
 }

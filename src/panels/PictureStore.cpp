@@ -57,14 +57,20 @@ ShownPicture ReadPicture(const PictureSlot& slot, const QString& basePath, const
     }
 }
 
-QString ReplacePicture(const PictureSlot& slot, const QString& path, const QString& catalogPath)
+QString PictureFault(const QString& path)
 {
     const QFileInfo file(path);
     if (!file.isFile() || file.size() == 0)
         return path + u" empty or not found."_s;
     if (file.size() > kLargestPicture)
         throw RuntimeError::WithDetail(kErrFileAccess, path + u" (a picture takes 128 MB at most)"_s);
+    return {};
+}
 
+QString ReplacePicture(const PictureSlot& slot, const QString& path, const QString& catalogPath)
+{
+    if (const QString fault = PictureFault(path); !fault.isEmpty())
+        return fault;
     Connection connection = OpenCatalog(catalogPath);
     connection.AllOrNothing([&] {
         Recordset owner;

@@ -28,6 +28,10 @@ struct ShownPicture
 /// picture is missing.
 ShownPicture ReadPicture(const PictureSlot& slot, const QString& basePath, const QString& skin, const QString& catalogPath);
 
+/// The message for the user where the file at `path` is missing or empty; the empty text for any other. Raises `kErrFileAccess` for one
+/// that is too large.
+QString PictureFault(const QString& path);
+
 /// Stores the picture file at `path` in the place of the row's present picture, whole or not at all. Returns the message for the user
 /// where the file is missing or empty, and nothing is stored then; the empty text once the picture is stored. Raises
 /// `kErrNoCurrentRecord` where the owning row is missing, `kErrFileAccess` for a file that cannot be read or is too large.

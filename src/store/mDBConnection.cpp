@@ -59,8 +59,8 @@ Value StorePicture(const FilmRecord& film, const cOptIMDbFilm& options, LinkColu
 
 // Stores the links and closes the connection, which commits what was stored, whatever happens to the links. Returns their failure, which
 // names the film and what is missing. Raises where the commit fails: then nothing of the film is stored.
-std::optional<IncompleteFilm> StoreLinksAndClose(const FilmRecord& film, const Value& movieId, LinkMode mode, const cOptIMDbFilm& options,
-                                                 const WriterContext& context, Connection& connection)
+std::optional<IncompleteFilm> StoreLinksAndClose(const FilmRecord& film, FilmId storedId, const Value& movieId, LinkMode mode,
+                                                 const cOptIMDbFilm& options, const WriterContext& context, Connection& connection)
 {
     const std::optional<LinkFailure> failure = StoreFilmLinks(film, movieId, mode, options, context, connection);
     try {
@@ -73,9 +73,10 @@ std::optional<IncompleteFilm> StoreLinksAndClose(const FilmRecord& film, const V
     if (!failure)
         return std::nullopt;
     const QString state = mode == LinkMode::Add ? u"missing or not complete"_s : u"as they were"_s;
-    return IncompleteFilm(failure->error.Number(), failure->error.Description() + u"\r\n\""_s + film.Title +
-                                                       u"\" is in the catalog, but these lists are "_s + state + u": "_s +
-                                                       failure->lists.join(u", "_s));
+    return IncompleteFilm(failure->error.Number(),
+                          failure->error.Description() + u"\r\n\""_s + film.Title + u"\" is in the catalog, but these lists are "_s +
+                              state + u": "_s + failure->lists.join(u", "_s),
+                          storedId);
 }
 
 } // namespace
@@ -98,7 +99,7 @@ FilmId AddFilm(const FilmRecord& film, const cOptIMDbFilm& options, const Writer
         movieId = movie[u"Movie_ID"].Get().Integer();
         movie.Update();
     });
-    if (const auto failure = StoreLinksAndClose(film, linkId, LinkMode::Add, options, context, connection))
+    if (const auto failure = StoreLinksAndClose(film, movieId, linkId, LinkMode::Add, options, context, connection))
         throw *failure;
     return movieId;
 }
@@ -119,7 +120,7 @@ void UpdateFilm(const FilmRecord& film, FilmId movieId, const cOptIMDbFilm& opti
         movie.Update();
     });
     movie.Close();
-    const auto failure = StoreLinksAndClose(film, linkId, LinkMode::Update, options, context, connection);
+    const auto failure = StoreLinksAndClose(film, storedId, linkId, LinkMode::Update, options, context, connection);
     // The node is told last: its key is made from what the catalog then holds.
     shell.RetitleSelectedNode(storedId, DecodeEntities(film.Title));
     shell.RekeySelectedNode(storedId);

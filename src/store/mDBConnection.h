@@ -12,7 +12,10 @@ namespace kelvado {
 /// A film's row was stored, some of its lists were not; the description names the film and these lists.
 class IncompleteFilm : public RuntimeError
 {
-    using RuntimeError::RuntimeError;
+public:
+    IncompleteFilm(int number, const QString& description, FilmId stored) : RuntimeError(number, description), film(stored) {}
+
+    FilmId film; ///< its number in the catalog
 };
 
 /// What the writers need beside the film.

@@ -3,10 +3,13 @@
 #include "core/Literals.h"
 #include "ui/Skinner.h"
 
+#include <QAbstractSpinBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QIcon>
 #include <QLineEdit>
 #include <QPainter>
+#include <QSlider>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -65,11 +68,27 @@ void AppStyle::polish(QWidget* widget)
     const auto* list = line ? qobject_cast<QComboBox*>(line->parentWidget()) : nullptr;
     if (list && line->accessibleName().isEmpty())
         line->setAccessibleName(list->accessibleName());
+    if (qobject_cast<QComboBox*>(widget) || qobject_cast<QAbstractSpinBox*>(widget) || qobject_cast<QSlider*>(widget)) {
+        widget->installEventFilter(this);
+        if (widget->focusPolicy() == Qt::WheelFocus)
+            widget->setFocusPolicy(Qt::StrongFocus);
+    }
+}
+
+bool AppStyle::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus())
+        return QProxyStyle::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 int AppStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const
 {
-    return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, returnData);
+    // A click selects on every desktop: what a row leads to is opened by a second one, or by Enter.
+    return hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_ItemView_ActivateItemOnSingleClick
+               ? 0
+               : QProxyStyle::styleHint(hint, option, widget, returnData);
 }
 
 QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size, const QWidget* widget) const

@@ -13,7 +13,8 @@ public:
     AppStyle();
 
     using QProxyStyle::polish;
-    /// The line of a drop-down list that can be typed into is called like the list.
+    /// The line of a drop-down list that can be typed into is called like the list. The wheel changes no value of a control that does not
+    /// have the focus: it was meant for what lies around it.
     void polish(QWidget* widget) override;
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const override;
@@ -23,6 +24,7 @@ public:
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
 };
 

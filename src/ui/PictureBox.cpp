@@ -80,7 +80,9 @@ QString WriteTemporary(const QImage& picture)
     QBuffer buffer(&bytes);
     if (picture.isNull() || !picture.save(&buffer, "PNG"))
         return {};
-    QString path = TempFolder() + u"/pasted.png"_s;
+    // A name of its own: whoever stores the picture later must not find the next one.
+    static int s_pasted = 0;
+    QString path = TempFolder() + u"/pasted%1.png"_s.arg(++s_pasted);
     QDir().mkpath(TempFolder());
     WriteFileFast(path, bytes);
     return path;
@@ -94,6 +96,11 @@ PictureBox::PictureBox(QWidget* parent) : QFrame(parent), m_emptyText(tr("No pic
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
     Clear();
+}
+
+bool PictureBox::IsPicture(const QString& path)
+{
+    return IsPictureFile(path);
 }
 
 void PictureBox::SetPicture(const QString& path)

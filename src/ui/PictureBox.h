@@ -18,6 +18,9 @@ class PictureBox : public QFrame
 public:
     explicit PictureBox(QWidget* parent = nullptr);
 
+    /// Whether the file holds a picture that can be shown, whatever it is called.
+    static bool IsPicture(const QString& path);
+
     /// Shows the picture file at `path`; the file itself is not held open.
     void SetPicture(const QString& path);
     /// Shows `EmptyText`.

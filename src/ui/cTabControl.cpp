@@ -71,10 +71,10 @@ void cTabControl::Initialize(const QList<Tab>& tabs, const QString& skin, const 
         if (m_bars.Count() != tabs.size())
             throw RuntimeError(kErrSubscript);
         LoadGraphicDC(skin, picture);
-    } catch (...) {
+    } catch (const RuntimeError& error) {
         m_picture = {};
         DrawInitialBar(tabs);
-        throw;
+        throw RuntimeError(error.Number(), coordinates + u": "_s + error.Description());
     }
     DrawInitialBar(tabs);
 }

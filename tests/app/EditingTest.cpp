@@ -48,6 +48,18 @@ TEST_F(Editing, TheTabAsksBeforeItIsLeftAndTheTreeFollowsWhatWasSaved)
 
     Press("ImgTabMovieEdit");
     EXPECT_EQ(Box("txtTitle").text(), u"Alien"_s);
+    Box("txtTitle").setText(u"Dropped"_s);
+    Press("ImgTabMovieEdit"); // its own tab asks too
+    ClickNode(u"2001"_s);
+    ClickNode(u"Alien"_s);
+    TakeMessages();
+    EXPECT_EQ(Title(1), u"Alien"_s) << "what was disregarded is never stored";
+    Box("txtTitle").setText(u"Old"_s);
+    catalog.Run("UPDATE Movie SET Title = 'Fetched' WHERE Movie_ID = 1");
+    window->ShowSelection(); // as after a retrieval
+    EXPECT_EQ(Title(1) + Box("txtTitle").text(), u"FetchedFetched"_s);
+    Box("txtTitle").setFocus();
+    Box("txtTitle").selectAll();
     QTest::keyClicks(&Box("txtTitle"), u"Zalien"_s);
     QTest::keyClick(&Box("txtTitle"), Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(TakeMessages(), "0 Edit Interface: Your Changes Have Been Saved");
@@ -73,6 +85,31 @@ TEST_F(Editing, AnotherFilmInTheTreeSavesFirstOrStaysWhereThatFails)
     ClickActor(u"Tom Skerritt"_s); // from the film's panel straight to the person's
     EXPECT_EQ(window->State().CurrentSection, kActorInfo);
     EXPECT_EQ(catalog.Ask("SELECT PurchasePrice FROM Movie WHERE Movie_ID = 3"), u"3"_s);
+}
+
+TEST_F(Editing, TheProgramDoesNotEndOverChangesThatCannotBeSaved)
+{
+    Start();
+    EditAlien();
+    Entry("MnuMoveMyRequestE").trigger();
+    EXPECT_EQ(Get<QComboBox>("cboFormat").currentText(), u"Request"_s) << "a clean panel follows what menus do";
+    Box("txtTitle").setText(u"Aliens"_s);
+    Box("txtPurchasePrice").clear();
+    dialogs.answers << kAnswerYes;
+    EXPECT_FALSE(window->close());
+    EXPECT_NE(TakeMessages().find("Purchase Price"), std::string::npos);
+    Box("txtPurchasePrice").setText(u"1"_s);
+    catalog.Run("DELETE FROM Movie WHERE Movie_ID = 1");
+    ClickNode(u"2001"_s);
+    EXPECT_NE(TakeMessages().find("no current record"), std::string::npos);
+    EXPECT_EQ(Box("txtTitle").text(), u"2001"_s) << "a film that is gone keeps nobody";
+    Entry("mnuManualEntry").trigger();
+    Box("txtTitle", &Get<frmAddManual>("frmAddManual")).setText(u"By Hand"_s);
+    Entry("mnuImdb").trigger();
+    EXPECT_FALSE(Get<frmAddManual>("frmAddManual").isVisible());
+    dialogs.answers << kAnswerYes;
+    EXPECT_TRUE(window->close());
+    EXPECT_NE(TakeMessages().find("Successfully Added By Hand"), std::string::npos);
 }
 
 TEST_F(Editing, APersonIsRenamedAndLeadsToAFilm)

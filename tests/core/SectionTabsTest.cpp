@@ -12,6 +12,7 @@ struct Panel : EditPanel
     bool HasChanges() const override { return changed; }
     QString Name() const override { return name; }
     void Save() override { ++saves; }
+    void Discard() override { changed = false; }
 
     QString name;
     bool changed = false;
@@ -86,6 +87,8 @@ TEST_F(SectionTabsTest, UnsavedChangesAreAskedAboutWhenAPanelIsLeftAndOnItsOwnTa
     tabs.Choose(kMovieList, filmNode);
     EXPECT_EQ(dialogs.boxes.last().text, u"Changed To Ran Have Been Disregarded.");
     EXPECT_EQ(film.saves, 0);
+    EXPECT_FALSE(film.changed) << "what was disregarded is gone";
+    film.changed = true;
     state.CurrentSection = kMovieEdit;
     EXPECT_FALSE(tabs.Choose(kMovieEdit, filmNode));
     EXPECT_EQ(film.saves, 1);

@@ -4,6 +4,7 @@
 #include "panels/forms/frmAddManual.h"
 #include "panels/forms/frmEditAddChar.h"
 #include "support/MapMarks.h"
+#include "ui/AppStyle.h"
 #include "ui/ChoiceBox.h"
 #include "ui/DatePicker.h"
 #include "ui/PictureBox.h"
@@ -175,7 +176,7 @@ TEST_F(FilmPanels, WhatNobodyTouchedGoesBackAsItWas)
 
 TEST_F(FilmPanels, APriceThatIsNoneIsToldAtItsFieldAndStopsTheSave)
 {
-    for (const auto& price : {u""_s, u"12 euros"_s}) {
+    for (const auto& price : {u""_s, u"12 euros"_s, u"12,50"_s}) {
         Find<QLineEdit>(film, "txtPurchasePrice").setText(price);
         Press(film, "cmdSave");
         EXPECT_TRUE(dialogs.boxes.takeLast().text.contains(u"Purchase Price"_s));
@@ -183,6 +184,34 @@ TEST_F(FilmPanels, APriceThatIsNoneIsToldAtItsFieldAndStopsTheSave)
         EXPECT_TRUE(film.HasChanges());
     }
     EXPECT_EQ(catalog.Ask("SELECT ifnull(PurchasePrice, '-') FROM Movie WHERE Movie_ID = 1"), u"-"_s);
+}
+
+TEST_F(FilmPanels, WhatTheUserDidNotDoIsNoChange)
+{
+    film.show();
+    film.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&film));
+    for (const char* list : {"cboRated", "cboCountry"})
+        Find<QWidget>(film, list).setFocus(); // their values are read now
+    EXPECT_FALSE(film.HasChanges());
+    QApplication::setStyle(new AppStyle);
+    const auto turnWheel = [](QWidget& control) {
+        QWheelEvent turn(QPointF(5, 5), control.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), Qt::NoButton, {}, Qt::NoScrollPhase,
+                         false);
+        QApplication::sendEvent(&control, &turn);
+    };
+    turnWheel(Find<QWidget>(film, "cboFormat"));
+    turnWheel(Find<QWidget>(film, "sldMyRating"));
+    EXPECT_FALSE(film.HasChanges());
+
+    // What another changed meanwhile in fields that were not touched here stays, whatever their length.
+    catalog.Run("UPDATE Movie SET Format = 'Request', MyRating = 7.5, Runtime = printf('%.*c', 400, 'x') WHERE Movie_ID = 1");
+    film.Discard();
+    catalog.Run("UPDATE Movie SET Format = 'VHS' WHERE Movie_ID = 1");
+    Type(film, "txtIndex", u"1"_s);
+    film.Save();
+    EXPECT_EQ(catalog.Ask("SELECT Format || ' ' || MyRating || ' ' || length(Runtime) FROM Movie WHERE Movie_ID = 1"), u"VHS 7.5 400"_s);
+    EXPECT_TRUE(dialogs.fieldEdits.isEmpty());
 }
 
 TEST_F(FilmPanels, TicksAreStoredAtOnceAndUndoneWhereTheyCannotBe)
@@ -209,8 +238,8 @@ TEST_F(FilmPanels, GenresAreAddedOnceAndDeletedAfterAQuestion)
 {
     const auto count = [this] { return catalog.Ask("SELECT count(*) FROM Genre").toInt(); };
     const int before = count();
-    dialogs.inputs << u"x"_s << u"Children's"_s << u"CHILDREN'S"_s;
-    for (int i = 0; i < 3; ++i)
+    dialogs.inputs << u"x"_s << u"   "_s << u"Children's"_s << u"CHILDREN'S "_s;
+    for (int i = 0; i < 4; ++i)
         Press(film, "cmdAddGenre");
     EXPECT_EQ(count(), before + 1);
     auto& list = Find<QListWidget>(film, "lstGenre");
@@ -280,6 +309,9 @@ TEST_F(FilmPanels, PicturesAndNfoAreStoredAtOnce)
     dialogs.files << home.Path(u"empty.jpg"_s);
     Press(film, "cmdImage");
     EXPECT_EQ(dialogs.boxes.takeLast().text, home.Path(u"empty.jpg"_s) + u" empty or not found."_s);
+    dialogs.files << home.Path(u"film.nfo"_s);
+    Press(film, "cmdImage");
+    EXPECT_TRUE(dialogs.boxes.takeLast().text.contains(u"is not a picture"_s));
     EXPECT_EQ(image(), first);
     Press(film, "cmdImage"); // cancelled
     EXPECT_TRUE(dialogs.boxes.isEmpty());
@@ -339,6 +371,34 @@ TEST_F(FilmPanels, AFilmIsEnteredByHandWithAllThatBelongsToIt)
     EXPECT_EQ(Find<QLineEdit>(manual, "txtTitle").text(), QString());
     EXPECT_FALSE(Find<QPushButton>(manual, "cmdSave").isEnabled());
     EXPECT_TRUE(shell.calls.contains(u"RefreshCatalogTree"_s));
+}
+
+TEST_F(FilmPanels, AFilmThatCouldNotBeStoredWholeIsNotEnteredTwice)
+{
+    frmAddManual manual(context, skinner);
+    Open(manual);
+    Type(manual, "txtTitle", u"Half"_s);
+    Type(manual, "TxtInfos_1", u"comment"_s);
+    Tick(manual, "lstGenre", "Adventure").setCheckState(Qt::Checked);
+    catalog.Run("CREATE TRIGGER stop BEFORE INSERT ON GenreLink BEGIN SELECT RAISE(FAIL, 'stop'); END");
+    Press(manual, "cmdSave");
+    EXPECT_TRUE(dialogs.boxes.takeLast().text.contains(u"\"Half\" was added, but not all of it"_s));
+    EXPECT_EQ(catalog.Ask("SELECT Title || Comments FROM Movie WHERE Movie_ID = 3"), u"Halfcomment"_s);
+    EXPECT_FALSE(manual.HasChanges());
+    EXPECT_TRUE(shell.calls.contains(u"RefreshCatalogTree"_s));
+
+    Tick(manual, "lstGenre", "Adventure").setCheckState(Qt::Checked);
+    Type(manual, "txtYear", u"1999"_s);
+    TempCatalog other;
+    other.Run("UPDATE Genre SET Genre = 'Precious' WHERE Genre = 'Action'");
+    state.comDiagFile.fileName = other.Path();
+    dialogs.answers << kAnswerYes;
+    manual.findChild<QListWidget*>(u"lstGenre"_s)->setCurrentRow(0);
+    Press(manual, "cmdDelGenre"); // the list is still that of the first catalog
+    EXPECT_EQ(other.Ask("SELECT count(*) FROM Genre WHERE Genre = 'Precious'"), u"1"_s);
+    manual.Reopen();
+    EXPECT_EQ(Tick(manual, "lstGenre", "Adventure").checkState(), Qt::Checked);
+    EXPECT_EQ(Find<QLineEdit>(manual, "txtYear").text(), u"1999"_s);
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 #include "ui_FilmPanel.h"
 
 #include <QEvent>
+#include <QFileInfo>
+#include <QRegularExpression>
 #include <QShortcut>
 #include <QSignalBlocker>
 
@@ -106,6 +108,13 @@ void FillList(QComboBox& list, QStringList values)
     list.clear();
     list.addItems(values);
     list.setEditText(text);
+}
+
+// A comma parts thousands. One that stands elsewhere was meant as the decimal sign: "12,50" is no price, and certainly not 1250.
+bool IsPrice(const QString& text)
+{
+    static const QRegularExpression strayComma(u",(?!\\d{3}(?!\\d))"_s);
+    return IsNumeric(text) && !text.contains(strayComma);
 }
 
 QString WithAccessKey(QLatin1StringView caption)
@@ -231,7 +240,7 @@ void FilmPanel::ConnectControls()
     ConnectTicks(*m_ui->lstFeatures, kFeature);
     const auto image = [this](QPushButton* button, PictureBox* box, Cover cover) {
         connect(button, &QPushButton::clicked, this, [this, cover] { Guard([&] { ChooseImage(cover); }); });
-        connect(box, &PictureBox::FileChosen, this, [this, cover](const QString& path) { Guard([&] { OnImage(cover, path); }); });
+        connect(box, &PictureBox::FileChosen, this, [this, cover](const QString& path) { Guard([&] { TakeImage(cover, path); }); });
         connect(box, &PictureBox::Failed, this, [this](const QString& text) { m_context.dialogs.MessageBox(text, kBoxExclamation); });
     };
     image(m_ui->cmdImage, m_ui->Picture1, Cover::Front);
@@ -300,14 +309,15 @@ bool FilmPanel::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::FocusIn && !m_unread.isEmpty()) {
         for (auto* list : {m_ui->cboRated, m_ui->cboCountry}) {
             if (watched == list && m_unread.removeOne(list)) {
+                m_loading = true;
                 Guard([&] {
-                    const QSignalBlocker block(list);
                     QStringList values;
                     for (int i = 0; i < list->count(); ++i)
                         values << list->itemText(i);
                     FillList(*list,
                              values + ValuesInUse(list == m_ui->cboRated ? u"Rated"_s : u"Country"_s, m_context.state.CatalogPath()));
                 });
+                m_loading = false;
             }
         }
     }
@@ -334,8 +344,19 @@ void FilmPanel::LoadLimits(const QStringList& columnsWithout)
     m_unread = {m_ui->cboRated, m_ui->cboCountry};
 }
 
+void FilmPanel::TickGenres(const QStringList& names)
+{
+    m_loading = true;
+    for (int i = 0; i < m_ui->lstGenre->count(); ++i) {
+        if (names.contains(m_ui->lstGenre->item(i)->text(), Qt::CaseInsensitive))
+            m_ui->lstGenre->item(i)->setCheckState(Qt::Checked);
+    }
+    m_loading = false;
+}
+
 void FilmPanel::LoadTicks()
 {
+    m_catalogPath = m_context.state.CatalogPath();
     const auto fill = [this](QListWidget& list, const NameTable& names) {
         const QSignalBlocker block(list);
         list.clear();
@@ -365,6 +386,8 @@ void FilmPanel::ShowRecord(const FilmRecord& film, QDate lastViewing)
     m_ui->chkSeenIt->setChecked(film.SeenIt);
     m_ui->sldMyRating->setValue(IsNumeric(film.MyRating) ? static_cast<int>(RoundHalfEven(std::clamp(ToDouble(film.MyRating), 0.0, 10.0)))
                                                          : 0);
+    m_rating = film.MyRating;
+    m_shownRating = m_ui->sldMyRating->value();
     m_ui->DTLastViewing->SetOffer(QDate::currentDate());
     m_ui->DTLastViewing->SetDate(lastViewing == ZeroDate() ? std::nullopt : std::optional(lastViewing));
     m_loading = false;
@@ -377,11 +400,15 @@ FilmRecord FilmPanel::ReadRecord()
         // What nobody changed goes back as it came: a box shows line ends, and texts that are too long, in its own way.
         const QString text = TextOf(*field.control);
         film.*field.member = text == field.shown ? field.value : text;
+        // An empty text leaves its column alone. So another's change of a field that nobody touched here stays.
+        if (text == field.shown && !field.isDecoded)
+            film.*field.member = QString();
     }
-    film.MyRating = QString::number(m_ui->sldMyRating->value());
+    film.MyRating =
+        m_ui->sldMyRating->value() == m_shownRating && !m_rating.isEmpty() ? m_rating : QString::number(m_ui->sldMyRating->value());
     film.SeenIt = m_ui->chkSeenIt->isChecked();
     film.LastViewing = m_ui->DTLastViewing->Date().value_or(ZeroDate());
-    if (!IsNumeric(m_ui->txtPurchasePrice->text())) {
+    if (!IsPrice(m_ui->txtPurchasePrice->text())) {
         CheckField(*m_ui->txtPurchasePrice);
         throw RuntimeError::WithDetail(kErrTypeMismatch, u"Purchase Price"_s);
     }
@@ -468,6 +495,8 @@ void FilmPanel::EditPerson()
         return;
     if (const std::optional<QString> stored = StorePersonText(row, text))
         list.Model().SetText(row, *stored);
+    else
+        m_context.dialogs.MessageBox(tr("%1 is no longer in this film.").arg(list.Rows()[row].name), kBoxExclamation, u"Edit"_s);
 }
 
 QList<NamedRow> FilmPanel::TickedGenres() const
@@ -510,10 +539,10 @@ void FilmPanel::OnRemoveCompany()
 void FilmPanel::OnAddGenre()
 {
     constexpr qsizetype kShortest = 2;
-    const QString name = m_context.dialogs.InputBox(u"Please Enter Genre Name : "_s, u"Add Genre"_s, {});
+    const QString name = TrimBlanks(m_context.dialogs.InputBox(u"Please Enter Genre Name : "_s, u"Add Genre"_s, {}));
     if (name.size() < kShortest)
         return;
-    const qint64 id = AddGenre(name, m_context.state.CatalogPath());
+    const qint64 id = AddGenre(name, m_catalogPath);
     QListWidget& list = *m_ui->lstGenre;
     for (int i = 0; i < list.count(); ++i) {
         if (list.item(i)->data(kGenreIdRole).toLongLong() == id)
@@ -536,8 +565,9 @@ void FilmPanel::OnDelGenre()
     if (!m_context.dialogs.ConfirmLoss(u"Are you sure you wish to delete Genre "_s + item->text(), kBoxYesNo,
                                        u"Genre Delete Confermation"_s))
         return;
-    DeleteGenre(item->data(kGenreIdRole).toLongLong(), m_context.state.CatalogPath());
+    DeleteGenre(item->data(kGenreIdRole).toLongLong(), m_catalogPath);
     delete item;
+    OnGenreDeleted();
     m_ui->cmdDelGenre->setEnabled(list.count() > 0);
 }
 
@@ -546,7 +576,16 @@ void FilmPanel::ChooseImage(Cover cover)
     FileDialog& dialog = m_context.state.ComDiag;
     dialog.filter = u"All Image Files (*.jpg, *.gif)| *.jpg;*.gif|All Files (*.*)|*.*|"_s;
     m_context.dialogs.ShowOpen(dialog);
-    OnImage(cover, dialog.fileName);
+    TakeImage(cover, dialog.fileName);
+}
+
+// A file that is no picture takes no picture's place. One that is missing or empty is told of by whoever stores it.
+void FilmPanel::TakeImage(Cover cover, const QString& path)
+{
+    if (QFileInfo(path).size() > 0 && !PictureBox::IsPicture(path))
+        m_context.dialogs.MessageBox(tr("%1 is not a picture that can be shown.").arg(path), kBoxExclamation);
+    else
+        OnImage(cover, path);
 }
 
 // The labels that act as tabs for the three long texts.
@@ -581,7 +620,7 @@ void FilmPanel::CheckField(QWidget& field)
     const bool isNumber = IsNumeric(text);
     m_note->Clear(field);
     if (&field == m_ui->txtPurchasePrice) {
-        if (!isNumber)
+        if (!IsPrice(text))
             m_note->Tell(field, tr("Not a price: a number is wanted, such as 12.50"), FieldNote::Place::Inside);
     } else if (!isNumber && !text.isEmpty()) {
         for (const char* name : kNumberFields) {

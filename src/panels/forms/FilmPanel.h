@@ -52,8 +52,9 @@ protected:
 
     /// Gives the boxes of `columns` their limits from the open catalog, and the drop-down lists their values.
     void LoadLimits(const QStringList& columnsWithout);
-    /// Reads the names of the genres and features anew; none is ticked.
+    /// Reads the names of the genres and features of the open catalog anew; none is ticked.
     void LoadTicks();
+    void TickGenres(const QStringList& names);
     void ShowRecord(const FilmRecord& film, QDate lastViewing);
     /// Raises `kErrTypeMismatch` with the field's name for a price that is no number.
     FilmRecord ReadRecord();
@@ -69,6 +70,7 @@ protected:
     virtual void OnChange(QWidget* control) = 0;
     virtual void OnTick(const NameTable& names, qint64 id, bool ticked) = 0;
     virtual void OnImage(Cover cover, const QString& path) = 0;
+    virtual void OnGenreDeleted() {}
     virtual void OnSave() = 0;
     /// Stores a company that the user named for one of the lists and returns its number; nothing for a name that is none.
     virtual std::optional<qint64> StoreCompany(const QString& name, int list) = 0;
@@ -86,6 +88,7 @@ protected:
     std::unique_ptr<Ui::FilmPanel> m_ui;
     PanelContext m_context;
     const Skinner& m_skinner;
+    QString m_catalogPath;  ///< whose film, genres and people are shown
     bool m_loading = false; ///< the controls are being filled: changes are none of the user's
     FieldNote* m_note;
 
@@ -108,6 +111,7 @@ private:
     void CheckField(QWidget& field);
     void CountLetters(QLineEdit& field);
     void ChooseImage(Cover cover);
+    void TakeImage(Cover cover, const QString& path);
     void OnAddCompany();
     void OnRemoveCompany();
     void OnAddGenre();
@@ -115,6 +119,8 @@ private:
 
     QList<Bound> m_fields;
     QList<QWidget*> m_unread; ///< drop-down lists whose values of this catalog were not read yet
+    QString m_rating;         ///< as the record brought it
+    int m_shownRating = 0;
     int m_kind = 0;
     int m_text = 0;
 };

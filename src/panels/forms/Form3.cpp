@@ -12,6 +12,7 @@
 #include "ui_FilmPanel.h"
 #include "web/VisitAddress.h"
 
+#include <QFileInfo>
 #include <QHideEvent>
 #include <QTimer>
 
@@ -88,7 +89,6 @@ void Form3::Edit_Page(FilmId movieId)
     try {
         const FilmOnShow film = ReadFilmOnShow(movieId, m_context.state.CatalogPath());
         m_film = movieId;
-        m_catalogPath = m_context.state.CatalogPath();
         LoadLimits({});
         LoadTicks();
         m_ui->lblFilm_ID->setText(QString::number(movieId));
@@ -101,7 +101,7 @@ void Form3::Edit_Page(FilmId movieId)
         Clear();
         throw;
     }
-    m_ui->cmdSave->setEnabled(false);
+    SetClean();
     setEnabled(true);
     for (const Cover cover : {Cover::Front, Cover::Back})
         Guard([&] { ShowCover(cover); }); // a picture that cannot be shown leaves the film to be edited
@@ -176,7 +176,7 @@ void Form3::Save()
     const bool ofOpenCatalog = m_catalogPath == m_context.state.CatalogPath();
     const QStringList before = ofOpenCatalog ? ReadTreeFacts(film, m_context.state) : QStringList();
     Edit_Update(film);
-    m_ui->cmdSave->setEnabled(false);
+    SetClean();
     if (!ofOpenCatalog)
         return;
     // The panel shows what the catalog now holds, on the page and with the focus that it had.
@@ -184,6 +184,24 @@ void Form3::Save()
     ShowRecord(stored.record, stored.lastViewing);
     m_context.shell.RetitleSelectedNode(film, DecodeEntities(stored.record.Title));
     TellTree(ReadTreeFacts(film, m_context.state) != before);
+}
+
+void Form3::Discard()
+{
+    if (!FilmExists(ShownFilm(), m_catalogPath))
+        return Clear();
+    const FilmOnShow stored = ReadFilmOnShow(ShownFilm(), m_catalogPath);
+    ShowRecord(stored.record, stored.lastViewing);
+    SetClean();
+}
+
+void Form3::SetClean()
+{
+    // A button that goes off leaves the focus to anybody.
+    const bool hadFocus = m_ui->cmdSave->hasFocus();
+    m_ui->cmdSave->setEnabled(false);
+    if (hadFocus)
+        m_ui->TabBarMovie->setFocus();
 }
 
 void Form3::OnSave()
@@ -206,6 +224,16 @@ void Form3::TellTree(bool changed)
 void Form3::OnTick(const NameTable& names, qint64 id, bool ticked)
 {
     StoreTick(names, ShownFilm(), id, ticked, m_catalogPath);
+    NoteGenreChange();
+}
+
+void Form3::OnGenreDeleted()
+{
+    NoteGenreChange();
+}
+
+void Form3::NoteGenreChange()
+{
     const bool byGenre = m_context.state.gOptions->View.PrimarySort == u"Genre.Genre" || m_context.state.FilterCount > 0;
     m_treeIsStale = m_treeIsStale || byGenre;
 }
@@ -250,8 +278,11 @@ void Form3::OnNfo()
     dialog.filter = u"Release NFO Files (*.nfo)| *.nfo|All Files (*.*)|*.*|"_s;
     m_context.dialogs.ShowOpen(dialog);
     const QString text = ReadWholeFile(dialog.fileName, m_context.dialogs);
-    if (text.isEmpty())
+    if (text.isEmpty()) {
+        if (QFileInfo::exists(dialog.fileName)) // a missing one was told of
+            m_context.dialogs.MessageBox(dialog.fileName + u" empty or not found."_s, kBoxPlain);
         return;
+    }
     StoreNfo(film, text, m_catalogPath);
     m_note->Tell(*m_ui->cmdNfo, tr("The NFO is in the catalog"), FieldNote::Place::Below);
     m_context.shell.ApplyMenuRules(); // it can be looked at from now on
@@ -273,7 +304,7 @@ void Form3::AddPerson()
 
 QString Form3::PersonText(int row) const
 {
-    return FilmPersonText(ShownKind(), EntryOf(ShownPeople().Rows(), row, ShownFilm()), m_catalogPath).value_or(QString());
+    return DecodeEntities(FilmPersonText(ShownKind(), EntryOf(ShownPeople().Rows(), row, ShownFilm()), m_catalogPath).value_or(QString()));
 }
 
 std::optional<QString> Form3::StorePersonText(int row, const QString& text)
@@ -304,8 +335,10 @@ void Form3::RemovePerson()
 {
     PairList& list = ShownPeople();
     const int row = list.Selected();
-    if (row < 0)
+    if (row < 0) {
+        m_context.dialogs.MessageBox(tr("Select the person to be removed first."), kBoxExclamation, tr("Remove From Film"));
         return;
+    }
     if (!ConfirmRemoval(list.Rows()[row].name))
         return;
     RemoveFilmPerson(ShownKind(), EntryOf(list.Rows(), row, ShownFilm()), m_catalogPath);

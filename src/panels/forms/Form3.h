@@ -32,6 +32,7 @@ public:
     QString Name() const override;
     /// Stores the plain fields without a message, and brings tree and panel up to date.
     void Save() override;
+    void Discard() override;
 
     void AddPerson() override;
     /// Takes the selected person off the film, after a question.
@@ -44,6 +45,7 @@ protected:
     void OnChange(QWidget* control) override;
     void OnTick(const NameTable& names, qint64 id, bool ticked) override;
     void OnImage(Cover cover, const QString& path) override;
+    void OnGenreDeleted() override;
     void OnSave() override;
     std::optional<qint64> StoreCompany(const QString& name, int list) override;
     bool DropCompany(const PairRow& company, int list) override;
@@ -62,9 +64,10 @@ private:
     void OnAvi();
     void OnNfo();
     void TellTree(bool changed);
+    void NoteGenreChange();
+    void SetClean();
 
     std::optional<FilmId> m_film;
-    QString m_catalogPath;
     bool m_treeIsStale = false; ///< a genre was changed that the tree or its filters go by
 };
 

@@ -1,5 +1,6 @@
 #include "panels/forms/frmAddManual.h"
 
+#include "core/Guard.h"
 #include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
@@ -27,13 +28,30 @@ frmAddManual::frmAddManual(const PanelContext& context, const Skinner& skinner, 
 
 void frmAddManual::Reopen()
 {
-    if (m_catalogPath != m_context.state.CatalogPath()) {
-        // The numbers of genres and people are those of another catalog.
-        LoadTicks();
-        ShowPeople({});
-        m_catalogPath = m_context.state.CatalogPath();
-    }
+    QStringList ticked;
+    for (const NamedRow& genre : TickedGenres())
+        ticked << genre.name;
+    if (m_catalogPath != m_context.state.CatalogPath())
+        ShowPeople({}); // the numbers of people are those of another catalog
+    LoadTicks();
+    TickGenres(ticked);
     LoadLimits({u"Filename"_s});
+}
+
+bool frmAddManual::HasChanges() const
+{
+    return m_ui->cmdSave->isEnabled();
+}
+
+QString frmAddManual::Name() const
+{
+    return m_ui->txtTitle->text();
+}
+
+void frmAddManual::Discard()
+{
+    Clear();
+    LoadTicks();
 }
 
 void frmAddManual::Clear()
@@ -69,13 +87,16 @@ FilmRecord frmAddManual::EnteredFilm()
     constexpr int kKindLetters = 3;
     FilmRecord film = ReadRecord();
     if (!m_front.isEmpty()) {
+        QString fault = PictureFault(m_front);
         QFile file(m_front);
-        if (file.open(QIODevice::ReadOnly))
+        if (fault.isEmpty() && !file.open(QIODevice::ReadOnly))
+            fault = m_front + u": "_s + file.errorString();
+        if (!fault.isEmpty()) {
+            m_context.dialogs.MessageBox(fault, kBoxPlain);
+        } else {
             film.ImageData = file.readAll();
-        if (film.ImageData.isEmpty())
-            m_context.dialogs.MessageBox(m_front + u" empty or not found."_s, kBoxPlain);
-        else
             film.ImageExtention = m_front.right(kKindLetters);
+        }
     }
     for (const NamedRow& genre : TickedGenres())
         film.Genres.append({genre.name, genre.id});
@@ -94,22 +115,31 @@ FilmRecord frmAddManual::EnteredFilm()
     return film;
 }
 
-void frmAddManual::OnSave()
+void frmAddManual::Save()
 {
     const FilmRecord film = EnteredFilm();
-    const FilmId movieId = AddManualFilm(film, {m_context.state.CatalogPath(), SettingsFile(), m_context.dialogs});
-    if (!m_back.isEmpty()) {
-        const QString message = ReplacePicture(BackCover(movieId), m_back, m_context.state.CatalogPath());
-        if (!message.isEmpty())
-            m_context.dialogs.MessageBox(message, kBoxPlain);
+    QString backCover = m_back;
+    if (const QString fault = m_back.isEmpty() ? QString() : PictureFault(m_back); !fault.isEmpty()) {
+        m_context.dialogs.MessageBox(fault, kBoxPlain);
+        backCover.clear();
     }
-    m_context.dialogs.MessageBox(u"Successfully Added "_s + film.Title, kBoxPlain, u"Manual Add Successful"_s);
+    try {
+        AddManualFilm(film, backCover, {m_catalogPath, SettingsFile(), m_context.dialogs});
+        m_context.dialogs.MessageBox(u"Successfully Added "_s + film.Title, kBoxPlain, u"Manual Add Successful"_s);
+    } catch (const IncompleteFilm& error) {
+        ReportError(m_context.dialogs, error); // the film is in the catalog: entered once more, it would stand there twice
+    }
     Clear();
     LoadTicks();
     m_ui->TabBarMovie->DrawBar(1);
     m_ui->frameMovie->setCurrentIndex(0);
     m_context.shell.RefreshCatalogTree();
     m_context.shell.UpdateStatus(true);
+}
+
+void frmAddManual::OnSave()
+{
+    Save();
     m_ui->txtTitle->setFocus();
 }
 
@@ -120,7 +150,7 @@ std::optional<qint64> frmAddManual::StoreCompany(const QString& name, int)
 
 void frmAddManual::AddPerson()
 {
-    frmEditAddChar dialog(ShownKind(), m_context.state.CatalogPath(), this);
+    frmEditAddChar dialog(ShownKind(), m_catalogPath, this);
     m_skinner.SkinForm(dialog);
     if (const std::optional<frmEditAddChar::Chosen> chosen = dialog.Ask()) {
         PairList& list = ShownPeople();
@@ -138,6 +168,8 @@ void frmAddManual::RemovePerson()
 {
     if (const int row = ShownPeople().Selected(); row >= 0)
         ShownPeople().Model().Remove(row);
+    else
+        m_context.dialogs.MessageBox(tr("Select the person to be removed first."), kBoxExclamation, tr("Remove"));
 }
 
 } // namespace kelvado

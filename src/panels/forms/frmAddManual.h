@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/SectionTabs.h"
 #include "panels/forms/FilmPanel.h"
 
 namespace kelvado {
 
 /// Enters a film that no source knows. Nothing is written before "Add Movie".
-class frmAddManual : public FilmPanel
+class frmAddManual : public FilmPanel, public EditPanel
 {
     Q_OBJECT
 public:
@@ -14,6 +15,14 @@ public:
 
     /// For each time that the panel comes into view: lists and limits follow the open catalog. What was entered stays.
     void Reopen();
+
+    // EditPanel: a film that was entered and not added is a change that would be lost with the catalog or the program.
+    bool HasChanges() const override;
+    QString Name() const override;
+    /// Adds the film.
+    void Save() override;
+    /// Empties the panel.
+    void Discard() override;
 
     void AddPerson() override;
     /// Takes the selected person off the list.
@@ -33,7 +42,6 @@ private:
     FilmRecord EnteredFilm();
 
     QString m_front, m_back; ///< the picture files that were chosen
-    QString m_catalogPath;   ///< whose lists are shown
 };
 
 } // namespace kelvado

@@ -6,6 +6,7 @@
 #include "panels/PictureStore.h"
 #include "ui_frmPeople.h"
 
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QShortcut>
 
@@ -227,12 +228,22 @@ void frmPeople::Save()
     Actor_Edit_Save();
 }
 
-void frmPeople::Actor_Edit_Save()
+void frmPeople::Discard()
+{
+    FillTexts(kelvado::Actor_Edit_Page(m_actorId, m_catalogPath));
+}
+
+void frmPeople::Store()
 {
     kelvado::Actor_Edit_Save(m_actorId, Texts(), {m_catalogPath, SettingsFile(), m_context.dialogs});
     const PersonPage stored = kelvado::Actor_Edit_Page(m_actorId, m_catalogPath);
     FillTexts(stored);
     Q_EMIT PersonStored(m_actorId, m_ui->txtName->text());
+}
+
+void frmPeople::Actor_Edit_Save()
+{
+    Store();
     m_context.dialogs.MessageBox(u"Actor Information saved successfully."_s, kBoxPlain);
 }
 
@@ -246,6 +257,10 @@ void frmPeople::ChooseImage()
 
 void frmPeople::StoreImage(const QString& path)
 {
+    if (QFileInfo(path).size() > 0 && !PictureBox::IsPicture(path)) {
+        m_context.dialogs.MessageBox(tr("%1 is not a picture that can be shown.").arg(path), kBoxExclamation);
+        return;
+    }
     try {
         const QString message = ReplacePicture(Portrait(m_actorId), path, m_catalogPath);
         if (!message.isEmpty()) {

@@ -44,6 +44,9 @@ public:
     bool HasChanges() const override;
     QString Name() const override;
     void Save() override;
+    void Discard() override;
+    /// The same as `Save`, without a message.
+    void Store();
 
 Q_SIGNALS:
     /// The user opened a film of the catalog.
