@@ -59,6 +59,12 @@ QPixmap PaintSign(const Sign& sign, int scale)
 
 } // namespace
 
+void DimSelection(QPalette& palette)
+{
+    palette.setColor(QPalette::Highlight, Mixed(palette.color(QPalette::Highlight), palette.color(QPalette::Base), 0.75F));
+    palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+}
+
 AppStyle::AppStyle() : QProxyStyle(u"Fusion"_s) {}
 
 void AppStyle::polish(QWidget* widget)
@@ -161,9 +167,17 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
     painter->restore();
 }
 
-// A default button looks like one with the focus otherwise.
+// A default button looks like one with the focus otherwise, and the row of a list that the keys do not go to like the one they do.
 void AppStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
 {
+    const bool isSelection = element == CE_ItemViewItem && option->state.testFlag(State_Selected);
+    // A view that paints whole rows has dimmed them itself.
+    if (isSelection && widget && !widget->hasFocus() &&
+        option->palette.color(QPalette::Highlight) == widget->palette().color(QPalette::Highlight)) {
+        QStyleOptionViewItem item(*qstyleoption_cast<const QStyleOptionViewItem*>(option));
+        DimSelection(item.palette);
+        return QProxyStyle::drawControl(element, &item, painter, widget);
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
     if (element != CE_PushButton || !option->state.testFlag(State_HasFocus))
         return;

@@ -28,4 +28,7 @@ public:
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
 };
 
+/// Gives the colours of a selection those of a list that does not have the focus.
+void DimSelection(QPalette& palette);
+
 } // namespace kelvado

@@ -1,6 +1,6 @@
 #include "ui/CatalogTreeView.h"
 
-#include "ui/Skinner.h"
+#include "ui/AppStyle.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -114,10 +114,8 @@ void CatalogTreeView::contextMenuEvent(QContextMenuEvent* event)
 void CatalogTreeView::initViewItemOption(QStyleOptionViewItem* option) const
 {
     QTreeView::initViewItemOption(option);
-    if (hasFocus())
-        return;
-    option->palette.setColor(QPalette::Highlight, Mixed(palette().color(QPalette::Highlight), palette().color(QPalette::Base), 0.75F));
-    option->palette.setColor(QPalette::HighlightedText, palette().color(QPalette::Text));
+    if (!hasFocus())
+        DimSelection(option->palette);
 }
 
 void CatalogTreeView::focusInEvent(QFocusEvent* event)
