@@ -69,7 +69,7 @@ QString PictureFault(const QString& path)
 
 QString ReplacePicture(const PictureSlot& slot, const QString& path, const QString& catalogPath)
 {
-    if (const QString fault = PictureFault(path); !fault.isEmpty())
+    if (QString fault = PictureFault(path); !fault.isEmpty())
         return fault;
     Connection connection = OpenCatalog(catalogPath);
     connection.AllOrNothing([&] {

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 #include "render/forms/frmPageView.h"
 
+#include <QDesktopServices>
 #include <QWebEngineView>
 
 namespace kelvado {
@@ -205,5 +206,32 @@ TEST_F(MainWindow, HostileTitlesShowInTreeAndPage)
     }
 }
 
+/// Stands in for the desktop, which would open the address.
+class Desktop : public QObject
+{
+    Q_OBJECT
+public Q_SLOTS:
+    void Open(const QUrl& address) { opened << address.scheme(); }
+
+public:
+    QStringList opened;
+};
+
+TEST_F(MainWindow, OnlyAddressesOfTheWebAndOfMailLeaveTheProgram)
+{
+    Start();
+    Desktop desktop;
+    const QStringList schemes{u"http"_s, u"https"_s, u"mailto"_s, u"file"_s, u"javascript"_s, u"smb"_s, u"kelvado"_s};
+    for (const QString& scheme : schemes)
+        QDesktopServices::setUrlHandler(scheme, &desktop, "Open");
+    for (const QString& scheme : schemes)
+        window->OpenOutside(QUrl(scheme + u"://host/path"_s));
+    for (const QString& scheme : schemes)
+        QDesktopServices::unsetUrlHandler(scheme);
+    EXPECT_EQ(desktop.opened, schemes.first(3));
+}
+
 } // namespace
 } // namespace kelvado
+
+#include "BrowsingTest.moc"
