@@ -494,7 +494,7 @@ void FilmPanel::EditPerson()
     if (text.isEmpty())
         return;
     if (const std::optional<QString> stored = StorePersonText(row, text))
-        list.Model().SetText(row, *stored);
+        list.Model().SetText(row, DecodeEntities(*stored));
     else
         m_context.dialogs.MessageBox(tr("%1 is no longer in this film.").arg(list.Rows()[row].name), kBoxExclamation, u"Edit"_s);
 }

@@ -181,6 +181,7 @@ void frmPeople::FillTexts(const PersonPage& page)
     if (m_ui->txtBio->toPlainText() != biography)
         m_ui->txtBio->setPlainText(biography);
     m_read = page.texts;
+    m_limits = page.limits;
     m_shown = BoxTexts();
     m_isFilling = false;
     SetDirty(false);
@@ -198,7 +199,7 @@ PersonTexts frmPeople::Texts() const
     PersonTexts texts = BoxTexts();
     for (std::size_t i = 0; i < texts.size(); ++i) {
         if (texts[i] == m_shown[i])
-            texts[i] = m_read[i];
+            texts[i] = m_read[i].size() > m_limits[i] ? QString() : m_read[i]; // an empty text leaves its column alone
     }
     return texts;
 }
