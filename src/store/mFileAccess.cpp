@@ -47,6 +47,9 @@ QByteArray ReadBytes(const QString& path)
 
 QString TextOf(const QByteArray& bytes)
 {
+    // The mark at its start tells a text of two bytes a letter.
+    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
+        return QStringDecoder(QStringDecoder::Utf16)(bytes);
     QStringDecoder utf8(QStringDecoder::Utf8);
     QString text = utf8(bytes);
     // Bytes that are still waiting for the rest of their character are no UTF-8 either.

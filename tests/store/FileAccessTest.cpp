@@ -23,7 +23,7 @@ protected:
     ScriptedDialogs dialogs;
 };
 
-TEST_F(FileAccess, ReadsTextsInBothEncodings)
+TEST_F(FileAccess, ReadsTextsInTheirEncoding)
 {
     const std::pair<QByteArray, QString> cases[] = {
         {"", u""_s},
@@ -31,6 +31,7 @@ TEST_F(FileAccess, ReadsTextsInBothEncodings)
         {"\xEF\xBB\xBFÉté \xE4\xB8\xAD", u"Été 中"_s},
         {"caf\xE9 \x80", u"café €"_s},
         {"cut in a character \xC3", u"cut in a character Ã"_s},
+        {QByteArray("\xFF\xFE\xE9\0\x2D\x4E", 6), u"é中"_s},
     };
     for (const auto& [bytes, text] : cases)
         EXPECT_EQ(ReadWholeFile(Put(u"text.txt"_s, bytes), dialogs), text) << bytes.constData();
