@@ -11,6 +11,7 @@
 #include "panels/FilmEdit.h"
 #include "panels/forms/frmEditAddChar.h"
 #include "panels/forms/frmPeople.h"
+#include "render/mXMLOutput.h"
 #include "store/CaseBlind.h"
 #include "store/CatalogTemplate.h"
 #include "store/FilmLinks.h"
@@ -34,6 +35,8 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+
+#include <unistd.h>
 
 using namespace kelvado;
 
@@ -68,7 +71,12 @@ class Engine
 {
 public:
     explicit Engine(const QString& path) { Check(sqlite3_open(path.toUtf8().constData(), &m_db)); }
-    ~Engine() { sqlite3_close(m_db); }
+    ~Engine()
+    {
+        for (const auto& [sql, statement] : m_kept)
+            sqlite3_finalize(statement);
+        sqlite3_close(m_db);
+    }
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
@@ -96,6 +104,22 @@ public:
         Check(sqlite3_finalize(statement));
         return first;
     }
+    /// Reads every column of every row as text and calls `onRow` with the first column; the statement is kept for the next call.
+    template<typename OnRow>
+    void Walk(const char* sql, qint64 number, const OnRow& onRow)
+    {
+        sqlite3_stmt*& statement = m_kept[sql];
+        if (!statement)
+            Check(sqlite3_prepare_v2(m_db, sql, -1, &statement, nullptr));
+        if (sqlite3_bind_parameter_count(statement) > 0)
+            sqlite3_bind_int64(statement, 1, number);
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            for (int i = 0; i < sqlite3_column_count(statement); ++i)
+                benchmark::DoNotOptimize(sqlite3_column_text(statement, i));
+            onRow(sqlite3_column_int64(statement, 0));
+        }
+        sqlite3_reset(statement);
+    }
     qint64 LastKey() const { return sqlite3_last_insert_rowid(m_db); }
 
 private:
@@ -107,6 +131,7 @@ private:
         }
     }
     sqlite3* m_db = nullptr;
+    std::map<std::string, sqlite3_stmt*> m_kept;
 };
 
 // Stores one film with the engine's own calls, matching names as the writer does, in one transaction on a connection of its own.
@@ -403,6 +428,44 @@ void StoreChangesBare(benchmark::State& state)
         Engine(catalog).Run("UPDATE Movie SET \"Index\" = '" + std::to_string(++changes) + "' WHERE Movie_ID = 1");
 }
 
+// All films as XML, and what that takes at the least: the same queries, and the same bytes written and forced onto the disk.
+void ExportXml(benchmark::State& state)
+{
+    const QString catalog = BuiltCatalog();
+    for ([[maybe_unused]] const auto round : state) {
+        Connection connection = OpenCatalog(catalog);
+        BuildCatalogXml(g_folder + u"/xml"_s, connection, {u"Default XP"_s, u"http://site"_s}, [](const XmlStep&) { return true; });
+    }
+    state.counters["bytes"] = static_cast<double>(QFileInfo(g_folder + u"/xml/MyMovies.XML"_s).size());
+}
+
+void ExportXmlBare(benchmark::State& state)
+{
+    constexpr const char* kPeople[] = {
+        "SELECT ActorLink.*, Actor.* FROM Actor INNER JOIN ActorLink ON Actor.Actor_ID = ActorLink.Actor_ID WHERE ActorLink.Movie_ID = ?",
+        "SELECT Writer.*, WriterLink.* FROM Writer INNER JOIN WriterLink ON Writer.Writer_ID = WriterLink.Writer_ID WHERE "
+        "WriterLink.Movie_ID = ?",
+        "SELECT Director.*, DirectorLink.* FROM Director INNER JOIN DirectorLink ON Director.Director_ID = DirectorLink.Director_ID WHERE "
+        "DirectorLink.Movie_ID = ?",
+        "SELECT Producer.*, ProducerLink.* FROM Producer INNER JOIN ProducerLink ON Producer.Producer_ID = ProducerLink.Producer_ID WHERE "
+        "ProducerLink.Movie_ID = ?"};
+    QFile written(g_folder + u"/xml/MyMovies.XML"_s);
+    if (!written.open(QIODevice::ReadOnly))
+        return state.SkipWithError("run ExportXml first, in the same folder");
+    const QByteArray bytes = written.readAll();
+    const QString catalog = BuiltCatalog();
+    for ([[maybe_unused]] const auto round : state) {
+        Engine engine(catalog);
+        engine.Walk("SELECT * FROM Movie", 0, [&](qint64 film) {
+            for (const char* query : kPeople)
+                engine.Walk(query, film, [](qint64) {});
+        });
+        QFile file(g_folder + u"/xml/bare.xml"_s);
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() || fsync(file.handle()) != 0)
+            return state.SkipWithError("the bytes cannot be written");
+    }
+}
+
 BENCHMARK(StoreFilms)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(StoreFilmsBare)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(ReadFilms)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
@@ -416,6 +479,8 @@ BENCHMARK(ExpandFilm)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggr
 BENCHMARK(StoreTicks)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(SaveEdits)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(StoreChangesBare)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
+BENCHMARK(ExportXml)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
+BENCHMARK(ExportXmlBare)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(OpenPerson)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 BENCHMARK(ChoosePerson)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 

@@ -3,6 +3,7 @@
 #include "app/BrowseMenus.h"
 #include "app/CatalogPane.h"
 #include "app/EditMenus.h"
+#include "app/ExportMenus.h"
 #include "app/StatusBar.h"
 #include "app/WebMenus.h"
 #include "app/WindowPlace.h"
@@ -140,6 +141,8 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
         *this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_catalog->Model(), m_skinner, *m_ui->picGrabSelect,
         *m_ui->FormScroll, [this] { return SelectedNode(); }, [this](const QUrl& address) { OpenOutside(address); },
         [this] { m_editMenus->ShowManualPanel(); }, [this] { m_editMenus->AskAboutChanges(); }});
+    m_exportMenus = std::make_unique<ExportMenus>(
+        ExportMenus::Context{*this, m_state, dialogs, events, m_menus, *this, m_skinner, [this] { m_editMenus->AskAboutChanges(); }});
 }
 
 Form1::~Form1()
@@ -765,6 +768,11 @@ void Form1::closeEvent(QCloseEvent* event)
     // A job that serves events is still at work in this window: close when it is done.
     if (m_catalog->IsBusy()) {
         m_catalog->AfterJob([this] { close(); });
+        event->ignore();
+        return;
+    }
+    if (m_exportMenus->IsBusy()) {
+        m_exportMenus->EndExport([this] { close(); });
         event->ignore();
         return;
     }

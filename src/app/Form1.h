@@ -27,6 +27,7 @@ class BrowseMenus;
 class CatalogModel;
 class CatalogPane;
 class EditMenus;
+class ExportMenus;
 class StatusBar;
 class WebMenus;
 class WindowTray;
@@ -145,6 +146,7 @@ private:
     std::unique_ptr<StatusBar> m_statusBar;
     std::unique_ptr<EditMenus> m_editMenus;
     std::unique_ptr<WebMenus> m_webMenus;
+    std::unique_ptr<ExportMenus> m_exportMenus;
     SelectionFacts m_selection; ///< as read last
     bool m_activating = false;
     bool m_saved = false;

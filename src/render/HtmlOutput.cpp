@@ -4,6 +4,7 @@
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 #include "core/SafeFile.h"
+#include "render/FilmValues.h"
 #include "store/mFileAccess.h"
 
 #include <QFileInfo>
@@ -72,21 +73,6 @@ constexpr std::array<FilmToken, 40> kFilmTokens{{
     {"!!TRAILERURL!!"_L1, "TrailerURL"_L1},
 }};
 
-struct Certificate
-{
-    QLatin1StringView rated;
-    QLatin1StringView picture;
-};
-
-constexpr std::array<Certificate, 5> kCertificates{{
-    {"G"_L1, "G.Gif"_L1},
-    {"PG"_L1, "PG.Gif"_L1},
-    {"PG-13"_L1, "PG-13.Gif"_L1},
-    {"R"_L1, "R.Gif"_L1},
-    {"NC17"_L1, "NC-17.Gif"_L1},
-}};
-constexpr QLatin1StringView kNoCertificate = "NA.Gif"_L1;
-
 constexpr QLatin1StringView kGenreQuery = "SELECT Movie.Movie_ID, Genre.Genre FROM (GenreLink INNER "
                                           "JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID) INNER "
                                           "JOIN Movie ON GenreLink.Movie_ID = Movie.Movie_ID "
@@ -96,41 +82,19 @@ constexpr QLatin1StringView kActorQuery = "SELECT ActorLink.Movie_ID, ActorLink.
                                           " FROM Actor INNER JOIN ActorLink ON Actor.Actor_ID"
                                           " = ActorLink.Actor_ID WHERE ActorLink.Movie_ID = "_L1;
 
-struct Crew
+struct CrewTokens
 {
-    QLatin1StringView query;
-    QLatin1StringView column;
+    const Crew& crew;
     QLatin1StringView stem;
 };
 
-constexpr Crew kProducers{"SELECT Producer.*, ProducerLink.* FROM Producer INNER JOIN "
-                          "ProducerLink ON Producer.Producer_ID = ProducerLink.Producer_ID "
-                          "WHERE ProducerLink.Movie_ID  = "_L1,
-                          "Producer"_L1, "!!PRODUCER"_L1};
-constexpr Crew kDirectors{"SELECT Director.*, DirectorLink.* FROM Director INNER JOIN "
-                          "DirectorLink ON Director.Director_ID = DirectorLink.Director_ID "
-                          "WHERE DirectorLink.Movie_ID  = "_L1,
-                          "Director"_L1, "!!DIRECTOR"_L1};
-constexpr Crew kWriters{"SELECT Writer.*, WriterLink.* FROM Writer INNER JOIN "
-                        "WriterLink ON Writer.Writer_ID = WriterLink.Writer_ID "
-                        "WHERE WriterLink.Movie_ID  = "_L1,
-                        "Writer"_L1, "!!WRITER"_L1};
-
-bool IsDigit(QChar c)
-{
-    return c >= u'0' && c <= u'9';
-}
+constexpr CrewTokens kProducerTokens{kProducers, "!!PRODUCER"_L1};
+constexpr CrewTokens kDirectorTokens{kDirectors, "!!DIRECTOR"_L1};
+constexpr CrewTokens kWriterTokens{kWriters, "!!WRITER"_L1};
 
 QString ValueOrNone(const Value& value)
 {
     return value.IsNull() ? QString(kNone) : value.Text();
-}
-
-/// "No" for 0 and a text that reads as 0, "Yes" for everything else, Null included.
-QString YesNo(const Value& value)
-{
-    const bool isNumber = !value.IsNull() && (!value.IsText() || IsNumeric(value.Text()));
-    return isNumber && value.Number() == 0 ? u"No"_s : u"Yes"_s;
 }
 
 QString DateOrNone(const Value& value)
@@ -168,11 +132,7 @@ QString PicturePath(const TokenSettings& settings, QLatin1StringView exportFolde
 void FillRated(QString& text, const Value& rated, const TokenSettings& settings)
 {
     text.replace("!!RATEDTXT!!"_L1, ValueOrNone(rated));
-    QLatin1StringView picture;
-    for (const Certificate& certificate : kCertificates) {
-        if (!rated.IsNull() && rated.Text() == certificate.rated)
-            picture = certificate.picture;
-    }
+    QLatin1StringView picture = CertificatePicture(rated);
     if (picture.isEmpty()) {
         // An exported page keeps the token for a certificate that nobody knows.
         if (settings.exported && !rated.IsNull())
@@ -187,42 +147,23 @@ QString BarTag(const TokenSettings& settings, QLatin1StringView name, QLatin1Str
     return u"<IMG SRC=\""_s + PicturePath(settings, "Images\\RatingBar\\"_L1, "/RatingBar/"_L1, name) + end;
 }
 
-/// The bar of a rating such as "7.4". Only its first and its last character count, so "10" draws one segment. A last digit of exactly 5
-/// draws neither a half nor an empty segment, and the bar is one segment shorter.
-QString RatingBar(const QString& rating, const TokenSettings& settings)
-{
-    constexpr QLatin1StringView kEnd = "\"/>"_L1;
-    if (!IsDigit(rating.back()))
-        throw RuntimeError(kErrTypeMismatch);
-    const int whole = rating.front().digitValue();
-    const int last = rating.back().digitValue();
-    const QString empty = BarTag(settings, "barNo.gif"_L1, kEnd);
-
-    QString bar = u"<NOBR>"_s;
-    bar += BarTag(settings, "barLeft.gif"_L1, kEnd);
-    bar += BarTag(settings, "barYes.gif"_L1, kEnd).repeated(whole);
-    if (last > 5)
-        bar += BarTag(settings, "barHalf.gif"_L1, kEnd);
-    else if (last < 5)
-        bar += empty;
-    bar += empty.repeated(9 - whole);
-    bar += BarTag(settings, "barRight.gif"_L1, kEnd);
-    bar += "</NOBR>"_L1;
-    return bar;
-}
-
 void FillRating(QString& text, const Value& rating, const TokenSettings& settings)
 {
-    const QString value = ValueOrNone(rating);
-    QString bar;
-    if (rating.IsNull())
-        bar = BarTag(settings, "barna.gif"_L1, "\">"_L1);
-    else if (value.isEmpty() || !IsDigit(value.front()))
-        bar = BarTag(settings, "barna.gif"_L1, "\"/>"_L1);
-    else
-        bar = RatingBar(value, settings);
-    text.replace("!!RATINGBAR!!"_L1, bar);
-    text.replace("!!RATING!!"_L1, value);
+    const RatingBar bar = RatingBarOf(rating);
+    // Without a rating the tag does not close itself, unlike all others.
+    const QLatin1StringView end = rating.IsNull() ? "\">"_L1 : "\"/>"_L1;
+    QString tags;
+    QString tag;
+    QLatin1StringView last;
+    for (const QLatin1StringView picture : bar.pictures) {
+        if (picture != last)
+            tag = BarTag(settings, last = picture, end);
+        tags += tag;
+    }
+    if (bar.pictures.front() != kNoRatingBar)
+        tags = u"<NOBR>"_s + tags + u"</NOBR>"_s;
+    text.replace("!!RATINGBAR!!"_L1, tags);
+    text.replace("!!RATING!!"_L1, ValueOrNone(rating));
 }
 
 QString NumberedToken(QLatin1StringView stem, qint64 number)
@@ -265,17 +206,17 @@ void FillUnused(QString& text, std::initializer_list<QLatin1StringView> stems, q
     text = filled.append(QStringView(text).sliced(done));
 }
 
-void FillCrewTokens(QString& text, Connection& connection, FilmId movieId, const Crew& crew)
+void FillCrewTokens(QString& text, Connection& connection, FilmId movieId, const CrewTokens& tokens)
 {
     Recordset rows;
-    rows.Open(crew.query + QString::number(movieId), connection);
+    rows.Open(tokens.crew.query + QString::number(movieId), connection);
     qint64 count = 0;
     if (!rows.Eof()) {
-        const int column = rows.ColumnIndex(QString(crew.column));
+        const int column = rows.ColumnIndex(QString(tokens.crew.column));
         for (; !rows.Eof(); rows.MoveNext())
-            text.replace(NumberedToken(crew.stem, ++count), rows.IsNull(column) ? QString(kNone) : rows.Text(column));
+            text.replace(NumberedToken(tokens.stem, ++count), rows.IsNull(column) ? QString(kNone) : rows.Text(column));
     }
-    FillUnused(text, {crew.stem}, count);
+    FillUnused(text, {tokens.stem}, count);
 }
 
 } // namespace
@@ -327,17 +268,17 @@ void FillActorTokens(QString& text, Connection& connection, FilmId movieId)
 
 void FillProducerTokens(QString& text, Connection& connection, FilmId movieId)
 {
-    FillCrewTokens(text, connection, movieId, kProducers);
+    FillCrewTokens(text, connection, movieId, kProducerTokens);
 }
 
 void FillDirectorTokens(QString& text, Connection& connection, FilmId movieId)
 {
-    FillCrewTokens(text, connection, movieId, kDirectors);
+    FillCrewTokens(text, connection, movieId, kDirectorTokens);
 }
 
 void FillWriterTokens(QString& text, Connection& connection, FilmId movieId)
 {
-    FillCrewTokens(text, connection, movieId, kWriters);
+    FillCrewTokens(text, connection, movieId, kWriterTokens);
 }
 
 void FillPageTokens(QString& text, qint64 page, qint64 pageCount, qint64 pageSize, qint64 filmCount)

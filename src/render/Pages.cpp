@@ -8,6 +8,7 @@
 #include "core/RuntimeError.h"
 #include "render/HtmlOutput.h"
 #include "render/SiteAddress.h"
+#include "render/mXMLOutput.h"
 #include "store/FilmRecord.h"
 #include "store/mDBConnection.h"
 #include "store/mFileAccess.h"
@@ -164,7 +165,9 @@ std::optional<Page> Pages::FilmPage(const QString& key, Connection& catalog)
     Recordset film;
     film.Open(kFilmQuery + QString::number(movieId), catalog);
     if (SkinIsXml()) {
-        throw RuntimeError::WithDetail(kErrInvalidCall, u"the skin \"%1\" shows films as XML, which is not supported"_s.arg(m_state.skin));
+        const auto picture = [&](std::int64_t imageId) { return PictureFor(imageId, kFilmPicture, catalog); };
+        return WritePageFile(
+            BuildFilmXml(SkinFile("Templates/Default.xsl"_L1), catalog, film, {m_state.skin, SiteAddress(SettingsFile())}, picture), true);
     }
     std::optional<QString> text = ReadTemplate("Templates/default.html"_L1);
     if (!text)

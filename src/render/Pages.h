@@ -23,9 +23,9 @@ public:
     /// Both must outlive this object.
     Pages(const AppState& state, Dialogs& dialogs) : m_state(state), m_dialogs(dialogs) {}
 
-    /// The page of the film whose tree node has this key, from the open catalog. A missing template is told in a message that names the
-    /// file, and there is no page. Raises `kErrTypeMismatch` for a node that is no film, `kErrNoCurrentRecord` for a film that the catalog
-    /// does not have, `kErrInvalidCall` for a skin whose type is XML.
+    /// The page of the film whose tree node has this key, from the open catalog: the skin's template filled, or the film's XML with the
+    /// style sheet of a skin whose type is XML. A missing template is told in a message that names the file, and there is no page. Raises
+    /// `kErrTypeMismatch` for a node that is no film, `kErrNoCurrentRecord` for a film that the catalog does not have.
     std::optional<Page> FilmPage(const QString& key, Connection& catalog);
 
     /// The page of the person `actorId`, from the open catalog, with links to the person's films in the tree. A missing template as in

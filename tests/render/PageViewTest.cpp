@@ -203,13 +203,17 @@ TEST_F(PageView, TheEnvironmentIsTheUsersOnceTheEngineRuns)
 TEST_F(PageView, TemplatesHideAWholeTokenAndShowAValueThatLooksLikeOne)
 {
     const std::pair<const char*, const char*> cases[] = {
-        {"default.html", "!!TITLE!!"}, {"default.html", "!!PLOT!!"}, {"default.html", "!!ACTOR7!!"},
-        {"credits.html", "!!ACTOR!!"}, {"person.html", "!!BIO!!"},   {"nfo.html", "!!NFO!!"},
+        {"Skins/Default XP/Templates/default.html", "!!TITLE!!"},
+        {"Skins/Default XP/Templates/default.html", "!!PLOT!!"},
+        {"Skins/Default XP/Templates/default.html", "!!ACTOR7!!"},
+        {"Skins/Default XP/Templates/credits.html", "!!ACTOR!!"},
+        {"art/skin/Templates/person.html", "!!BIO!!"},
+        {"art/skin/Templates/nfo.html", "!!NFO!!"},
     };
     const QString value = u"!!! (2004) !!"_s;
     view.CreateBrowser();
     for (const auto& [name, token] : cases) {
-        QByteArray page = FileContent(u"" KELVADO_SOURCE_DIR "/data/Skins/Default XP/Templates/"_s + QLatin1StringView(name));
+        QByteArray page = FileContent(u"" KELVADO_SOURCE_DIR "/data/"_s + QLatin1StringView(name));
         ASSERT_TRUE(page.contains(token)) << name;
         page.replace(token, value.toUtf8()).replace("!!NAME!!", "Name").replace("!!INFILM!!", "");
         Show(Write("home/temp/page.html", page));
@@ -217,6 +221,37 @@ TEST_F(PageView, TemplatesHideAWholeTokenAndShowAValueThatLooksLikeOne)
         EXPECT_TRUE(shown.contains(value)) << name << token;
         EXPECT_FALSE(shown.contains(QRegularExpression(u"!![A-Z]+\\d*!!"_s))) << qPrintable(shown);
     }
+}
+
+TEST_F(PageView, TheStyleSheetShowsAFilmAsTextAndItsLinksAreTold)
+{
+    view.CreateBrowser();
+    m_folder.Write(u"home/Default.xsl"_s, FileContent(u"" KELVADO_SOURCE_DIR "/data/Skins/Default XML/Templates/Default.xsl"_s));
+    QByteArray cast;
+    for (int i = 0; i < 20; ++i)
+        cast += "<Actor><Name>Actor " + QByteArray::number(i) + "</Name><Character>&lt;b&gt;</Character><WebLink></WebLink></Actor>";
+    m_folder.Write(
+        u"home/temp/page.xml"_s,
+        "<?xml version='1.0' ?><?xml-stylesheet type='text/xsl' href='" + File("home/Default.xsl").toUtf8() +
+            "' ?><list><Config><maxDirectors>2</maxDirectors></Config><Movie>"
+            "<Title>Cops &amp; &lt;script&gt;alert(1)&lt;/script&gt; (1954)</Title><Year>1954</Year><Comments></Comments>"
+            "<Plot>a\r\n&lt;/p&gt; b</Plot><ImageFront>No Image.jpg</ImageFront><ImageBack>No Image.jpg</ImageBack>"
+            "<WebDetails><IMDbRating>N/A</IMDbRating><IMDbRatingBar>barna.gif</IMDbRatingBar><UserURL1>javascript:alert(1)</UserURL1>"
+            "<UserURL2>www.film.example/a</UserURL2></WebDetails>" +
+            cast + "</Movie></list>");
+    Show(File("home/temp/page.xml"));
+    EXPECT_EQ(Ask("document.querySelector('h1').textContent").toString(), u"Cops & <script>alert(1)</script> "_s);
+    EXPECT_EQ(Ask("document.querySelector('.plot').innerText").toString(), u"a\n</p> b"_s);
+    EXPECT_EQ(Ask("[...document.querySelectorAll('.links a')].map(a => a.href).join()").toString(), u"https://www.film.example/a"_s);
+    EXPECT_EQ(Ask("document.querySelectorAll('img, .bar, section').length").toInt(), 2); // the front cover and the cast
+    const char* const shown = "[...document.querySelectorAll('.cast li')].filter(row => row.offsetHeight).length";
+    EXPECT_EQ(Ask(shown).toInt(), 12);
+    Click(".links a");
+    EXPECT_EQ(Told(1), " A a");
+    Ask("document.querySelector('button.more').scrollIntoView()");
+    Click("button.more");
+    Told(1);
+    EXPECT_EQ(Ask(shown).toInt(), 20);
 }
 
 TEST_F(PageView, AnEndlessScriptDoesNotHoldUpTheNextPage)

@@ -93,7 +93,7 @@ TEST_F(FilmPages, FailuresGiveNoPage)
     EXPECT_EQ(errorOf(FilmKey(6, u"C")), kErrNoCurrentRecord);
     EXPECT_EQ(errorOf(GroupKey(u"C")), kErrTypeMismatch);
     Write("Skins/Plain/skin.ini", "[template]\ntype=XML\n");
-    EXPECT_EQ(errorOf(FilmKey(5, u"C")), kErrInvalidCall);
+    EXPECT_EQ(errorOf(FilmKey(6, u"C")), kErrNoCurrentRecord);
 }
 
 TEST_F(FilmPages, CreditsKeepTheirOddTokensAndMarkers)
