@@ -1,5 +1,6 @@
 #include "render/FilmValues.h"
 
+#include "core/Conversions.h"
 #include "core/Literals.h"
 #include "core/RuntimeError.h"
 

@@ -2,7 +2,6 @@
 
 #include "core/Literals.h"
 #include "core/Paths.h"
-#include "core/RuntimeError.h"
 #include "core/SafeFile.h"
 #include "render/FilmValues.h"
 #include "store/mFileAccess.h"

@@ -164,11 +164,8 @@ std::optional<Page> Pages::FilmPage(const QString& key, Connection& catalog)
     const FilmId movieId = FilmNumber(key);
     Recordset film;
     film.Open(kFilmQuery + QString::number(movieId), catalog);
-    if (SkinIsXml()) {
-        const auto picture = [&](std::int64_t imageId) { return PictureFor(imageId, kFilmPicture, catalog); };
-        return WritePageFile(
-            BuildFilmXml(SkinFile("Templates/Default.xsl"_L1), catalog, film, {m_state.skin, SiteAddress(SettingsFile())}, picture), true);
-    }
+    if (SkinIsXml())
+        return XmlPage(film, catalog);
     std::optional<QString> text = ReadTemplate("Templates/default.html"_L1);
     if (!text)
         return std::nullopt;
@@ -183,6 +180,15 @@ std::optional<Page> Pages::FilmPage(const QString& key, Connection& catalog)
     FillProducerTokens(*text, catalog, movieId);
     text->replace("!!NAVCREDITS!!"_L1, kMessage + "PAGE_CREDITS:"_L1 + QString::number(movieId));
     return WritePageFile(*text, false);
+}
+
+std::optional<Page> Pages::XmlPage(const Recordset& film, Connection& catalog)
+{
+    constexpr QLatin1StringView kStyleSheet = "Templates/Default.xsl"_L1;
+    if (!ReadTemplate(kStyleSheet))
+        return std::nullopt;
+    const auto picture = [&](std::int64_t imageId) { return PictureFor(imageId, kFilmPicture, catalog); };
+    return WritePageFile(BuildFilmXml(SkinFile(kStyleSheet), catalog, film, {m_state.skin, SiteAddress(SettingsFile())}, picture), true);
 }
 
 std::optional<Page> Pages::PersonPage(qint64 actorId, Connection& catalog, const FilmValueInTree& valueInTree)

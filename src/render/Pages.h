@@ -47,6 +47,7 @@ public:
     Page WritePageFile(const QString& text, bool xml);
 
 private:
+    std::optional<Page> XmlPage(const Recordset& film, Connection& catalog);
     bool SkinIsXml() const;
     QString SkinFile(QLatin1StringView name) const;
     std::optional<QString> ReadTemplate(QLatin1StringView name) const;

@@ -9,6 +9,7 @@
 
 #include <QSaveFile>
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <optional>
@@ -403,7 +404,8 @@ XmlExport BuildCatalogXml(const QString& folder, Connection& catalog, const XmlS
         xml.append("</Movie>");
         WriteOut(file, xml);
         done.pictures = pictures.Count();
-        if (!goesOn({++done.films, done.count, film.Text(title)}))
+        done.count = std::max(done.count, ++done.films); // another program may have added films since they were counted
+        if (!goesOn({done.films, done.count, film.Text(title)}))
             return done;
     }
     xml.append("</MyMovies></list>\r\n\r\n");

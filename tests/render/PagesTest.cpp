@@ -93,6 +93,10 @@ TEST_F(FilmPages, FailuresGiveNoPage)
     EXPECT_EQ(errorOf(FilmKey(6, u"C")), kErrNoCurrentRecord);
     EXPECT_EQ(errorOf(GroupKey(u"C")), kErrTypeMismatch);
     Write("Skins/Plain/skin.ini", "[template]\ntype=XML\n");
+    EXPECT_EQ(errorOf(FilmKey(5, u"C")), 0);
+    ASSERT_EQ(dialogs.boxes.size(), 2);
+    EXPECT_TRUE(dialogs.boxes[1].text.contains(u"Default.xsl"_s));
+    Write("Skins/Plain/Templates/Default.xsl", "");
     EXPECT_EQ(errorOf(FilmKey(6, u"C")), kErrNoCurrentRecord);
 }
 

@@ -58,6 +58,7 @@ TEST_F(FilmsAsXml, APageHasItsStyleSheetAndThePicturesOfPages)
     catalog.Run("INSERT INTO Images(Image_ID, Image, Extention) VALUES (7, x'FFD8FF', 'JPG');"
                 "INSERT INTO Movie(Movie_ID, Title, Image_ID) VALUES (5, 'One', 7)");
     home.Write(u"Skins/It's 5% #1/skin.ini"_s, "[Template]\nType=XML\n");
+    home.Write(u"Skins/It's 5% #1/Templates/Default.xsl"_s, "");
     AppState state;
     state.skin = u"It's 5% #1"_s;
     ScriptedDialogs dialogs;

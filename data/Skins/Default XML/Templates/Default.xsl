@@ -270,7 +270,7 @@
   <xsl:param name="people"/>
   <xsl:param name="most"/>
   <xsl:if test="$people/Name != ''">
-    <span>by <xsl:for-each select="$people[Name != ''][position() &lt;= $most]">
+    <span class="muted">by <xsl:for-each select="$people[Name != ''][position() &lt;= $most]">
       <xsl:if test="position() &gt; 1">, </xsl:if><xsl:value-of select="Name"/></xsl:for-each>
       <xsl:if test="count($people[Name != '']) &gt; $most"> and others</xsl:if></span>
   </xsl:if>
@@ -297,7 +297,10 @@
       <a href="{$address}">
         <xsl:choose>
           <xsl:when test="$label != ''"><xsl:value-of select="$label"/></xsl:when>
-          <xsl:otherwise><xsl:value-of select="substring(substring-after($address, '://'), 1, 48)"/></xsl:otherwise>
+          <xsl:otherwise>
+            <xsl:value-of select="substring(substring-after($address, '://'), 1, 48)"/>
+            <xsl:if test="string-length(substring-after($address, '://')) &gt; 48">…</xsl:if>
+          </xsl:otherwise>
         </xsl:choose>
       </a>
     </xsl:when>
