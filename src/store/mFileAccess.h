@@ -7,7 +7,8 @@
 
 namespace kelvado {
 
-/// The whole text of a file: UTF-16 where it begins with that mark, else UTF-8 if it is valid, else Windows-1252. A missing file is told in a message and gives the empty text.
+/// The whole text of a file: UTF-16 where it begins with that mark, else UTF-8 if it is valid, else Windows-1252. A missing file is told in
+/// a message and gives the empty text.
 QString ReadWholeFile(const QString& path, Dialogs& dialogs);
 
 /// Creates or replaces the file with the value and a line end (CR LF), as UTF-8. Raises `kErrFileAccess` with the path where it cannot be

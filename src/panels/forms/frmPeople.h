@@ -80,7 +80,7 @@ private:
     qint64 m_actorId = 0;
     PersonTexts m_read, m_shown; ///< what was read, and what the boxes made of it
     std::array<qsizetype, kPersonFields> m_limits{};
-    QString m_catalogPath;       ///< the catalog that the person was read from
+    QString m_catalogPath; ///< the catalog that the person was read from
     bool m_isFilling = false;
     TableRows m_have, m_want, m_beside, m_history;
 };
