@@ -21,6 +21,7 @@ namespace {
 constexpr qint64 kServeEvery = 5;  // films
 constexpr qint64 kShowEvery = 100; // milliseconds
 constexpr const char* kXml = "mnuExportXML";
+const QString kWriting = u"Writing films and pictures…"_s;
 
 } // namespace
 
@@ -68,6 +69,7 @@ XmlExport ExportMenus::WriteXml(const QString& folder)
         [&] {
             m_progress = std::make_unique<frmProgress>(&m_context.window);
             m_progress->setWindowTitle(u"XML Export"_s);
+            m_progress->ShowStage({}, kWriting, 0);
             m_context.skinner.SkinForm(*m_progress);
             connect(m_progress.get(), &frmProgress::CancelAsked, this, [this] { m_cancelled = true; });
             ShowAbove(*m_progress, m_context.window);
@@ -93,7 +95,7 @@ bool ExportMenus::ShowStep(const XmlStep& step, QElapsedTimer& shown)
     if (!shown.isValid() || shown.elapsed() >= kShowEvery) {
         shown.start();
         m_progress->ShowFilm(step.title);
-        m_progress->ShowStage(u"Film %1 of %2"_s.arg(step.film).arg(step.count), u"Writing films and pictures…"_s, percent);
+        m_progress->ShowStage(u"Film %1 of %2"_s.arg(step.film).arg(step.count), kWriting, percent);
     }
     if (step.film % kServeEvery == 0)
         m_context.events.ServeEvents();

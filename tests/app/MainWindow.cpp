@@ -19,15 +19,14 @@ namespace {
 
 constexpr int kWait = 15000;
 
-// Pages load files below the program folder only, links resolved, so the skin is copied.
-void CopyTree(const QString& source, const QString& target)
+// Pages load files below the program folder only, links resolved, so the skin is copied; as a file of the test's own, for a copy by the
+// toolkit is forced onto the disk.
+void CopyTree(const QString& source, const TempHome& home, const QString& target)
 {
     QDirIterator files(source, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         const QString file = files.next();
-        const QString copy = target + file.mid(source.size());
-        QDir().mkpath(QFileInfo(copy).path());
-        EXPECT_TRUE(QFile::copy(file, copy)) << qPrintable(copy);
+        home.Write(target + file.mid(source.size()), FileContent(file));
     }
 }
 
@@ -37,7 +36,7 @@ MainWindow::MainWindow()
 {
     home.Write(u"Settings.ini"_s, FileContent(u"" KELVADO_SOURCE_DIR "/data/Settings.ini"_s));
     home.Write(u"keldb.dat"_s, FileContent(catalog.Path()));
-    CopyTree(u"" KELVADO_SKINS_DIR ""_s, home.Path(u"Skins"_s));
+    CopyTree(u"" KELVADO_SKINS_DIR "/Default XP"_s, home, u"Skins/Default XP"_s);
     catalog.Run(
         "INSERT INTO Movie (Movie_ID, Title, Year, Format, IMDB, Nfo, Loan_ID) VALUES"
         "(1, 'Alien', 1979, 'DVD', '0078748', 'Seen in the dark.', 0), (2, 'Brazil', 1985, 'Request', NULL, NULL, 0),"
