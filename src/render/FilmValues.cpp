@@ -49,10 +49,10 @@ QLatin1StringView CertificatePicture(const Value& rated)
     return {};
 }
 
-RatingBar RatingBarOf(const Value& rating)
+RatingPictures RatingBarOf(const Value& rating)
 {
     const QString text = rating.IsNull() ? QString() : rating.Text();
-    RatingBar bar;
+    RatingPictures bar;
     if (text.isEmpty() || !IsDigit(text.front())) {
         bar.pictures << kNoRatingBar;
         return bar;

@@ -19,7 +19,7 @@ QLatin1StringView CertificatePicture(const Value& rated);
 
 inline constexpr QLatin1StringView kNoRatingBar{"barna.gif"};
 /// The pictures of a rating's bar from left to right.
-struct RatingBar
+struct RatingPictures
 {
     QList<QLatin1StringView> pictures;
     qsizetype middle = -1; ///< the place of the piece that stands for the rating's last digit; -1 where there is none
@@ -27,7 +27,7 @@ struct RatingBar
 /// The bar of a rating such as "7.4". Only its first and its last character count, so "10" draws one segment. A last digit of exactly 5
 /// draws neither a half nor an empty segment, and the bar is one segment shorter. `kNoRatingBar` alone for Null and for a text that does
 /// not begin with a digit. Raises `kErrTypeMismatch` for one that begins with a digit and does not end with one.
-RatingBar RatingBarOf(const Value& rating);
+RatingPictures RatingBarOf(const Value& rating);
 
 /// The people of a film in one table. The film's number follows the query.
 struct Crew

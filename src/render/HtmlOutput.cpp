@@ -148,7 +148,7 @@ QString BarTag(const TokenSettings& settings, QLatin1StringView name, QLatin1Str
 
 void FillRating(QString& text, const Value& rating, const TokenSettings& settings)
 {
-    const RatingBar bar = RatingBarOf(rating);
+    const RatingPictures bar = RatingBarOf(rating);
     // Without a rating the tag does not close itself, unlike all others.
     const QLatin1StringView end = rating.IsNull() ? "\">"_L1 : "\"/>"_L1;
     QString tags;

@@ -267,7 +267,7 @@ void FilmXml::AppendRated(QByteArray& xml, const Line& line)
 
 void FilmXml::AppendBar(QByteArray& xml, const Line& line)
 {
-    RatingBar bar;
+    RatingPictures bar;
     try {
         bar = RatingBarOf(m_film[line.column].Get());
     } catch (const RuntimeError& error) {

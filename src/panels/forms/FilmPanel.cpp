@@ -145,7 +145,12 @@ FilmPanel::FilmPanel(const PanelContext& context, const Skinner& skinner, QWidge
     ApplySkin();
 }
 
-FilmPanel::~FilmPanel() = default;
+FilmPanel::~FilmPanel()
+{
+    // A field that goes while it has the focus says that its editing has ended; by then there is nothing left to look at.
+    for (QWidget* control : findChildren<QWidget*>())
+        disconnect(control, nullptr, this, nullptr);
+}
 
 void FilmPanel::ApplySkin()
 {
