@@ -402,12 +402,10 @@ FilmRecord FilmPanel::ReadRecord()
 {
     FilmRecord film;
     for (const Bound& field : std::as_const(m_fields)) {
-        // What nobody changed goes back as it came: a box shows line ends, and texts that are too long, in its own way.
+        // What nobody changed is left alone: an empty text does not reach its column. So neither the box's own way with line ends and long
+        // texts nor an older state of the film gets into the catalog. Only decoded texts are stored as they show.
         const QString text = TextOf(*field.control);
-        film.*field.member = text == field.shown ? field.value : text;
-        // An empty text leaves its column alone. So another's change of a field that nobody touched here stays.
-        if (text == field.shown && !field.isDecoded)
-            film.*field.member = QString();
+        film.*field.member = text != field.shown ? text : field.isDecoded ? field.value : QString();
     }
     film.MyRating =
         m_ui->sldMyRating->value() == m_shownRating && !m_rating.isEmpty() ? m_rating : QString::number(m_ui->sldMyRating->value());
@@ -492,7 +490,7 @@ void FilmPanel::EditPerson()
     const int row = list.Selected();
     const PersonKind& kind = ShownKind();
     if (row < 0) {
-        m_context.dialogs.MessageBox(kMustSelect, kBoxExclamation, u"Edit"_s);
+        m_context.dialogs.MessageBox(kMustSelect, kBoxPlain, u"Edit"_s);
         return;
     }
     const QString text = m_context.dialogs.InputBox(list.Rows()[row].name, kind.editTitle, PersonText(row));
