@@ -502,6 +502,26 @@ void FilmPanel::EditPerson()
         m_context.dialogs.MessageBox(tr("%1 is no longer in this film.").arg(list.Rows()[row].name), kBoxExclamation, u"Edit"_s);
 }
 
+void FilmPanel::RemovePerson()
+{
+    PairList& list = ShownPeople();
+    const int row = list.Selected();
+    if (row < 0)
+        m_context.dialogs.MessageBox(tr("Select the person to be removed first."), kBoxPlain, tr("Remove"));
+    else if (DropPerson(row))
+        list.Model().Remove(row);
+}
+
+bool FilmPanel::HasChanges() const
+{
+    return m_ui->cmdSave->isEnabled();
+}
+
+QString FilmPanel::Name() const
+{
+    return m_ui->txtTitle->text();
+}
+
 QList<NamedRow> FilmPanel::TickedGenres() const
 {
     QList<NamedRow> genres;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/SectionTabs.h"
 #include "panels/FilmEdit.h"
 #include "panels/PanelContext.h"
 #include "panels/PersonKinds.h"
@@ -25,7 +26,7 @@ namespace kelvado {
 
 /// What the panels that edit a film and that enter one by hand have in common: the controls in their groups, and how they and a record
 /// fill each other. What is stored, and when, is each panel's own.
-class FilmPanel : public QWidget
+class FilmPanel : public QWidget, public EditPanel
 {
     Q_OBJECT
 public:
@@ -42,7 +43,12 @@ public:
     virtual void AddPerson() = 0;
     /// Asks for the role or note of the selected person.
     void EditPerson();
-    virtual void RemovePerson() = 0;
+    /// Takes the selected person off.
+    void RemovePerson();
+
+    // EditPanel
+    bool HasChanges() const override;
+    QString Name() const override;
 
 Q_SIGNALS:
     void PersonMenuWanted(const QPoint& globalPosition);
@@ -74,6 +80,8 @@ protected:
     virtual void OnSave() = 0;
     /// Stores a company that the user named for one of the lists and returns its number; nothing for a name that is none.
     virtual std::optional<qint64> StoreCompany(const QString& name, int list) = 0;
+    /// Takes the person of a row of the list that is shown off; false where the user does not want to.
+    virtual bool DropPerson(int row) = 0;
     /// Takes a company off; false where the user does not want to.
     virtual bool DropCompany(const PairRow& company, int list) = 0;
     /// Stores the new role or note of a person; nothing where nothing is to be shown.

@@ -150,16 +150,6 @@ void Form3::ShowCover(Cover cover)
     box.SetPicture(picture.file);
 }
 
-bool Form3::HasChanges() const
-{
-    return m_ui->cmdSave->isEnabled();
-}
-
-QString Form3::Name() const
-{
-    return m_ui->txtTitle->text();
-}
-
 void Form3::OnChange(QWidget*)
 {
     m_ui->cmdSave->setEnabled(m_film.has_value());
@@ -331,18 +321,13 @@ bool Form3::DropCompany(const PairRow& company, int list)
     return true;
 }
 
-void Form3::RemovePerson()
+bool Form3::DropPerson(int row)
 {
-    PairList& list = ShownPeople();
-    const int row = list.Selected();
-    if (row < 0) {
-        m_context.dialogs.MessageBox(tr("Select the person to be removed first."), kBoxExclamation, tr("Remove From Film"));
-        return;
-    }
-    if (!ConfirmRemoval(list.Rows()[row].name))
-        return;
-    RemoveFilmPerson(ShownKind(), EntryOf(list.Rows(), row, ShownFilm()), m_catalogPath);
-    list.Model().Remove(row);
+    const QList<PairRow>& rows = ShownPeople().Rows();
+    if (!ConfirmRemoval(rows[row].name))
+        return false;
+    RemoveFilmPerson(ShownKind(), EntryOf(rows, row, ShownFilm()), m_catalogPath);
+    return true;
 }
 
 } // namespace kelvado

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/SectionTabs.h"
 #include "panels/forms/FilmPanel.h"
 
 #include <QUrl>
@@ -9,7 +8,7 @@ namespace kelvado {
 
 /// "Edit Movie Information": changes one film. Plain fields wait for "Save Changes"; ticks, pictures, people and the NFO go to the catalog
 /// at once.
-class Form3 : public FilmPanel, public EditPanel
+class Form3 : public FilmPanel
 {
     Q_OBJECT
 public:
@@ -28,15 +27,11 @@ public:
     void ClearIfGone();
 
     // EditPanel
-    bool HasChanges() const override;
-    QString Name() const override;
     /// Stores the plain fields without a message, and brings tree and panel up to date.
     void Save() override;
     void Discard() override;
 
     void AddPerson() override;
-    /// Takes the selected person off the film, after a question.
-    void RemovePerson() override;
 
 Q_SIGNALS:
     void LinkActivated(const QUrl& address);
@@ -48,6 +43,7 @@ protected:
     void OnGenreDeleted() override;
     void OnSave() override;
     std::optional<qint64> StoreCompany(const QString& name, int list) override;
+    bool DropPerson(int row) override;
     bool DropCompany(const PairRow& company, int list) override;
     std::optional<QString> StorePersonText(int row, const QString& text) override;
     QString PersonText(int row) const override;

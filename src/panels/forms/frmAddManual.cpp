@@ -38,16 +38,6 @@ void frmAddManual::Reopen()
     LoadLimits({u"Filename"_s});
 }
 
-bool frmAddManual::HasChanges() const
-{
-    return m_ui->cmdSave->isEnabled();
-}
-
-QString frmAddManual::Name() const
-{
-    return m_ui->txtTitle->text();
-}
-
 void frmAddManual::Discard()
 {
     Clear();
@@ -162,14 +152,6 @@ void frmAddManual::AddPerson()
 std::optional<QString> frmAddManual::StorePersonText(int, const QString& text)
 {
     return text;
-}
-
-void frmAddManual::RemovePerson()
-{
-    if (const int row = ShownPeople().Selected(); row >= 0)
-        ShownPeople().Model().Remove(row);
-    else
-        m_context.dialogs.MessageBox(tr("Select the person to be removed first."), kBoxExclamation, tr("Remove"));
 }
 
 } // namespace kelvado

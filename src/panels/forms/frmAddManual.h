@@ -1,12 +1,11 @@
 #pragma once
 
-#include "core/SectionTabs.h"
 #include "panels/forms/FilmPanel.h"
 
 namespace kelvado {
 
 /// Enters a film that no source knows. Nothing is written before "Add Movie".
-class frmAddManual : public FilmPanel, public EditPanel
+class frmAddManual : public FilmPanel
 {
     Q_OBJECT
 public:
@@ -17,16 +16,12 @@ public:
     void Reopen();
 
     // EditPanel: a film that was entered and not added is a change that would be lost with the catalog or the program.
-    bool HasChanges() const override;
-    QString Name() const override;
     /// Adds the film.
     void Save() override;
     /// Empties the panel.
     void Discard() override;
 
     void AddPerson() override;
-    /// Takes the selected person off the list.
-    void RemovePerson() override;
 
 protected:
     void OnChange(QWidget* control) override;
@@ -34,6 +29,7 @@ protected:
     void OnImage(Cover cover, const QString& path) override;
     void OnSave() override;
     std::optional<qint64> StoreCompany(const QString& name, int list) override;
+    bool DropPerson(int) override { return true; }
     bool DropCompany(const PairRow&, int) override { return true; }
     std::optional<QString> StorePersonText(int row, const QString& text) override;
 
