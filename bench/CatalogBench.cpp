@@ -11,7 +11,7 @@
 #include "panels/FilmEdit.h"
 #include "panels/forms/frmEditAddChar.h"
 #include "panels/forms/frmPeople.h"
-#include "render/mXMLOutput.h"
+#include "render/export/mXMLOutput.h"
 #include "store/CaseBlind.h"
 #include "store/CatalogTemplate.h"
 #include "store/FilmLinks.h"
@@ -434,7 +434,7 @@ void ExportXml(benchmark::State& state)
     const QString catalog = BuiltCatalog();
     for ([[maybe_unused]] const auto round : state) {
         Connection connection = OpenCatalog(catalog);
-        BuildCatalogXml(g_folder + u"/xml"_s, connection, {u"Default XP"_s, u"http://site"_s}, [](const XmlStep&) { return true; });
+        BuildCatalogXml(g_folder + u"/xml"_s, connection, {u"Default XP"_s, u"http://site"_s}, [](const ExportStep&) { return true; });
     }
     state.counters["bytes"] = static_cast<double>(QFileInfo(g_folder + u"/xml/MyMovies.XML"_s).size());
 }

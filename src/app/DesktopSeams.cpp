@@ -8,11 +8,15 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QUrl>
 
 namespace kelvado {
 
@@ -51,17 +55,28 @@ void WidenToTitle(QMessageBox& box)
     grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Minimum), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-} // namespace
-
-int DesktopDialogs::MessageBox(const QString& text, int type, const QString& title)
+void SetUp(QMessageBox& box, const QString& text, const QString& title)
 {
-    QWidget* active = QApplication::activeWindow();
-    QMessageBox box(active ? active : m_owner.data());
     box.setObjectName(u"MessageBox"_s);
     box.setWindowTitle(title.isEmpty() ? frmAbout::ProductName() : title);
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    WidenToTitle(box);
+}
+
+} // namespace
+
+QWidget* DesktopDialogs::BoxOwner() const
+{
+    QWidget* active = QApplication::activeWindow();
+    return active ? active : m_owner.data();
+}
+
+int DesktopDialogs::MessageBox(const QString& text, int type, const QString& title)
+{
+    QMessageBox box(BoxOwner());
+    SetUp(box, text, title);
     const int icon = type & kIconMask;
     const bool mayCancel = (type & kButtonMask) == kBoxYesNoCancel;
     const bool yesNo = mayCancel || (type & kButtonMask) == kBoxYesNo;
@@ -72,7 +87,6 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
                 : icon == kBoxInformation ? QMessageBox::Information
                 : yesNo                   ? QMessageBox::Question
                                           : QMessageBox::NoIcon);
-    WidenToTitle(box);
     if (!yesNo) {
         box.exec();
         return kAnswerOk;
@@ -82,6 +96,25 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
         box.setDefaultButton(QMessageBox::No);
     const int pressed = box.exec();
     return pressed == QMessageBox::Yes ? kAnswerYes : pressed == QMessageBox::Cancel ? kAnswerCancel : kAnswerNo;
+}
+
+void DesktopDialogs::TellMade(const QString& text, const QString& title, const QString& path)
+{
+    QMessageBox box(BoxOwner());
+    SetUp(box, text, title);
+    box.setIcon(QMessageBox::Information);
+    const QPushButton* open = box.addButton(QCoreApplication::translate("Dialogs", "&Open"), QMessageBox::ActionRole);
+    const QPushButton* folder = box.addButton(QCoreApplication::translate("Dialogs", "Open &Folder"), QMessageBox::ActionRole);
+    box.setDefaultButton(box.addButton(QMessageBox::Ok));
+    box.setEscapeButton(QMessageBox::Ok);
+    box.exec();
+    const QAbstractButton* pressed = box.clickedButton();
+    if (pressed != open && pressed != folder)
+        return;
+    const QString target = pressed == open ? path : QFileInfo(path).path();
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(target)))
+        MessageBox(QCoreApplication::translate("Dialogs", "No program of the desktop opens this:\r\n%1").arg(target), kBoxExclamation,
+                   title);
 }
 
 QString DesktopDialogs::InputBox(const QString& prompt, const QString& title, const QString& value)

@@ -21,6 +21,7 @@ public:
 
     using Dialogs::MessageBox;
     int MessageBox(const QString& text, int type, const QString& title) override;
+    void TellMade(const QString& text, const QString& title, const QString& path) override;
     QString InputBox(const QString& prompt, const QString& title, const QString& value) override;
     void ShowOpen(FileDialog& dialog) override;
     void ShowSave(FileDialog& dialog) override;
@@ -28,6 +29,8 @@ public:
     QString AskFieldEdit(const QString& value, qsizetype size, const QString& column) override;
 
 private:
+    QWidget* BoxOwner() const;
+
     QPointer<QWidget> m_owner;
     std::function<void()> m_beforeConfirmation;
 };

@@ -7,8 +7,8 @@
 #include "core/Guard.h"
 #include "core/SectionTabs.h"
 #include "core/Shell.h"
-#include "render/PageMessages.h"
-#include "render/Pages.h"
+#include "render/pages/PageMessages.h"
+#include "render/pages/Pages.h"
 #include "store/CatalogFile.h"
 #include "ui/Skinner.h"
 

@@ -44,6 +44,10 @@ public:
         return MessageBox(text, type | kBoxDefaultNo, title) == kAnswerYes;
     }
 
+    /// Tells that something was made, in a box with buttons that open `path` and the folder that it lies in. `path` is shown by the
+    /// desktop, as a double click on it would.
+    virtual void TellMade(const QString& text, const QString& title, const QString& path) = 0;
+
     /// Asks for a line of text. The empty text where the user cancels.
     virtual QString InputBox(const QString& prompt, const QString& title, const QString& value) = 0;
 

@@ -1,4 +1,4 @@
-#include "render/PageMessages.h"
+#include "render/pages/PageMessages.h"
 
 #include "support/ErrorOf.h"
 

@@ -1,4 +1,4 @@
-#include "render/Pages.h"
+#include "render/pages/Pages.h"
 
 #include "core/NodeKey.h"
 #include "store/Connection.h"

@@ -1,7 +1,7 @@
-#include "render/mXMLOutput.h"
+#include "render/export/mXMLOutput.h"
 
 #include "core/NodeKey.h"
-#include "render/Pages.h"
+#include "render/pages/Pages.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
 #include "support/TempHome.h"
@@ -16,7 +16,7 @@ class FilmsAsXml : public ::testing::Test
 protected:
     FilmsAsXml() { home.Write(u"Skins/Plain/RatingBar/BarYes.GIF"_s, "yes"); }
 
-    XmlExport Export(const std::function<bool(const XmlStep&)>& goesOn = [](const XmlStep&) { return true; })
+    ExportDone Export(const std::function<bool(const ExportStep&)>& goesOn = [](const ExportStep&) { return true; })
     {
         Connection connection = OpenCatalog(catalog.Path());
         return BuildCatalogXml(folder, connection, {u"Plain"_s, u"http://site"_s}, goesOn);
@@ -45,7 +45,7 @@ TEST_F(FilmsAsXml, TheCatalogIsWrittenToTheLetter)
         "INSERT INTO DirectorLink(Movie_ID, Director_ID) VALUES (3, 1);"
         "INSERT INTO Producer(Producer_ID, Producer) VALUES (1, 'Pa');"
         "INSERT INTO ProducerLink(Movie_ID, Producer_ID) VALUES (3, 1)");
-    const XmlExport done = Export();
+    const ExportDone done = Export();
     EXPECT_TRUE(done.whole);
     EXPECT_EQ(std::tuple(done.films, done.count, done.pictures), std::tuple(2, 2, 1));
     const QByteArray golden = FileContent(u"" KELVADO_SOURCE_DIR "/tests/data/render/MyMovies.XML"_s);
@@ -113,7 +113,7 @@ TEST_F(FilmsAsXml, WhatEndsBeforeItsTimeLeavesTheOldFile)
 
     catalog.Run("UPDATE Movie SET Rating = NULL");
     QStringList titles;
-    const XmlExport done = Export([&](const XmlStep& step) { return (titles << step.title).size() < step.count - 1; });
+    const ExportDone done = Export([&](const ExportStep& step) { return (titles << step.title).size() < step.count - 1; });
     EXPECT_FALSE(done.whole);
     EXPECT_EQ(titles, (QStringList{u"One"_s, u"Two"_s}));
     EXPECT_EQ(Exported(), "old");

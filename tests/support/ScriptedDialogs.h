@@ -29,6 +29,11 @@ public:
             lossQuestions.append(text);
         return answers.isEmpty() ? kAnswerNo : answers.dequeue();
     }
+    void TellMade(const QString& text, const QString& title, const QString& path) override
+    {
+        MessageBox(text, kBoxInformation, title);
+        made.append(path);
+    }
     QString InputBox(const QString&, const QString&, const QString&) override { return inputs.isEmpty() ? QString() : inputs.dequeue(); }
     void ShowOpen(FileDialog& dialog) override { Choose(dialog); }
     void ShowSave(FileDialog& dialog) override { Choose(dialog); }
@@ -52,6 +57,7 @@ public:
     QQueue<QString> inputs, files, edits;
     QStringList fieldEdits;
     QStringList lossQuestions; ///< the texts of the boxes in which Enter means No
+    QStringList made;          ///< what boxes offered to open
     QStringList proposed;      ///< what the file dialogs began with
 
 private:

@@ -35,6 +35,7 @@ class NoDialogs : public Dialogs
 public:
     using Dialogs::MessageBox;
     int MessageBox(const QString& text, int, const QString&) override { throw RuntimeError(kErrInvalidCall, text); }
+    void TellMade(const QString&, const QString&, const QString&) override {}
     QString InputBox(const QString& prompt, const QString&, const QString&) override { throw RuntimeError(kErrInvalidCall, prompt); }
     void ShowOpen(FileDialog&) override { throw RuntimeError(kErrCancelled); }
     void ShowSave(FileDialog&) override { throw RuntimeError(kErrCancelled); }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/PageMessages.h"
+#include "render/pages/PageMessages.h"
 
 #include <QTimer>
 #include <QWidget>

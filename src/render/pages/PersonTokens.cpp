@@ -1,4 +1,4 @@
-#include "render/PersonTokens.h"
+#include "render/pages/PersonTokens.h"
 
 #include "core/Literals.h"
 #include "store/FilmHistory.h"

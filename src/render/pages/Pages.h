@@ -2,7 +2,7 @@
 
 #include "core/AppState.h"
 #include "core/FilmId.h"
-#include "render/PersonTokens.h"
+#include "render/pages/PersonTokens.h"
 
 #include <optional>
 

@@ -1,4 +1,4 @@
-#include "render/Pages.h"
+#include "render/pages/Pages.h"
 
 #include "core/Conversions.h"
 #include "core/Literals.h"
@@ -8,7 +8,7 @@
 #include "core/RuntimeError.h"
 #include "render/HtmlOutput.h"
 #include "render/SiteAddress.h"
-#include "render/mXMLOutput.h"
+#include "render/export/mXMLOutput.h"
 #include "store/FilmRecord.h"
 #include "store/mDBConnection.h"
 #include "store/mFileAccess.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "render/export/ExportStep.h"
 #include "store/Recordset.h"
 
 #include <QString>
@@ -24,26 +25,9 @@ using XmlPicture = std::function<QString(std::int64_t imageId)>;
 QString BuildFilmXml(const QString& styleSheet, Connection& catalog, const Recordset& film, const XmlSettings& settings,
                      const XmlPicture& picture);
 
-/// How far the document of the catalog is: behind which film, of how many.
-struct XmlStep
-{
-    qint64 film = 0; ///< from 1
-    qint64 count = 0;
-    QString title;
-};
-
-struct XmlExport
-{
-    qint64 films = 0;
-    qint64 count = 0;
-    qint64 pictures = 0;
-    bool whole = false; ///< the document has taken its place; false after a cancel
-};
-
 /// Writes all films to "MyMovies.XML" in `folder`, and their pictures to "images" beside it. `goesOn` is called behind each film and
 /// cancels with false. The document takes its place when it is whole, so after a cancel or a failure an older one stands as it was;
 /// pictures that were written by then stay. Raises as `BuildFilmXml`, and `kErrFileAccess` with the path of what cannot be written.
-XmlExport BuildCatalogXml(const QString& folder, Connection& catalog, const XmlSettings& settings,
-                          const std::function<bool(const XmlStep& step)>& goesOn);
+ExportDone BuildCatalogXml(const QString& folder, Connection& catalog, const XmlSettings& settings, const GoesOn& goesOn);
 
 } // namespace kelvado

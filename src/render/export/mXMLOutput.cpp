@@ -1,4 +1,4 @@
-#include "render/mXMLOutput.h"
+#include "render/export/mXMLOutput.h"
 
 #include "core/Literals.h"
 #include "core/Paths.h"
@@ -379,8 +379,7 @@ QString BuildFilmXml(const QString& styleSheet, Connection& catalog, const Recor
     return QString::fromUtf8(xml);
 }
 
-XmlExport BuildCatalogXml(const QString& folder, Connection& catalog, const XmlSettings& settings,
-                          const std::function<bool(const XmlStep& step)>& goesOn)
+ExportDone BuildCatalogXml(const QString& folder, Connection& catalog, const XmlSettings& settings, const GoesOn& goesOn)
 {
     CatalogPictures pictures(folder + u"/images"_s, catalog);
     QSaveFile file(folder + u"/MyMovies.XML"_s);
@@ -389,7 +388,8 @@ XmlExport BuildCatalogXml(const QString& folder, Connection& catalog, const XmlS
 
     Recordset film;
     film.Open(u"SELECT * FROM Movie"_s, catalog, LockType::ReadOnly);
-    XmlExport done;
+    ExportDone done;
+    done.path = file.fileName();
     done.count = film.RecordCount();
     const XmlPicture picture = [&](std::int64_t imageId) { return pictures.Export(imageId); };
     FilmXml body(catalog, film, settings, picture);
