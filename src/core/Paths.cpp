@@ -1,6 +1,7 @@
 #include "core/Paths.h"
 
 #include "core/Literals.h"
+#include "core/RuntimeError.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -64,6 +65,24 @@ bool IsInside(const QString& folder, const QString& path)
     const QString root = QFileInfo(folder).canonicalFilePath();
     const QString target = QFileInfo(path).canonicalFilePath();
     return !root.isEmpty() && target.startsWith(root + u'/');
+}
+
+QString PathBelow(const QString& folder, const QString& name)
+{
+    const auto refuse = [&] { throw RuntimeError::WithDetail(kErrFileAccess, name + u" (it leads out of "_s + folder + u')'); };
+    QString asked = name;
+    asked.replace(u'\\', u'/');
+    QString path = AppPathOf(folder);
+    for (const QString& part : asked.split(u'/', Qt::SkipEmptyParts)) {
+        if (part == ".."_L1 || part.contains(QChar(u'\0')))
+            refuse();
+        if (part == "."_L1)
+            continue;
+        path += u'/' + part;
+        if (QFileInfo(path).isSymLink() && !IsInside(folder, path))
+            refuse();
+    }
+    return path;
 }
 
 } // namespace kelvado

@@ -46,14 +46,6 @@ public:
     }
 };
 
-QByteArray ReadBytes(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw RuntimeError::WithDetail(kErrFileNotFound, path);
-    return file.readAll();
-}
-
 QByteArray Jpeg(const QImage& picture)
 {
     QByteArray bytes;
