@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Menus.h"
+#include "browse/CatalogModel.h"
 #include "core/AppState.h"
 #include "render/forms/ExportRun.h"
 
@@ -21,6 +22,8 @@ public:
         QWidget& window;
         AppState& state;
         Menus& menus;
+        const CatalogModel& catalog;
+        std::function<QModelIndex()> selectedNode;
         ExportRun::Context run;
         /// Asks about all that is unsaved, which would be missing in what is written.
         std::function<void()> askAboutChanges;
@@ -36,6 +39,8 @@ private:
     /// Asks about unsaved changes first. False where no export can begin.
     bool MayExport();
     void ExportXml();
+    void ShowWizard();
+    void PrintCollection();
 
     Context m_context;
     ExportRun m_run;
