@@ -129,6 +129,7 @@ void frmExportWeb::ShowPage(int page)
     if (focus == m_ui->optDetail && m_ui->optNoDetail->isChecked())
         focus = m_ui->optNoDetail;
     focus->setFocus();
+    m_ui->updPerPage->selectAll(); // what is typed takes its place
     (page == LastPage() && m_ui->cmdExport->isEnabled() ? m_ui->cmdExport : m_ui->cmdNext)->setDefault(true);
     if (page == kTemplate && m_ui->lstTemplates->currentRow() < 0)
         m_ui->lstTemplates->setCurrentRow(0);
