@@ -4,14 +4,27 @@
 #include "core/Literals.h"
 #include "core/Paths.h"
 #include "render/SiteAddress.h"
+#include "render/export/WebExportByView.h"
 #include "render/export/mXMLOutput.h"
 #include "store/mFileAccess.h"
 
+#include <QDir>
+
 namespace kelvado {
+
+namespace {
+
+const QString kWebExport = u"Web Export"_s;
+const QString kWritingPages = u"Writing pages and pictures…"_s;
+const QString kPagesStay = u"Pages that were whole by then stay; an older one stands where none was written."_s;
+
+} // namespace
 
 ExportMenus::ExportMenus(const Context& context) : m_context(context), m_run(context.run)
 {
     OnMenu("mnuExportXML", &ExportMenus::ExportXml);
+    OnMenu("mnuWebExport", &ExportMenus::ExportPages);
+    OnMenu("mnuWebExportByView", &ExportMenus::ExportPagesByView);
 }
 
 void ExportMenus::OnMenu(const char* name, void (ExportMenus::*handler)())
@@ -45,6 +58,49 @@ void ExportMenus::ExportXml()
                   Connection catalog = OpenCatalog(m_context.state.CatalogPath());
                   return BuildCatalogXml(folder, catalog, {m_context.state.skin, SiteAddress(SettingsFile())}, goesOn);
               });
+}
+
+void ExportMenus::ExportPages()
+{
+    if (!MayExport())
+        return;
+    const WebTemplates templates = ReadPageTemplates(WebTemplateFolder(m_context.state.skin));
+    const WebSite site = SiteOfSkin(m_context.state.skin);
+    m_run.Run(m_context.window,
+              {.window = kWebExport,
+               .work = kWritingPages,
+               .title = u"Web Export Complete"_s,
+               .success = u"Web Export has completed and has been saved to\n"_s + QDir::toNativeSeparators(site.folder),
+               .cancelled = kPagesStay},
+              [&](const GoesOn& goesOn) {
+                  Connection catalog = OpenCatalog(m_context.state.CatalogPath());
+                  return ExportWeb(templates, site, catalog, goesOn);
+              });
+}
+
+void ExportMenus::ExportPagesByView()
+{
+    if (!MayExport())
+        return;
+    const WebTemplates templates = ReadViewTemplates(WebTemplateFolder(m_context.state.skin));
+    const ExportedView view{m_context.state.gOptions->View, m_context.state.FilterWhere};
+    Connection catalog = OpenCatalog(m_context.state.CatalogPath());
+    if (!MayLeaveOut(FilmsOnNoPage(view, catalog)))
+        return;
+    m_run.Run(m_context.window,
+              {.window = kWebExport + u" by View"_s, .work = kWritingPages, .title = {}, .success = u"Complete"_s, .cancelled = kPagesStay},
+              [&](const GoesOn& goesOn) { return ExportWebByView(templates, SiteOfSkin(m_context.state.skin), view, catalog, goesOn); });
+}
+
+bool ExportMenus::MayLeaveOut(qint64 films)
+{
+    if (films == 0)
+        return true;
+    const QString count = films == 1 ? u"1 film stands"_s : u"%1 films stand"_s.arg(films);
+    return m_context.run.dialogs.MessageBox(
+               count + u" on no page: filters or the view mode leave them out, or no group of this sort holds them.\r\n\r\n"
+                       "Export the other films?"_s,
+               kBoxYesNo, kWebExport) == kAnswerYes;
 }
 
 } // namespace kelvado

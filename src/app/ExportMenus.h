@@ -36,6 +36,10 @@ private:
     /// Asks about unsaved changes first. False where no export can begin.
     bool MayExport();
     void ExportXml();
+    void ExportPages();
+    void ExportPagesByView();
+    /// False where the user wants no export that leaves films out.
+    bool MayLeaveOut(qint64 films);
 
     Context m_context;
     ExportRun m_run;
