@@ -3,6 +3,7 @@
 #include "app/Menus.h"
 #include "browse/CatalogModel.h"
 #include "core/AppState.h"
+#include "render/export/PackageExport.h"
 #include "render/forms/ExportRun.h"
 
 #include <QObject>
@@ -40,7 +41,12 @@ private:
     bool MayExport();
     void ExportXml();
     void ShowWizard();
+    void ExportByPackage(QWidget& wizard, const WebChoice& choice);
     void PrintCollection();
+    void ExportPages();
+    void ExportPagesByView();
+    /// False where the user wants no export that leaves films out.
+    bool MayLeaveOut(qint64 films);
 
     Context m_context;
     ExportRun m_run;

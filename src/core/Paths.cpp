@@ -60,29 +60,31 @@ QString FindFileCaseBlind(const QString& folder, const QString& name)
     return path;
 }
 
+QString PathBelow(const QString& folder, const QString& name)
+{
+    const auto raise = [&] {
+        throw RuntimeError::WithDetail(kErrFileAccess, u"\"%1\" leads out of %2"_s.arg(name, QDir::toNativeSeparators(folder)));
+    };
+    const QString root = AppPathOf(folder);
+    const QString clean = QDir::cleanPath(QString(name).replace(u'\\', u'/'));
+    const bool isAbsolute = clean.startsWith(u'/') || clean.indexOf(u':') == 1;
+    if (isAbsolute || clean.isEmpty() || clean == u'.' || clean == u".." || clean.startsWith(u"../"))
+        raise();
+    QString path = root + u'/' + clean;
+    // What stands already may be a link, also one to nothing yet.
+    QFileInfo standing(path);
+    while (standing.filePath().size() > root.size() && !standing.exists() && !standing.isSymLink())
+        standing.setFile(standing.path());
+    if (standing.filePath().size() > root.size() && !IsInside(root, standing.filePath()))
+        raise();
+    return path;
+}
+
 bool IsInside(const QString& folder, const QString& path)
 {
     const QString root = QFileInfo(folder).canonicalFilePath();
     const QString target = QFileInfo(path).canonicalFilePath();
     return !root.isEmpty() && target.startsWith(root + u'/');
-}
-
-QString PathBelow(const QString& folder, const QString& name)
-{
-    const auto refuse = [&] { throw RuntimeError::WithDetail(kErrFileAccess, name + u" (it leads out of "_s + folder + u')'); };
-    QString asked = name;
-    asked.replace(u'\\', u'/');
-    QString path = AppPathOf(folder);
-    for (const QString& part : asked.split(u'/', Qt::SkipEmptyParts)) {
-        if (part == ".."_L1 || part.contains(QChar(u'\0')))
-            refuse();
-        if (part == "."_L1)
-            continue;
-        path += u'/' + part;
-        if (QFileInfo(path).isSymLink() && !IsInside(folder, path))
-            refuse();
-    }
-    return path;
 }
 
 } // namespace kelvado

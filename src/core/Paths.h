@@ -19,11 +19,11 @@ QString SkinFolder(const QString& skin);
 /// Where no such file exists, the path as it was asked for.
 QString FindFileCaseBlind(const QString& folder, const QString& name);
 
+/// The path of `name` below `folder`, for files that come from elsewhere. `name` may hold "/" or "\". Raises `kErrFileAccess` with the name
+/// for one that leads out of the folder or names the folder itself: an absolute one, one with "..", one behind a link.
+QString PathBelow(const QString& folder, const QString& name);
+
 /// True if `path` names an existing file or folder that lies below `folder`, links resolved.
 bool IsInside(const QString& folder, const QString& path);
-
-/// The path of `name` below `folder`, for something that comes from outside and is to be written there. Its parts are divided by "/" or
-/// "\", any number of them. Raises `kErrFileAccess` with the name where it climbs out of the folder, also by a link that lies in it.
-QString PathBelow(const QString& folder, const QString& name);
 
 } // namespace kelvado

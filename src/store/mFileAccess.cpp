@@ -69,7 +69,12 @@ QString ReadWholeFile(const QString& path, Dialogs& dialogs)
         dialogs.MessageBox(u"File does not exist."_s + kLineEnd + path, kBoxCritical, u"File Access Error"_s);
         return {};
     }
-    return TextOf(ReadBytes(name));
+    return ReadFileText(name);
+}
+
+QString ReadFileText(const QString& path)
+{
+    return TextOf(ReadBytes(WithSlashes(path)));
 }
 
 void WriteWholeFile(const QString& path, const QString& value)

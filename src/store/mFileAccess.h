@@ -11,6 +11,9 @@ namespace kelvado {
 /// a message and gives the empty text.
 QString ReadWholeFile(const QString& path, Dialogs& dialogs);
 
+/// The text of a file in the same way. Raises `kErrFileNotFound` with the path for a missing one.
+QString ReadFileText(const QString& path);
+
 /// Creates or replaces the file with the value and a line end (CR LF), as UTF-8. Raises `kErrFileAccess` with the path where it cannot be
 /// written.
 void WriteWholeFile(const QString& path, const QString& value);

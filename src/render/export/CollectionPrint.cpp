@@ -28,8 +28,7 @@ public:
     QString Template(const QString& name) const
     {
         const QString file = u"/Templates/Print/"_s + name + u".html"_s;
-        const QString path = FindFileCaseBlind(SkinFolder(m_settings.skin), file);
-        return QString::fromUtf8(ReadBytes(path));
+        return ReadFileText(FindFileCaseBlind(SkinFolder(m_settings.skin), file));
     }
 
     /// The film's part of the page. `title` becomes its title.

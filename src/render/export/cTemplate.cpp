@@ -70,7 +70,10 @@ QString TargetOf(const QString& folder, const Recordset& file)
     const QString name = file[u"Filename"].Get().Text();
     if (name.isEmpty() || name == "."_L1)
         throw RuntimeError::WithDetail(kErrFileAccess, u"a file of the package has no name"_s);
-    return PathBelow(folder, file[u"Path"].Get().Text() + u'/' + name);
+    QString path = file[u"Path"].Get().Text().replace(u'\\', u'/') + u'/' + name;
+    while (path.startsWith(u'/'))
+        path.remove(0, 1);
+    return PathBelow(folder, path);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Dialogs.h"
+#include "render/export/PackageExport.h"
 #include "render/export/cTemplate.h"
 
 #include <QDialog>
@@ -8,19 +9,13 @@
 #include <functional>
 #include <memory>
 
+class QPushButton;
+
 namespace Ui {
 class frmExportWeb;
 }
 
 namespace kelvado {
-
-/// What the wizard was told.
-struct WebChoice
-{
-    QString package;      ///< path of the template package
-    bool details = false; ///< a page for each film
-    int filmsPerPage = 0; ///< 0 for all on one page
-};
 
 /// "Web Export - Standard View": shows the template packages below the program's folder and asks how they are to be used, page by page.
 /// Its last page closes it; only the button on that page starts an export.
@@ -40,7 +35,7 @@ public:
     ~frmExportWeb() override;
 
 private:
-    void Connect(class QPushButton& button, void (frmExportWeb::*handler)());
+    void Connect(QPushButton& button, void (frmExportWeb::*handler)());
     void ListTemplates();
     void SelectTemplate();
     void ShowSettings(bool known);
