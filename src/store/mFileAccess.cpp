@@ -167,13 +167,17 @@ QString ExportImageFile(QString& basePath, const QString& imageId, Connection& c
 {
     Recordset picture;
     picture.Open(u"SELECT * FROM Images WHERE Image_ID = "_s + imageId, connection);
-    const Field extention = picture[u"Extention"];
-    const QString kind = extention.IsNull() ? QString() : extention.Get().Text();
+    basePath = ExportPicture(basePath, picture);
+    return basePath;
+}
+
+QString ExportPicture(const QString& basePath, const Recordset& picture)
+{
+    const Value extention = picture[u"Extention"].Get();
+    const QString kind = extention.IsNull() ? QString() : extention.Text();
     QString path = WithSlashes(basePath) + u'.' + kind;
     if (kind.contains(u'/') || kind.contains(u'\\'))
         RaiseAccess(path, u"the picture's kind leads out of the folder"_s);
-    basePath = path;
-
     WriteFileFast(path, BytesOf(picture[u"Image"]));
     return path;
 }

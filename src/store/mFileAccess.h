@@ -40,6 +40,9 @@ void MakeDirs(const QString& path);
 /// Raises `kErrNoCurrentRecord` for an unknown picture.
 QString ExportImageFile(QString& basePath, const QString& imageId, Connection& connection);
 
+/// The same for the row of `picture`, which has the columns "Image" and "Extention"; returns the path.
+QString ExportPicture(const QString& basePath, const Recordset& picture);
+
 /// The bytes of a binary column's present value, taken in blocks. Empty for Null.
 QByteArray BytesOf(const Field& field);
 

@@ -161,6 +161,8 @@ void frmExportWeb::Export()
     m_context.exportFilms({.package = m_template.PackagePath,
                            .details = m_template.DetailsPage && m_ui->optDetail->isChecked(),
                            .filmsPerPage = m_template.FilmsPerPage ? m_ui->updPerPage->value() : 0});
+    m_ui->cmdNext->setDefault(true);
+    m_ui->cmdNext->setFocus();
 }
 
 } // namespace kelvado
