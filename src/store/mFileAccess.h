@@ -7,8 +7,10 @@
 
 namespace kelvado {
 
-/// The whole text of a file: UTF-16 where it begins with that mark, else UTF-8 if it is valid, else Windows-1252. A missing file is told in
-/// a message and gives the empty text.
+/// The text of a file's bytes: UTF-16 where they begin with that mark, else UTF-8 if they are valid, else Windows-1252. Never raises.
+QString TextOfBytes(const QByteArray& bytes);
+
+/// The whole text of a file, as `TextOfBytes`. A missing file is told in a message and gives the empty text.
 QString ReadWholeFile(const QString& path, Dialogs& dialogs);
 
 /// Creates or replaces the file with the value and a line end (CR LF), as UTF-8. Raises `kErrFileAccess` with the path where it cannot be
