@@ -7,8 +7,10 @@
 
 namespace kelvado {
 
-/// The whole text of a file: UTF-16 where it begins with that mark, else UTF-8 if it is valid, else Windows-1252. A missing file is told in
-/// a message and gives the empty text.
+/// The text of a file's bytes: UTF-16 where they begin with that mark, else UTF-8 if they are valid, else Windows-1252. Never raises.
+QString TextOfBytes(const QByteArray& bytes);
+
+/// The whole text of a file, as `TextOfBytes`. A missing file is told in a message and gives the empty text.
 QString ReadWholeFile(const QString& path, Dialogs& dialogs);
 
 /// The text of a file in the same way. Raises `kErrFileNotFound` with the path for a missing one.
