@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <array>
+#include <bitset>
 #include <initializer_list>
 #include <utility>
 
@@ -119,6 +120,41 @@ QString TokenValue(ValueForm kind, const Value& value, const TokenSettings& sett
     return ValueOrNone(value);
 }
 
+/// Replaces every occurrence of a token. Few characters of a page are exclamation marks, so going from one to the next takes a fraction of
+/// what the toolkit's own search takes.
+template<typename Token>
+void ReplaceToken(QString& text, const Token& token, const QString& value)
+{
+    for (qsizetype at = text.indexOf(u'!'); at >= 0; at = text.indexOf(u'!', at)) {
+        const QStringView rest = QStringView(text).sliced(at);
+        if (rest.size() > 2 && rest[2] == token[2] && rest.startsWith(token)) {
+            text.replace(at, token.size(), value);
+            at += value.size();
+        } else {
+            ++at;
+        }
+    }
+}
+
+using HeldTokens = std::bitset<kFilmTokens.size()>;
+
+/// Which film tokens stand in the text, in one pass: looking for each of them in turn would be most of an export's work.
+HeldTokens FindFilmTokens(QStringView text)
+{
+    HeldTokens held;
+    for (qsizetype at = text.indexOf("!!"_L1); at >= 0; at = text.indexOf(u'!', at + 1)) {
+        const QStringView rest = text.sliced(at);
+        if (rest.size() < 3 || rest[1] != u'!')
+            continue;
+        for (std::size_t i = 0; i < kFilmTokens.size(); ++i) {
+            const QLatin1StringView token = kFilmTokens[i].token;
+            if (token[2] == rest[2] && rest.startsWith(token))
+                held.set(i);
+        }
+    }
+    return held;
+}
+
 /// The path of a picture of the skin as the page names it. `folder` has the spelling of the film page.
 QString PicturePath(const TokenSettings& settings, QLatin1StringView exportFolder, QLatin1StringView folder, QLatin1StringView name)
 {
@@ -220,7 +256,7 @@ void FillCrewTokens(QString& text, Connection& connection, FilmId movieId, const
     if (!rows.Eof()) {
         const int column = rows.ColumnIndex(QString(tokens.crew.column));
         for (; !rows.Eof(); rows.MoveNext())
-            text.replace(NumberedToken(tokens.stem, ++count), rows.IsNull(column) ? QString(kNone) : rows.Text(column));
+            ReplaceToken(text, NumberedToken(tokens.stem, ++count), rows.IsNull(column) ? QString(kNone) : rows.Text(column));
     }
     FillUnused(text, {tokens.stem}, count);
 }
@@ -244,9 +280,15 @@ void CopyPictures(const QString& skin, std::initializer_list<PictureCopy> pictur
 
 void FillFilmTokens(QString& text, const Recordset& film, const TokenSettings& settings)
 {
-    for (const FilmToken& token : kFilmTokens) {
-        if (text.contains(token.token))
-            text.replace(token.token, TokenValue(token.kind, film[QString(token.column)].Get(), settings));
+    HeldTokens held = FindFilmTokens(text);
+    for (std::size_t i = 0; i < kFilmTokens.size(); ++i) {
+        if (!held[i])
+            continue;
+        const FilmToken& token = kFilmTokens[i];
+        const QString value = TokenValue(token.kind, film[QString(token.column)].Get(), settings);
+        ReplaceToken(text, token.token, value);
+        if (value.isEmpty() || value.contains(u'!'))
+            held = FindFilmTokens(text); // the value has brought tokens along, or joined what stood around it to one
     }
     FillRated(text, film[u"Rated"].Get(), settings);
     FillRating(text, film[u"Rating"].Get(), settings);
@@ -286,8 +328,8 @@ void FillActorTokens(QString& text, Connection& connection, FilmId movieId)
         const int character = rows.ColumnIndex(u"Character");
         for (; !rows.Eof(); rows.MoveNext()) {
             ++count;
-            text.replace(NumberedToken(kActor, count), rows.Text(actor));
-            text.replace(NumberedToken(kCharacter, count), rows.Text(character));
+            ReplaceToken(text, NumberedToken(kActor, count), rows.Text(actor));
+            ReplaceToken(text, NumberedToken(kCharacter, count), rows.Text(character));
         }
     }
     FillUnused(text, {kActor, kCharacter}, count);
