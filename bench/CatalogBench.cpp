@@ -471,7 +471,7 @@ void ExportXmlBare(benchmark::State& state)
 // The catalog with a cover of 60,000 bytes for 2,000 films.
 QString CatalogWithPictures()
 {
-    const QString path = g_folder + u"/pictures.kvd"_s;
+    QString path = g_folder + u"/pictures.kvd"_s;
     if (QFile::exists(path))
         return path;
     QFile::copy(BuiltCatalog(), path);
