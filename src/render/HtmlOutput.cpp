@@ -165,7 +165,7 @@ QString PicturePath(const TokenSettings& settings, QLatin1StringView exportFolde
 
 void FillRated(QString& text, const Value& rated, const TokenSettings& settings)
 {
-    text.replace("!!RATEDTXT!!"_L1, ValueOrNone(rated));
+    ReplaceToken(text, "!!RATEDTXT!!"_L1, ValueOrNone(rated));
     QLatin1StringView picture = CertificatePicture(rated);
     if (picture.isEmpty()) {
         // An exported page keeps the token for a certificate that nobody knows.
@@ -173,7 +173,7 @@ void FillRated(QString& text, const Value& rated, const TokenSettings& settings)
             return;
         picture = kNoCertificate;
     }
-    text.replace("!!RATEDIMG!!"_L1, PicturePath(settings, "Images\\"_L1, "/ratings/"_L1, picture));
+    ReplaceToken(text, "!!RATEDIMG!!"_L1, PicturePath(settings, "Images\\"_L1, "/ratings/"_L1, picture));
 }
 
 QString BarTag(const TokenSettings& settings, QLatin1StringView name, QLatin1StringView end)
@@ -196,8 +196,8 @@ void FillRating(QString& text, const Value& rating, const TokenSettings& setting
     }
     if (bar.pictures.front() != kNoRatingBar)
         tags = u"<NOBR>"_s + tags + u"</NOBR>"_s;
-    text.replace("!!RATINGBAR!!"_L1, tags);
-    text.replace("!!RATING!!"_L1, ValueOrNone(rating));
+    ReplaceToken(text, "!!RATINGBAR!!"_L1, tags);
+    ReplaceToken(text, "!!RATING!!"_L1, ValueOrNone(rating));
 }
 
 QString NumberedToken(QLatin1StringView stem, qint64 number)
@@ -311,7 +311,7 @@ void FillGenreToken(QString& text, Connection& connection, FilmId movieId)
         // Only the comma goes: templates are made for the blank behind it.
         genres.remove(0, 1);
     }
-    text.replace("!!GENRE!!"_L1, genres);
+    ReplaceToken(text, "!!GENRE!!"_L1, genres);
 }
 
 void FillActorTokens(QString& text, Connection& connection, FilmId movieId)
