@@ -16,7 +16,7 @@ constexpr std::pair<QLatin1StringView, QString WebHosts::*> kKeys[] = {
     {"ImdbPosterHost"_L1, &WebHosts::ImdbPosterHost}, {"ImdbOldPosterHost"_L1, &WebHosts::ImdbOldPosterHost},
     {"AmazonMainHost"_L1, &WebHosts::AmazonMainHost}, {"AmazonImageHost"_L1, &WebHosts::AmazonImageHost},
     {"DvdEmpireHost"_L1, &WebHosts::DvdEmpireHost},   {"DvdEmpireImageHost"_L1, &WebHosts::DvdEmpireImageHost},
-    {"UpdateHost"_L1, &WebHosts::UpdateHost},
+    {"UpdateHost"_L1, &WebHosts::UpdateHost},         {"MakerHost"_L1, &WebHosts::MakerHost},
 };
 
 } // namespace

@@ -20,6 +20,7 @@ struct WebHosts
     QString DvdEmpireHost;
     QString DvdEmpireImageHost;
     QString UpdateHost;
+    QString MakerHost; ///< of the maker's page, which exported pages link to
 };
 
 /// Reads section `Hosts` of the settings file, a key a host. A key that is missing or empty stands for the local page source.

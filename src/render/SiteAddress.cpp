@@ -10,4 +10,9 @@ QString SiteAddress(const QString& settingsFile)
     return u"http://"_s + ReadWebHosts(settingsFile).ImdbMainHost;
 }
 
+QString MakerAddress(const QString& settingsFile)
+{
+    return u"http://"_s + ReadWebHosts(settingsFile).MakerHost;
+}
+
 } // namespace kelvado
