@@ -4,6 +4,7 @@
 #include "core/AppState.h"
 #include "render/forms/ExportRun.h"
 
+#include <QDialog>
 #include <QObject>
 
 #include <functional>
@@ -29,16 +30,18 @@ public:
 
     bool IsBusy() const { return m_run.IsBusy(); }
     /// Cancels the export under way without a message, and does `what` when it has ended.
-    void EndExport(std::function<void()> what) { m_run.End(std::move(what)); }
+    void EndExport(std::function<void()> what);
 
 private:
     void OnMenu(const char* name, void (ExportMenus::*handler)());
     /// Asks about unsaved changes first. False where no export can begin.
     bool MayExport();
     void ExportXml();
+    void ExportText();
 
     Context m_context;
     ExportRun m_run;
+    QDialog* m_window = nullptr; ///< the window of an export while it is open
 };
 
 } // namespace kelvado
