@@ -258,7 +258,11 @@ void CellFormat::FormatCell(QByteArray& line, QByteArrayView value) const
         return;
     const int right = m_align == CellAlign::Left ? missing : m_align == CellAlign::Right ? 0 : missing / 2;
     const int left = m_align == CellAlign::Centre ? static_cast<int>(RoundHalfEven(missing / 2.0)) : missing - right;
-    line.insert(start, left, ' ').append(right, ' ');
+    if (left > 0)
+        line.insert(start, left, ' ');
+    const qsizetype end = line.size();
+    line.resize(end + right);
+    std::fill(line.begin() + end, line.end(), ' ');
 }
 
 ExportDone BuildTextExport(const TextExport& text, Connection& catalog, const GoesOn& goesOn)
