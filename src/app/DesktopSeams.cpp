@@ -15,6 +15,8 @@
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QUrl>
 
@@ -112,7 +114,7 @@ void DesktopDialogs::TellMade(const QString& text, const QString& title, const Q
     if (pressed != open && pressed != folder)
         return;
     const QString target = pressed == open ? path : QFileInfo(path).path();
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(target)))
+    if (!OpenOnDesktop(target))
         MessageBox(QCoreApplication::translate("Dialogs", "No program of the desktop opens this:\r\n%1").arg(target), kBoxExclamation,
                    title);
 }
@@ -158,6 +160,21 @@ QString DesktopDialogs::AskFieldEdit(const QString& value, qsizetype size, const
     }
     fLengthEdit dialog(value, size, column, m_owner);
     return dialog.exec() == QDialog::Accepted ? dialog.Text() : QString();
+}
+
+bool OpenOnDesktop(const QString& path)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+std::unique_ptr<QPrinter> ChoosePrinter(QWidget& owner)
+{
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    QPrintDialog dialog(printer.get(), &owner);
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    if (dialog.exec() != QDialog::Accepted)
+        return nullptr;
+    return printer;
 }
 
 void DesktopEvents::ServeEvents()

@@ -8,6 +8,9 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
+
+class QPrinter;
 
 namespace kelvado {
 
@@ -34,6 +37,12 @@ private:
     QPointer<QWidget> m_owner;
     std::function<void()> m_beforeConfirmation;
 };
+
+/// Shows a file or folder of the user's in the desktop's own program. False where the desktop has none for it.
+bool OpenOnDesktop(const QString& path);
+
+/// Lets the user choose a printer, or a file in its place; null where the user cancels.
+std::unique_ptr<QPrinter> ChoosePrinter(QWidget& owner);
 
 class DesktopEvents : public Events
 {

@@ -1,21 +1,41 @@
 #include "app/ExportMenus.h"
 
+#include "app/DesktopSeams.h"
 #include "core/Guard.h"
 #include "core/Literals.h"
+#include "core/NodeKey.h"
 #include "core/Paths.h"
 #include "render/SiteAddress.h"
+#include "render/export/WebExportByView.h"
 #include "render/export/mXMLOutput.h"
 #include "render/forms/TxtExport.h"
+#include "render/forms/frmExportWeb.h"
+#include "render/forms/frmPrintCollection.h"
 #include "store/mFileAccess.h"
+
+#include <QDir>
+#include <QPrinter>
 
 #include <utility>
 
 namespace kelvado {
 
+namespace {
+
+const QString kWebExport = u"Web Export"_s;
+const QString kWritingPages = u"Writing pages and pictures…"_s;
+const QString kPagesStay = u"Pages that were whole by then stay; an older one stands where none was written."_s;
+
+} // namespace
+
 ExportMenus::ExportMenus(const Context& context) : m_context(context), m_run(context.run)
 {
     OnMenu("mnuExportXML", &ExportMenus::ExportXml);
     OnMenu("mnuExportText", &ExportMenus::ExportText);
+    OnMenu("mnuWebPackages", &ExportMenus::ShowWizard);
+    OnMenu("mnuPrintCollection", &ExportMenus::PrintCollection);
+    OnMenu("mnuWebExport", &ExportMenus::ExportPages);
+    OnMenu("mnuWebExportByView", &ExportMenus::ExportPagesByView);
 }
 
 void ExportMenus::OnMenu(const char* name, void (ExportMenus::*handler)())
@@ -31,6 +51,13 @@ void ExportMenus::EndExport(std::function<void()> what)
             m_window->close();
         what();
     });
+}
+
+void ExportMenus::Show(QDialog& window)
+{
+    m_window = &window;
+    window.exec();
+    m_window = nullptr;
 }
 
 bool ExportMenus::MayExport()
@@ -65,9 +92,100 @@ void ExportMenus::ExportText()
     if (!MayExport())
         return;
     TxtExport window({m_context.state, m_context.run.dialogs, m_context.run.skinner, m_run}, &m_context.window);
-    m_window = &window;
-    window.exec();
-    m_window = nullptr;
+    Show(window);
+}
+
+void ExportMenus::ShowWizard()
+{
+    if (IsBusy())
+        return;
+    frmExportWeb::Context context{m_context.run.dialogs, [](const QString& path) { OpenOnDesktop(path); }, {}};
+    frmExportWeb* shown = nullptr;
+    if (!m_context.state.CatalogPath().isEmpty())
+        context.exportFilms = [&](const WebChoice& choice) { ExportByPackage(*shown, choice); };
+    frmExportWeb wizard(context, &m_context.window);
+    shown = &wizard;
+    m_context.run.skinner.SkinForm(wizard);
+    Show(wizard);
+}
+
+void ExportMenus::ExportByPackage(QWidget& wizard, const WebChoice& choice)
+{
+    if (!MayExport())
+        return;
+    const QString folder = BrowseForFolder(u"Select Save Directory..."_s, m_context.run.dialogs);
+    if (folder.isEmpty())
+        return;
+    WebSite site = SiteOfSkin(m_context.state.skin);
+    site.folder = folder;
+    const ExportedView view{m_context.state.gOptions->View, m_context.state.FilterWhere};
+    Connection catalog = OpenCatalog(m_context.state.CatalogPath());
+    m_run.Run(wizard,
+              {.window = kWebExport,
+               .work = kWritingPages,
+               .title = u"Web Export Complete"_s,
+               .success = u"Web Export has completed and has been saved to\n"_s + QDir::toNativeSeparators(folder),
+               .cancelled = kPagesStay},
+              [&](const GoesOn& goesOn) { return ExportPackage(choice, site, view, catalog, goesOn); });
+}
+
+void ExportMenus::PrintCollection()
+{
+    if (!MayExport())
+        return;
+    const QModelIndex node = m_context.selectedNode();
+    QList<frmPrintCollection::Choice> choices{{u"All films of the tree"_s, m_context.catalog.FilmGroups()}};
+    if (const QString tag = m_context.catalog.Tag(node); !tag.isEmpty()) {
+        const QModelIndex film = tag == kTagActor ? node.parent() : node;
+        const QString what = tag == kTagGroup ? u"Only the group "_s : u"Only the film "_s;
+        choices.append({what + film.data(CatalogModel::TextRole).toString(), m_context.catalog.FilmGroups(film)});
+    }
+    frmPrintCollection window({m_context.state, m_context.run.dialogs, m_run, &ChoosePrinter}, choices, &m_context.window);
+    m_context.run.skinner.SkinForm(window);
+    Show(window);
+}
+
+void ExportMenus::ExportPages()
+{
+    if (!MayExport())
+        return;
+    const WebTemplates templates = ReadPageTemplates(WebTemplateFolder(m_context.state.skin));
+    const WebSite site = SiteOfSkin(m_context.state.skin);
+    m_run.Run(m_context.window,
+              {.window = kWebExport,
+               .work = kWritingPages,
+               .title = u"Web Export Complete"_s,
+               .success = u"Web Export has completed and has been saved to\n"_s + QDir::toNativeSeparators(site.folder),
+               .cancelled = kPagesStay},
+              [&](const GoesOn& goesOn) {
+                  Connection catalog = OpenCatalog(m_context.state.CatalogPath());
+                  return ExportWeb(templates, site, catalog, goesOn);
+              });
+}
+
+void ExportMenus::ExportPagesByView()
+{
+    if (!MayExport())
+        return;
+    const WebTemplates templates = ReadViewTemplates(WebTemplateFolder(m_context.state.skin));
+    const ExportedView view{m_context.state.gOptions->View, m_context.state.FilterWhere};
+    Connection catalog = OpenCatalog(m_context.state.CatalogPath());
+    if (!MayLeaveOut(FilmsOnNoPage(view, catalog)))
+        return;
+    m_run.Run(m_context.window,
+              {.window = kWebExport + u" by View"_s, .work = kWritingPages, .title = {}, .success = u"Complete"_s, .cancelled = kPagesStay},
+              [&](const GoesOn& goesOn) { return ExportWebByView(templates, SiteOfSkin(m_context.state.skin), view, catalog, goesOn); });
+}
+
+bool ExportMenus::MayLeaveOut(qint64 films)
+{
+    if (films == 0)
+        return true;
+    const QString count = films == 1 ? u"1 film stands"_s : u"%1 films stand"_s.arg(films);
+    return m_context.run.dialogs.MessageBox(
+               count + u" on no page: filters or the view mode leave them out, or no group of this sort holds them.\r\n\r\n"
+                       "Export the other films?"_s,
+               kBoxYesNo, kWebExport) == kAnswerYes;
 }
 
 } // namespace kelvado

@@ -141,8 +141,13 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
         *this, m_state, dialogs, events, m_menus, *this, *m_ui->TreeView1, m_catalog->Model(), m_skinner, *m_ui->picGrabSelect,
         *m_ui->FormScroll, [this] { return SelectedNode(); }, [this](const QUrl& address) { OpenOutside(address); },
         [this] { m_editMenus->ShowManualPanel(); }, [this] { m_editMenus->AskAboutChanges(); }});
-    m_exportMenus = std::make_unique<ExportMenus>(
-        ExportMenus::Context{*this, m_state, m_menus, {dialogs, events, *this, m_skinner}, [this] { m_editMenus->AskAboutChanges(); }});
+    m_exportMenus = std::make_unique<ExportMenus>(ExportMenus::Context{*this,
+                                                                       m_state,
+                                                                       m_menus,
+                                                                       m_catalog->Model(),
+                                                                       [this] { return m_ui->TreeView1->currentIndex(); },
+                                                                       {dialogs, events, *this, m_skinner},
+                                                                       [this] { m_editMenus->AskAboutChanges(); }});
 }
 
 Form1::~Form1()

@@ -65,6 +65,7 @@ constexpr MenuRule kRules[] = {
     {"mnuManageLists_1", Effect::Enable, kCatalog},
     {"Save", Effect::Button, kCatalog},
     {"MnuPrint", Effect::Enable, kNever},
+    {"mnuPrintCollection", Effect::Enable, kCatalog},
     {"Print", Effect::Button, kNever},
 
     {"mnuDelete", Effect::Enable, kFilm},

@@ -162,6 +162,25 @@ void CatalogModel::SetFilmValue(const QModelIndex& film, const QString& value)
     Q_EMIT dataChanged(film, film);
 }
 
+QList<FilmGroup> CatalogModel::FilmGroups(const QModelIndex& node) const
+{
+    const auto groupAt = [&](int number) -> const TreeGroup& { return m_content.groups[static_cast<std::size_t>(number)]; };
+    const auto filmAt = [&](int number) -> const TreeFilm& { return m_content.films[static_cast<std::size_t>(number)]; };
+    if (node.isValid() && KindOf(node) != Kind::Group) {
+        const TreeFilm& film = filmAt(NumberOf(node));
+        return {{groupAt(film.group).text, {film.id}}};
+    }
+    QList<FilmGroup> groups;
+    for (int number = 0; number < GroupCount(); ++number) {
+        if (node.isValid() && node.row() != number)
+            continue;
+        groups.append({groupAt(number).text, {}});
+        for (const int film : groupAt(number).films)
+            groups.last().films << filmAt(film).id;
+    }
+    return groups;
+}
+
 void CatalogModel::RemoveFilm(const QModelIndex& film)
 {
     if (!film.isValid() || KindOf(film) != Kind::Film)

@@ -41,6 +41,13 @@ struct TreeActor
     int image = 0;
 };
 
+/// The films that stand under one group of the tree, in its order.
+struct FilmGroup
+{
+    QString name; ///< what the tree shows
+    QList<FilmId> films;
+};
+
 /// The groups and films of a tree, in display order.
 struct TreeContent
 {
@@ -88,6 +95,8 @@ public:
     void SetRetrieved(qint64 actorId);
     /// Gives the person another name, in all casts.
     void SetActorName(qint64 actorId, const QString& name);
+    /// The films of all groups; for a node only those of its group, or the one film that it is or stands under.
+    QList<FilmGroup> FilmGroups(const QModelIndex& node = {}) const;
     /// Takes one film node out of the tree, with its cast; the same film under other groups stays. Anything but a film is left alone.
     void RemoveFilm(const QModelIndex& film);
 

@@ -59,13 +59,6 @@ QString TitleGroupText(int group)
     return group == 1 ? u"*"_s : QString(QChar(static_cast<char16_t>(group)));
 }
 
-// Under which text the groups are kept while they are looked up: Null, the empty text and "N/A" are one group, and so are values that
-// differ in case only.
-QString GroupName(const QString& value)
-{
-    return value.isEmpty() ? kNoValue.toCaseFolded() : value.toCaseFolded();
-}
-
 QString Shown(const QString& text)
 {
     return text.contains(u"&#") ? DecodeEntities(text) : text;
@@ -91,6 +84,16 @@ QString ConditionOfMode(const QString& viewMode)
 }
 
 } // namespace
+
+QString GroupText(const QString& value)
+{
+    return value.isEmpty() || value.compare(kNoValue, Qt::CaseInsensitive) == 0 ? kNoValue : value;
+}
+
+QString GroupName(const QString& text)
+{
+    return GroupText(text).toCaseFolded();
+}
 
 QString BuildLevelSql(const QString& primary, int level, const cOptView& view, const QString& filterWhere)
 {
@@ -147,9 +150,9 @@ public:
                 const int group = TitleGroup(value);
                 AddGroup(QString::number(group), TitleGroupText(group), 0);
             } else {
-                const bool none = value.isEmpty() || value.compare(kNoValue, Qt::CaseInsensitive) == 0;
-                const int image = m_primary == kByFormat && !none ? FormatImage(value) : 0;
-                AddGroup(groups.IsNull(0) ? QString() : value, none ? kNoValue : value, image);
+                const QString text = GroupText(value);
+                const int image = m_primary == kByFormat && text != kNoValue ? FormatImage(value) : 0;
+                AddGroup(groups.IsNull(0) ? QString() : value, text, image);
             }
             Pump(records, kGroupsPerPump);
         }

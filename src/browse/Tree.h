@@ -18,6 +18,12 @@ namespace kelvado {
 /// genre of the film.
 QString BuildLevelSql(const QString& primary, int level, const cOptView& view, const QString& filterWhere);
 
+/// The text of the group that a value of the first level's column stands in: the value, or "N/A" for the empty text (as Null reads) and for
+/// that text in any case.
+QString GroupText(const QString& value);
+/// What two groups of one text have in common: texts that differ in case only are one group.
+QString GroupName(const QString& text);
+
 /// Builds the catalog tree and fills casts. Every routine opens its own connection to the open catalog, and raises what the engine
 /// raises.
 class Tree

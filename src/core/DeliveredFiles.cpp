@@ -23,6 +23,15 @@ void CopyFile(const QString& source, const QString& target)
         throw RuntimeError::WithDetail(kErrFileAccess, target);
 }
 
+void CopyFolder(const QString& source, const QString& target)
+{
+    QDirIterator files(source, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString file = files.next();
+        CopyFile(file, target + file.mid(source.size()));
+    }
+}
+
 } // namespace
 
 void FurnishHome(const QString& home, const QString& delivered)
@@ -38,12 +47,8 @@ void FurnishHome(const QString& home, const QString& delivered)
     const QStringList kinds{u"*.ini"_s, u"*.dat"_s, u"*.kvd"_s, u"*.png"_s, u"*.gif"_s};
     for (const QFileInfo& file : QDir(delivered).entryInfoList(kinds, QDir::Files))
         CopyFile(file.filePath(), home + u'/' + file.fileName());
-    const QString skins = delivered + u"/Skins"_s;
-    QDirIterator files(skins, QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        const QString file = files.next();
-        CopyFile(file, home + u"/Skins"_s + file.mid(skins.size()));
-    }
+    for (const QString& folder : {u"/Skins"_s, u"/Templates"_s})
+        CopyFolder(delivered + folder, home + folder);
     const QString sample = home + u'/' + kSample;
     WriteProfileValue(u"Settings"_s, u"Default"_s, QFile::exists(sample) ? sample : QString(), home + u"/Settings.ini"_s);
     mark.remove();

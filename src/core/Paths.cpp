@@ -1,6 +1,7 @@
 #include "core/Paths.h"
 
 #include "core/Literals.h"
+#include "core/RuntimeError.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -56,6 +57,26 @@ QString FindFileCaseBlind(const QString& folder, const QString& name)
                                         [&](const QString& entry) { return entry.compare(part, Qt::CaseInsensitive) == 0; });
         path += u'/' + (found == entries.end() ? part : *found);
     }
+    return path;
+}
+
+QString PathBelow(const QString& folder, const QString& name)
+{
+    const auto raise = [&] {
+        throw RuntimeError::WithDetail(kErrFileAccess, u"\"%1\" leads out of %2"_s.arg(name, QDir::toNativeSeparators(folder)));
+    };
+    const QString root = AppPathOf(folder);
+    const QString clean = QDir::cleanPath(QString(name).replace(u'\\', u'/'));
+    const bool isAbsolute = clean.startsWith(u'/') || clean.indexOf(u':') == 1;
+    if (isAbsolute || clean.isEmpty() || clean == u'.' || clean == u".." || clean.startsWith(u"../"))
+        raise();
+    QString path = root + u'/' + clean;
+    // What stands already may be a link, also one to nothing yet.
+    QFileInfo standing(path);
+    while (standing.filePath().size() > root.size() && !standing.exists() && !standing.isSymLink())
+        standing.setFile(standing.path());
+    if (standing.filePath().size() > root.size() && !IsInside(root, standing.filePath()))
+        raise();
     return path;
 }
 

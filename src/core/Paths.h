@@ -19,6 +19,10 @@ QString SkinFolder(const QString& skin);
 /// Where no such file exists, the path as it was asked for.
 QString FindFileCaseBlind(const QString& folder, const QString& name);
 
+/// The path of `name` below `folder`, for files that come from elsewhere. `name` may hold "/" or "\". Raises `kErrFileAccess` with the name
+/// for one that leads out of the folder or names the folder itself: an absolute one, one with "..", one behind a link.
+QString PathBelow(const QString& folder, const QString& name);
+
 /// True if `path` names an existing file or folder that lies below `folder`, links resolved.
 bool IsInside(const QString& folder, const QString& path);
 

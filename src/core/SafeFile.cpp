@@ -9,6 +9,7 @@
 #include <QSaveFile>
 
 #include <cstdio>
+#include <utility>
 
 namespace kelvado {
 
@@ -30,14 +31,47 @@ void WriteFileWhole(const QString& path, const QByteArray& bytes)
 
 void WriteFileFast(const QString& path, const QByteArray& bytes)
 {
-    QFile part(path + u".part"_s);
-    const bool isWhole = part.open(QIODevice::WriteOnly) && part.write(bytes) == bytes.size() && part.flush();
-    const QString reason = part.errorString();
-    part.close();
-    if (isWhole && std::rename(QFile::encodeName(part.fileName()).constData(), QFile::encodeName(path).constData()) == 0)
-        return;
-    part.remove();
-    RaiseFileAccess(path, isWhole ? qt_error_string() : reason);
+    FastFile file(path);
+    file.Write(bytes);
+    file.Commit();
+}
+
+FastFile::FastFile(QString path) : m_path(std::move(path)), m_part(m_path + u".part"_s)
+{
+    if (!m_part.open(QIODevice::WriteOnly))
+        Raise(m_part.errorString());
+}
+
+FastFile::~FastFile()
+{
+    if (!m_committed)
+        m_part.remove();
+}
+
+void FastFile::Write(const QByteArray& bytes)
+{
+    if (m_part.write(bytes) != bytes.size())
+        Raise(m_part.errorString());
+}
+
+void FastFile::Flush()
+{
+    if (!m_part.flush())
+        Raise(m_part.errorString());
+}
+
+void FastFile::Commit()
+{
+    Flush();
+    m_part.close();
+    if (std::rename(QFile::encodeName(m_part.fileName()).constData(), QFile::encodeName(m_path).constData()) != 0)
+        Raise(qt_error_string());
+    m_committed = true;
+}
+
+void FastFile::Raise(const QString& reason) const
+{
+    RaiseFileAccess(m_path, reason);
 }
 
 void CopyFileWhole(const QString& source, const QString& target)

@@ -2,14 +2,13 @@
 
 #include "core/Literals.h"
 #include "core/Paths.h"
-#include "core/SafeFile.h"
 #include "render/FilmValues.h"
-#include "store/mFileAccess.h"
 
 #include <QFileInfo>
 #include <QStringList>
 
 #include <array>
+#include <initializer_list>
 #include <utility>
 
 namespace kelvado {
@@ -205,10 +204,18 @@ void FillUnused(QString& text, std::initializer_list<QLatin1StringView> stems, q
     text = filled.append(QStringView(text).sliced(done));
 }
 
+/// Opens one of the queries above, whose end is the film's number. The number is bound, so that the next film finds the query prepared.
+void OpenOfFilm(Recordset& rows, QLatin1StringView query, FilmId movieId, Connection& connection)
+{
+    rows.Open(query + u'?', {Value(movieId)}, connection, LockType::ReadOnly);
+}
+
 void FillCrewTokens(QString& text, Connection& connection, FilmId movieId, const CrewTokens& tokens)
 {
+    if (!text.contains(tokens.stem))
+        return;
     Recordset rows;
-    rows.Open(tokens.crew.query + QString::number(movieId), connection);
+    OpenOfFilm(rows, tokens.crew.query, movieId, connection);
     qint64 count = 0;
     if (!rows.Eof()) {
         const int column = rows.ColumnIndex(QString(tokens.crew.column));
@@ -218,20 +225,39 @@ void FillCrewTokens(QString& text, Connection& connection, FilmId movieId, const
     FillUnused(text, {tokens.stem}, count);
 }
 
+struct PictureCopy
+{
+    QLatin1StringView source; ///< below the skin's folder
+    QLatin1StringView target;
+};
+
+void CopyPictures(const QString& skin, std::initializer_list<PictureCopy> pictures, const CopyIntoExport& copy)
+{
+    for (const PictureCopy& picture : pictures) {
+        const QString source = FindFileCaseBlind(SkinFolder(skin), picture.source);
+        if (QFileInfo::exists(source))
+            copy(source, picture.target);
+    }
+}
+
 } // namespace
 
 void FillFilmTokens(QString& text, const Recordset& film, const TokenSettings& settings)
 {
-    for (const FilmToken& token : kFilmTokens)
-        text.replace(token.token, TokenValue(token.kind, film[QString(token.column)].Get(), settings));
+    for (const FilmToken& token : kFilmTokens) {
+        if (text.contains(token.token))
+            text.replace(token.token, TokenValue(token.kind, film[QString(token.column)].Get(), settings));
+    }
     FillRated(text, film[u"Rated"].Get(), settings);
     FillRating(text, film[u"Rating"].Get(), settings);
 }
 
 void FillGenreToken(QString& text, Connection& connection, FilmId movieId)
 {
+    if (!text.contains("!!GENRE!!"_L1))
+        return;
     Recordset rows;
-    rows.Open(kGenreQuery + QString::number(movieId), connection);
+    OpenOfFilm(rows, kGenreQuery, movieId, connection);
     QString genres;
     if (rows.Eof()) {
         genres = kNone;
@@ -250,8 +276,10 @@ void FillActorTokens(QString& text, Connection& connection, FilmId movieId)
 {
     constexpr QLatin1StringView kActor = "!!ACTOR"_L1;
     constexpr QLatin1StringView kCharacter = "!!CHARACTER"_L1;
+    if (!text.contains(kActor) && !text.contains(kCharacter))
+        return;
     Recordset rows;
-    rows.Open(kActorQuery + QString::number(movieId), connection);
+    OpenOfFilm(rows, kActorQuery, movieId, connection);
     qint64 count = 0;
     if (!rows.Eof()) {
         const int actor = rows.ColumnIndex(u"Actor");
@@ -292,29 +320,29 @@ void FillPageTokens(QString& text, qint64 page, qint64 pageCount, qint64 pageSiz
     text.replace("!!TOTALFILMS!!"_L1, QString::number(filmCount));
 }
 
-void CopyRatingBarImages(const QString& skin)
+void CopyRatingBarImages(const QString& skin, const CopyIntoExport& copy)
 {
-    struct Copy
-    {
-        QLatin1StringView source;
-        QLatin1StringView target;
-    };
     // Exported pages name these pictures in a folder below this one and in another spelling; the names here are the ones in use.
-    static constexpr std::array<Copy, 6> kCopies{{
-        {"/ratingbar/barNA.Gif"_L1, "BarNA.Gif"_L1},
-        {"/ratingbar/barleft.Gif"_L1, "barleft.Gif"_L1},
-        {"/ratingbar/barright.Gif"_L1, "barright.Gif"_L1},
-        {"/ratingbar/baryes.Gif"_L1, "baryes.Gif"_L1},
-        {"/ratingbar/barno.Gif"_L1, "barno.Gif"_L1},
-        {"/ratingbar/barhalf.Gif"_L1, "barhalf.Gif"_L1},
-    }};
-    const QString images = AppPath() + u"/Export/Web/Images"_s;
-    MakeDirs(images);
-    for (const Copy& copy : kCopies) {
-        const QString source = FindFileCaseBlind(SkinFolder(skin), copy.source);
-        if (QFileInfo::exists(source))
-            CopyFileWhole(source, images + u'/' + copy.target);
-    }
+    CopyPictures(skin,
+                 {{"/ratingbar/barNA.Gif"_L1, "Images/BarNA.Gif"_L1},
+                  {"/ratingbar/barleft.Gif"_L1, "Images/barleft.Gif"_L1},
+                  {"/ratingbar/barright.Gif"_L1, "Images/barright.Gif"_L1},
+                  {"/ratingbar/baryes.Gif"_L1, "Images/baryes.Gif"_L1},
+                  {"/ratingbar/barno.Gif"_L1, "Images/barno.Gif"_L1},
+                  {"/ratingbar/barhalf.Gif"_L1, "Images/barhalf.Gif"_L1}},
+                 copy);
+}
+
+void CopyCertificateImages(const QString& skin, const CopyIntoExport& copy)
+{
+    CopyPictures(skin,
+                 {{"/ratings/G.Gif"_L1, "Images/G.Gif"_L1},
+                  {"/ratings/PG.Gif"_L1, "Images/PG.Gif"_L1},
+                  {"/ratings/PG-13.Gif"_L1, "Images/PG-13.Gif"_L1},
+                  {"/ratings/R.Gif"_L1, "Images/R.Gif"_L1},
+                  {"/ratings/NC-17.Gif"_L1, "Images/NC-17.Gif"_L1},
+                  {"/ratings/NA.Gif"_L1, "Images/NA.Gif"_L1}},
+                 copy);
 }
 
 QString PathForPage(const QString& path)

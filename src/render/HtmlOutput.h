@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace kelvado {
 
 /// What the tokens of a film need beside its row.
@@ -35,9 +37,12 @@ void FillWriterTokens(QString& text, Connection& connection, FilmId movieId);
 /// The tokens of an index that is spread over pages. `page` counts from 1.
 void FillPageTokens(QString& text, qint64 page, qint64 pageCount, qint64 pageSize, qint64 filmCount);
 
-/// Copies the rating bar's pictures of `skin` into the picture folder of the web export; what the skin does not have is left out.
-/// Raises `kErrFileAccess` with the path where a picture cannot be written.
-void CopyRatingBarImages(const QString& skin);
+/// Copies a file to a name below the folder of a web export.
+using CopyIntoExport = std::function<void(const QString& source, const QString& target)>;
+/// Copies the pictures of the rating bar of `skin` to the export's "Images"; what the skin does not have is left out.
+void CopyRatingBarImages(const QString& skin, const CopyIntoExport& copy);
+/// The same with the pictures of the certificates.
+void CopyCertificateImages(const QString& skin, const CopyIntoExport& copy);
 
 /// `path` as pages take it: "/" for "\", and the few characters that would end or change the path in an attribute's address given as %XX.
 QString PathForPage(const QString& path);

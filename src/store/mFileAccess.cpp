@@ -3,7 +3,6 @@
 #include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "core/SafeFile.h"
-#include "store/Recordset.h"
 
 #include <QDir>
 #include <QFile>
@@ -30,19 +29,6 @@ QString WithSlashes(QString path)
 [[noreturn]] void RaiseAccess(const QString& path, const QString& reason)
 {
     throw RuntimeError::WithDetail(kErrFileAccess, path + u" ("_s + reason + u')');
-}
-
-QByteArray ReadBytes(const QString& path)
-{
-    if (!QFileInfo(path).isFile())
-        throw RuntimeError::WithDetail(kErrFileNotFound, path);
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        RaiseAccess(path, file.errorString());
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        RaiseAccess(path, file.errorString());
-    return bytes;
 }
 
 QString TextOf(const QByteArray& bytes)
@@ -83,7 +69,12 @@ QString ReadWholeFile(const QString& path, Dialogs& dialogs)
         dialogs.MessageBox(u"File does not exist."_s + kLineEnd + path, kBoxCritical, u"File Access Error"_s);
         return {};
     }
-    return TextOf(ReadBytes(name));
+    return ReadFileText(name);
+}
+
+QString ReadFileText(const QString& path)
+{
+    return TextOf(ReadBytes(WithSlashes(path)));
 }
 
 void WriteWholeFile(const QString& path, const QString& value)
@@ -183,14 +174,31 @@ QString ExportImageFile(QString& basePath, const QString& imageId, Connection& c
         RaiseAccess(path, u"the picture's kind leads out of the folder"_s);
     basePath = path;
 
-    const Field image = picture[u"Image"];
-    const qint64 size = image.ActualSize();
-    QByteArray bytes = image.GetChunk(size % kBlockSize);
+    WriteFileFast(path, BytesOf(picture[u"Image"]));
+    return path;
+}
+
+QByteArray BytesOf(const Field& field)
+{
+    const qint64 size = field.ActualSize();
+    QByteArray bytes = field.GetChunk(size % kBlockSize);
     bytes.reserve(size);
     for (qint64 block = 0; block < size / kBlockSize; ++block)
-        bytes += image.GetChunk(kBlockSize);
-    WriteFileFast(path, bytes);
-    return path;
+        bytes += field.GetChunk(kBlockSize);
+    return bytes;
+}
+
+QByteArray ReadBytes(const QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        throw RuntimeError::WithDetail(kErrFileNotFound, path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        RaiseAccess(path, file.errorString());
+    QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        RaiseAccess(path, file.errorString());
+    return bytes;
 }
 
 qint64 StoreImageFile(const QString& path, Connection& connection)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Dialogs.h"
-#include "store/Connection.h"
+#include "store/Recordset.h"
 
 #include <QString>
 
@@ -10,6 +10,9 @@ namespace kelvado {
 /// The whole text of a file: UTF-16 where it begins with that mark, else UTF-8 if it is valid, else Windows-1252. A missing file is told in
 /// a message and gives the empty text.
 QString ReadWholeFile(const QString& path, Dialogs& dialogs);
+
+/// The text of a file in the same way. Raises `kErrFileNotFound` with the path for a missing one.
+QString ReadFileText(const QString& path);
 
 /// Creates or replaces the file with the value and a line end (CR LF), as UTF-8. Raises `kErrFileAccess` with the path where it cannot be
 /// written.
@@ -36,6 +39,12 @@ void MakeDirs(const QString& path);
 /// Writes the picture `imageId` to `basePath` + "." + its kind; `basePath` becomes that path, which is returned too.
 /// Raises `kErrNoCurrentRecord` for an unknown picture.
 QString ExportImageFile(QString& basePath, const QString& imageId, Connection& connection);
+
+/// The bytes of a binary column's present value, taken in blocks. Empty for Null.
+QByteArray BytesOf(const Field& field);
+
+/// The whole content of a file. Raises `kErrFileNotFound` for a missing one, `kErrFileAccess` for one that cannot be read.
+QByteArray ReadBytes(const QString& path);
 
 /// Stores the picture file at `path` as a new row of `Images` and returns its `Image_ID`. The file is taken in blocks, each one byte
 /// longer than its share, so a stored picture carries a few zero bytes behind its end. The file is read whole before anything is

@@ -103,6 +103,15 @@ bool PictureBox::IsPicture(const QString& path)
     return IsPictureFile(path);
 }
 
+void PictureBox::SetReadOnly()
+{
+    m_isReadOnly = true;
+    setFocusPolicy(Qt::NoFocus);
+    setAcceptDrops(false);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    Show(m_text);
+}
+
 void PictureBox::SetPicture(const QString& path)
 {
     m_picture = ReadPicture(path);
@@ -127,7 +136,7 @@ void PictureBox::Show(const QString& text)
 {
     m_text = text;
     m_fitted = {};
-    const QString use = tr("A picture can be pasted or dropped here.");
+    const QString use = m_isReadOnly ? QString() : tr("A picture can be pasted or dropped here.");
     setAccessibleDescription(text.isEmpty() ? use : text + u". "_s + use);
     update();
 }

@@ -21,6 +21,9 @@ public:
     /// Whether the file holds a picture that can be shown, whatever it is called.
     static bool IsPicture(const QString& path);
 
+    /// Only shows its picture: it takes none and has no focus.
+    void SetReadOnly();
+
     /// Shows the picture file at `path`; the file itself is not held open.
     void SetPicture(const QString& path);
     /// Shows `EmptyText`.
@@ -57,6 +60,7 @@ private:
     QPixmap m_fitted; ///< the picture in the size in which it was painted last
     QString m_emptyText;
     QString m_text;          ///< stands where no picture is
+    bool m_isReadOnly = false;
     bool m_isTarget = false; ///< a picture hangs above it
 };
 

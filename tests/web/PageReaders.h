@@ -29,7 +29,8 @@ inline WebHosts TestHosts()
             .AmazonImageHost = u"pictures.test"_s,
             .DvdEmpireHost = {},
             .DvdEmpireImageHost = {},
-            .UpdateHost = {}};
+            .UpdateHost = {},
+            .MakerHost = {}};
 }
 
 /// "Name|link|third field" of each person; "none" for no list at all.

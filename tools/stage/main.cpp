@@ -2,10 +2,12 @@
 //   stage blank SCHEMA.sql OUT            the blank catalog
 //   stage sample FILMS-FOLDER COVERS-FOLDER BLANK OUT
 //                                         the sample collection, stored as the program itself stores films
+//   stage package FOLDER OUT.kmt          a template package for web pages
 //   stage settings DELIVERED TARGET KEY=VALUE…
 //                                         adds the settings that TARGET lacks; what stands there stays
 
 #include "Covers.h"
+#include "Package.h"
 #include "SampleFilms.h"
 #include "core/Literals.h"
 #include "core/Paths.h"
@@ -45,14 +47,6 @@ public:
         throw RuntimeError(kErrInvalidCall, column + u" is too long: "_s + value);
     }
 };
-
-QByteArray ReadBytes(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw RuntimeError::WithDetail(kErrFileNotFound, path);
-    return file.readAll();
-}
 
 QByteArray Jpeg(const QImage& picture)
 {
@@ -163,10 +157,12 @@ int main(int argc, char** argv)
             BuildBlankCatalog(arguments[2], QString::fromUtf8(ReadBytes(arguments[1])));
         else if (job == u"sample" && arguments.size() == 5)
             MakeSample(arguments[1], arguments[2], arguments[3], arguments[4]);
+        else if (job == u"package" && arguments.size() == 3)
+            MakePackage(arguments[1], arguments[2]);
         else if (job == u"settings" && arguments.size() >= 3)
             CompleteSettings(arguments[1], arguments[2], arguments.mid(3));
         else
-            throw RuntimeError(kErrInvalidCall, u"usage: stage blank|sample|settings …"_s);
+            throw RuntimeError(kErrInvalidCall, u"usage: stage blank|sample|package|settings …"_s);
         return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "stage: %s\n", error.what());

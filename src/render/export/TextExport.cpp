@@ -3,10 +3,9 @@
 #include "browse/Filters.h"
 #include "core/Conversions.h"
 #include "core/RuntimeError.h"
+#include "core/SafeFile.h"
 #include "render/export/TextFields.h"
 #include "store/Recordset.h"
-
-#include <QSaveFile>
 
 #include <algorithm>
 #include <map>
@@ -213,18 +212,6 @@ void AppendFixedLines(QByteArray& text, EntryRegion region, const QList<TextEntr
     }
 }
 
-[[noreturn]] void RaiseAccess(const QSaveFile& file)
-{
-    throw RuntimeError::WithDetail(kErrFileAccess, file.fileName() + u" ("_s + file.errorString() + u')');
-}
-
-void WriteOut(QSaveFile& file, QByteArray& text)
-{
-    if (file.write(text) != text.size())
-        RaiseAccess(file);
-    text.resize(0);
-}
-
 } // namespace
 
 CellFormat::CellFormat(const TextEntry& entry, const QString& filmAddress)
@@ -268,10 +255,7 @@ void CellFormat::FormatCell(QByteArray& line, QByteArrayView value) const
 ExportDone BuildTextExport(const TextExport& text, Connection& catalog, const GoesOn& goesOn)
 {
     FilmLines films(text, catalog);
-    QSaveFile file(text.path);
-    if (!file.open(QIODevice::WriteOnly))
-        RaiseAccess(file);
-
+    FastFile file(text.path);
     ExportDone done;
     done.path = text.path;
     done.count = films.Count();
@@ -279,8 +263,10 @@ ExportDone BuildTextExport(const TextExport& text, Connection& catalog, const Go
     AppendFixedLines(lines, EntryRegion::Header, text.entries);
     for (; !films.AtEnd(); films.MoveNext()) {
         films.Append(lines);
-        if (lines.size() >= kWriteAt)
-            WriteOut(file, lines);
+        if (lines.size() >= kWriteAt) {
+            file.Write(lines);
+            lines.resize(0);
+        }
         done.count = std::max(done.count, ++done.films); // another program may have added films since they were counted
         if (!goesOn({done.films, done.count, films.Title()}))
             return done;
@@ -288,9 +274,8 @@ ExportDone BuildTextExport(const TextExport& text, Connection& catalog, const Go
     AppendFixedLines(lines, EntryRegion::Footer, text.entries);
     for (const QString& line : {u" "_s, u"Movie list created with Kelvado"_s, u" "_s, text.makerAddress})
         lines.append(line.toUtf8()).append(kLineEnd);
-    WriteOut(file, lines);
-    if (!file.commit())
-        RaiseAccess(file);
+    file.Write(lines);
+    file.Commit();
     done.whole = true;
     return done;
 }

@@ -3,10 +3,12 @@
 #include "core/Literals.h"
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
+#include "core/SafeFile.h"
 #include "render/FilmValues.h"
 #include "render/HtmlOutput.h"
 #include "store/mFileAccess.h"
 
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -24,6 +26,7 @@ constexpr const char* kLineEnd = "\r\n";
 constexpr QByteArrayView kReplacement = "\xEF\xBF\xBD";
 constexpr QByteArrayView kIndent = "        ";
 constexpr qsizetype kListIndent = 4;
+const QString kStandIn = u"No Image.jpg"_s;
 
 enum class Form { Value, Open, Close, Rated, Picture, Bar, SiteLink, SiteNumber, SeenIt, Request };
 
@@ -330,7 +333,11 @@ void WriteOut(QSaveFile& file, QByteArray& xml)
 class CatalogPictures
 {
 public:
-    CatalogPictures(QString folder, Connection& catalog) : m_folder(std::move(folder)), m_catalog(catalog) { MakeDirs(m_folder); }
+    CatalogPictures(QString folder, Connection& catalog, const QString& skin)
+        : m_folder(std::move(folder)), m_catalog(catalog), m_standIn(FindFileCaseBlind(SkinFolder(skin), kStandIn))
+    {
+        MakeDirs(m_folder);
+    }
 
     qint64 Count() const { return m_count; }
 
@@ -348,12 +355,15 @@ public:
                     throw;
             }
         }
-        return u"images/No Image.jpg"_s;
+        if (QFileInfo::exists(m_standIn))
+            CopyFileWhole(std::exchange(m_standIn, {}), m_folder + u'/' + kStandIn);
+        return u"images/"_s + kStandIn;
     }
 
 private:
     QString m_folder;
     Connection& m_catalog;
+    QString m_standIn; ///< empty once it is copied
     qint64 m_count = 0;
 };
 
@@ -381,7 +391,7 @@ QString BuildFilmXml(const QString& styleSheet, Connection& catalog, const Recor
 
 ExportDone BuildCatalogXml(const QString& folder, Connection& catalog, const XmlSettings& settings, const GoesOn& goesOn)
 {
-    CatalogPictures pictures(folder + u"/images"_s, catalog);
+    CatalogPictures pictures(folder + u"/images"_s, catalog, settings.skin);
     QSaveFile file(folder + u"/MyMovies.XML"_s);
     if (!file.open(QIODevice::WriteOnly))
         RaiseAccess(file);
