@@ -73,9 +73,9 @@ TEST(FormatCell, CutsPadsAlignsAndKeepsOneLine)
         {Entry(u"IMDbLink"_s, u"IMDbLink"_s), "", "http://site/Title?"},
     };
     for (const auto& [entry, value, cell] : cases) {
-        QByteArray line = "x";
+        std::string line = "x";
         CellFormat(entry, u"http://site/Title?"_s).FormatCell(line, value);
-        EXPECT_EQ(line.toStdString(), "x" + cell.toStdString());
+        EXPECT_EQ(line, "x" + cell.toStdString());
     }
 }
 

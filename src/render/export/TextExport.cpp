@@ -9,15 +9,17 @@
 
 #include <algorithm>
 #include <map>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace kelvado {
 
 namespace {
 
-constexpr QByteArrayView kLineEnd = "\r\n";
-constexpr QByteArrayView kBetweenNames = ", ";
-constexpr qsizetype kWriteAt = 1 << 16;
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kBetweenNames = ", ";
+constexpr std::size_t kWriteAt = 1 << 16;
 
 bool BeginsCharacter(char byte)
 {
@@ -39,16 +41,16 @@ qsizetype ControlAt(QByteArrayView text, qsizetype place)
 }
 
 /// Appends a text of UTF-8 as one line holds it, without outer blanks.
-void AppendOneLine(QByteArray& line, QByteArrayView text)
+void AppendOneLine(std::string& line, QByteArrayView text)
 {
     if (!text.isValidUtf8()) // other tools store half characters, too
         return AppendOneLine(line, QString::fromUtf8(text).toUtf8());
-    const qsizetype start = line.size();
+    const std::size_t start = line.size();
     qsizetype done = 0;
     const auto take = [&](qsizetype end) {
         while (line.size() == start && done < end && text[done] == ' ')
             ++done;
-        line.append(text.sliced(done, end - done));
+        line.append(text.data() + done, static_cast<std::size_t>(end - done));
     };
     for (qsizetype place = 0; place < text.size(); ++place) {
         const auto byte = static_cast<unsigned char>(text[place]);
@@ -59,13 +61,13 @@ void AppendOneLine(QByteArray& line, QByteArrayView text)
             continue;
         take(place);
         if (line.size() > start)
-            line.append(' ');
+            line.push_back(' ');
         place += length - 1;
         done = place + 1;
     }
     take(text.size());
     while (line.size() > start && line.back() == ' ')
-        line.chop(1);
+        line.pop_back();
 }
 
 /// The place of `column` in `columns`, at the end of which it is added where they lack it.
@@ -101,33 +103,33 @@ public:
     }
     void Read(std::int64_t film)
     {
-        for (QByteArray& value : m_values)
-            value.resize(0);
+        for (std::string& value : m_values)
+            value.clear();
         Recordset rows;
         for (rows.Open(m_sql, {Value(film)}, m_catalog, LockType::ReadOnly); !rows.Eof(); rows.MoveNext()) {
             for (std::size_t column = 0; column < m_values.size(); ++column)
                 Append(m_values[column], rows.Utf8(static_cast<int>(column)));
         }
     }
-    const QByteArray& Of(int column) const { return m_values[static_cast<std::size_t>(column)]; }
+    const std::string& Of(int column) const { return m_values[static_cast<std::size_t>(column)]; }
 
 private:
-    static void Append(QByteArray& joined, QByteArrayView value)
+    static void Append(std::string& joined, QByteArrayView value)
     {
-        const qsizetype before = joined.size();
+        const std::size_t before = joined.size();
         if (before > 0)
             joined.append(kBetweenNames);
-        const qsizetype start = joined.size();
+        const std::size_t start = joined.size();
         AppendOneLine(joined, value);
         if (joined.size() == start)
-            joined.truncate(before);
+            joined.resize(before);
     }
 
     const NameTable& m_names;
     Connection& m_catalog;
     QStringList m_columns;
     QString m_sql;
-    std::vector<QByteArray> m_values;
+    std::vector<std::string> m_values;
 };
 
 /// Makes the lines of the films. What the entries name is looked up once.
@@ -136,12 +138,12 @@ class FilmLines
 public:
     FilmLines(const TextExport& text, Connection& catalog);
 
-    qint64 Count() const { return m_films.RecordCount(); }
+    qint64 Count() const { return m_count; }
     bool AtEnd() const { return m_films.Eof(); }
     void MoveNext() { m_films.MoveNext(); }
     QString Title() const { return m_films.Text(kTitle); }
     /// Appends the present film's line.
-    void Append(QByteArray& text);
+    void Append(std::string& text);
 
 private:
     enum Column { kNumber, kTitle }; // the first ones of the films' query
@@ -153,21 +155,27 @@ private:
     };
     Cell CellOf(const TextEntry& entry, const QString& filmAddress, Connection& catalog);
 
-    QByteArray m_cellEnd;
+    std::string m_cellEnd;
     QStringList m_columns{ColumnOf(u"Movie"_s, u"Movie_ID"_s), ColumnOf(u"Movie"_s, u"Title"_s)};
     std::map<const NameTable*, LinkedValues> m_linked;
     std::vector<Cell> m_cells;
     Recordset m_films;
+    qint64 m_count = 0;
 };
 
-FilmLines::FilmLines(const TextExport& text, Connection& catalog) : m_cellEnd(text.cellEnd.toUtf8())
+FilmLines::FilmLines(const TextExport& text, Connection& catalog) : m_cellEnd(text.cellEnd.toStdString())
 {
     for (const TextEntry& entry : text.entries) {
         if (RegionOf(entry) == EntryRegion::Cell)
             m_cells.push_back(CellOf(entry, text.siteAddress + u"/Title?"_s, catalog));
     }
-    const QString sql = u"SELECT %1 FROM Movie "_s.arg(m_columns.join(u", "_s)) + text.where + u' ' + text.order;
-    m_films.Open(WithLinkedGenres(sql, false), catalog, LockType::ReadOnly);
+    const auto sql = [&](const QString& columns, const QString& order) {
+        return WithLinkedGenres(u"SELECT %1 FROM Movie "_s.arg(columns) + text.where + u' ' + order, false);
+    };
+    Recordset counted; // without the order, which takes its time
+    counted.Open(sql(m_columns[kNumber], {}), catalog, LockType::ReadOnly);
+    m_count = counted.RecordCount();
+    m_films.Open(sql(m_columns.join(u", "_s), text.order), catalog, LockType::ReadOnly);
 }
 
 FilmLines::Cell FilmLines::CellOf(const TextEntry& entry, const QString& filmAddress, Connection& catalog)
@@ -191,7 +199,7 @@ FilmLines::Cell FilmLines::CellOf(const TextEntry& entry, const QString& filmAdd
     return cell;
 }
 
-void FilmLines::Append(QByteArray& text)
+void FilmLines::Append(std::string& text)
 {
     for (auto& [names, values] : m_linked)
         values.Read(m_films.Integer(kNumber));
@@ -204,11 +212,11 @@ void FilmLines::Append(QByteArray& text)
     text.append(kLineEnd);
 }
 
-void AppendFixedLines(QByteArray& text, EntryRegion region, const QList<TextEntry>& entries)
+void AppendFixedLines(std::string& text, EntryRegion region, const QList<TextEntry>& entries)
 {
     for (const TextEntry& entry : entries) {
         if (RegionOf(entry) == region)
-            text.append(entry.FieldName.toUtf8()).append(kLineEnd);
+            text.append(entry.FieldName.toStdString()).append(kLineEnd);
     }
 }
 
@@ -218,24 +226,24 @@ CellFormat::CellFormat(const TextEntry& entry, const QString& filmAddress)
     : m_cut(entry.AutoCutt ? entry.AutoCutLength : -1), m_width(entry.Formated ? entry.FormatedLength : 0), m_align(entry.TextAlign)
 {
     if (entry.TableName == kCustomChar)
-        m_text = entry.FieldName.toUtf8();
+        m_text = entry.FieldName.toStdString();
     else if (entry.TableName == kSiteLink)
-        m_text = filmAddress.toUtf8();
+        m_text = filmAddress.toStdString();
 }
 
-void CellFormat::FormatCell(QByteArray& line, QByteArrayView value) const
+void CellFormat::FormatCell(std::string& line, QByteArrayView value) const
 {
-    const qsizetype start = line.size();
+    const std::size_t start = line.size();
     line.append(m_text);
     AppendOneLine(line, value);
     if (m_cut < 0 && m_width == 0)
         return;
     int characters = 0;
-    for (qsizetype place = start; place < line.size(); ++place) {
+    for (std::size_t place = start; place < line.size(); ++place) {
         if (!BeginsCharacter(line[place]))
             continue;
         if (characters == m_cut) {
-            line.truncate(place);
+            line.resize(place);
             break;
         }
         ++characters;
@@ -245,11 +253,7 @@ void CellFormat::FormatCell(QByteArray& line, QByteArrayView value) const
         return;
     const int right = m_align == CellAlign::Left ? missing : m_align == CellAlign::Right ? 0 : missing / 2;
     const int left = m_align == CellAlign::Centre ? static_cast<int>(RoundHalfEven(missing / 2.0)) : missing - right;
-    if (left > 0)
-        line.insert(start, left, ' ');
-    const qsizetype end = line.size();
-    line.resize(end + right);
-    std::fill(line.begin() + end, line.end(), ' ');
+    line.insert(start, static_cast<std::size_t>(left), ' ').append(static_cast<std::size_t>(right), ' ');
 }
 
 ExportDone BuildTextExport(const TextExport& text, Connection& catalog, const GoesOn& goesOn)
@@ -259,22 +263,24 @@ ExportDone BuildTextExport(const TextExport& text, Connection& catalog, const Go
     ExportDone done;
     done.path = text.path;
     done.count = films.Count();
-    QByteArray lines;
+    std::string lines;
+    const auto write = [&] {
+        file.Write(QByteArray::fromRawData(lines.data(), static_cast<qsizetype>(lines.size())));
+        lines.clear();
+    };
     AppendFixedLines(lines, EntryRegion::Header, text.entries);
     for (; !films.AtEnd(); films.MoveNext()) {
         films.Append(lines);
-        if (lines.size() >= kWriteAt) {
-            file.Write(lines);
-            lines.resize(0);
-        }
+        if (lines.size() >= kWriteAt)
+            write();
         done.count = std::max(done.count, ++done.films); // another program may have added films since they were counted
         if (!goesOn({done.films, done.count, films.Title()}))
             return done;
     }
     AppendFixedLines(lines, EntryRegion::Footer, text.entries);
     for (const QString& line : {u" "_s, u"Movie list created with Kelvado"_s, u" "_s, text.makerAddress})
-        lines.append(line.toUtf8()).append(kLineEnd);
-    file.Write(lines);
+        lines.append(line.toStdString()).append(kLineEnd);
+    write();
     file.Commit();
     done.whole = true;
     return done;

@@ -4,10 +4,11 @@
 #include "render/export/ExportStep.h"
 #include "store/Connection.h"
 
-#include <QByteArray>
 #include <QByteArrayView>
 #include <QList>
 #include <QString>
+
+#include <string>
 
 namespace kelvado {
 
@@ -22,11 +23,11 @@ public:
     /// control character in a value becomes one blank, so that a film is one line of the file; outer blanks go. A longer cell is cut, a
     /// shorter one is padded; a centred cell has half of the blanks on each side, rounded to even on the left and down on the right, so
     /// that it may stay one short. A character is never cut in two.
-    void FormatCell(QByteArray& line, QByteArrayView value) const;
+    void FormatCell(std::string& line, QByteArrayView value) const;
 
 private:
-    QByteArray m_text; ///< stands in front of the value
-    int m_cut = -1;    ///< in characters; -1 for none
+    std::string m_text; ///< stands in front of the value
+    int m_cut = -1;     ///< in characters; -1 for none
     int m_width = 0;
     CellAlign m_align;
 };
