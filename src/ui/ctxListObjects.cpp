@@ -56,7 +56,7 @@ QPixmap Shade(const QPixmap& row)
 
 ctxListObjects::ctxListObjects(QWidget* parent)
     : QAbstractScrollArea(parent), m_container(new QWidget(viewport())), m_frame(new SelectionFrame(m_container)),
-      m_mark(new QWidget(m_container)), m_shadow(new QLabel(viewport()))
+      m_mark(new QWidget(m_container)), m_shadow(new QLabel(viewport())), m_scroll(this)
 {
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
@@ -80,6 +80,11 @@ ctxListObjects::ctxListObjects(QWidget* parent)
     m_scroll.setInterval(kScrollEvery);
     connect(&m_scroll, &QTimer::timeout, this, &ctxListObjects::Scroll);
     connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) { FollowFocus(now); });
+}
+
+ctxListObjects::~ctxListObjects()
+{
+    disconnect(qApp, nullptr, this, nullptr); // the focus leaves when the rows are gone
 }
 
 void ctxListObjects::Add(const QString& caption, const QString& fieldName, const QString& tableName, bool formated, int formatedLength,

@@ -23,6 +23,7 @@ public:
     enum class Direction { Up, Down };
 
     explicit ctxListObjects(QWidget* parent = nullptr);
+    ~ctxListObjects() override;
 
     /// Inserts a row and selects it. Kind "HEADER" goes in front of the first row that is no header line, "NORMAL" in front of the first
     /// footer line, any other to the end.
