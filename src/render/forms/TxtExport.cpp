@@ -256,7 +256,8 @@ void TxtExport::Export()
                                   return BuildTextExport(text, catalog, goesOn);
                               });
         },
-        [focused] { // a window that was disabled has lost it
+        [this, focused] { // a window that was disabled has lost it
+            activateWindow();
             if (focused)
                 focused->setFocus();
         });
