@@ -234,12 +234,17 @@ void ctxListObjects::ShowRow(int index)
     bar.setValue(std::min(std::max(bar.value(), top + m_rowHeight - viewport()->height()), top));
 }
 
-// An editor that gets the keys selects its row.
+// An editor that gets the keys selects its row and comes into view.
 void ctxListObjects::FollowFocus(const QWidget* now)
 {
     const auto row = std::ranges::find_if(m_rows, [&](const ctxListItem* item) { return item->isAncestorOf(now); });
-    if (row != m_rows.end() && *row != m_rows.value(m_selected - 1))
-        SetListIndex(static_cast<int>(row - m_rows.begin()) + 1);
+    if (row != m_rows.end()) {
+        if (*row != m_rows.value(m_selected - 1))
+            SetListIndex(static_cast<int>(row - m_rows.begin()) + 1);
+        const int left = now->mapTo(m_container, QPoint()).x();
+        QScrollBar& bar = *horizontalScrollBar();
+        bar.setValue(std::min(std::max(bar.value(), left + now->width() + kEdge - viewport()->width()), left - kEdge));
+    }
     ShowFrame();
 }
 

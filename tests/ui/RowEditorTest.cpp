@@ -160,6 +160,11 @@ TEST_F(RowEditor, TheEditorsOfTheSelectedRowAreReachedAndTakeDigitsOnly)
     EXPECT_TRUE(list.hasFocus());
     EXPECT_EQ(list.List(1).findChild<QLineEdit*>(), nullptr) << "a fixed line has nothing to edit";
 
+    list.resize(300, 300);
+    for (const char* editor : {"PicAlign", "chkCut", "txtFieldWidth"}) {
+        Of(2, editor).setFocus();
+        EXPECT_EQ(Of(2, editor).visibleRegion().boundingRect(), Of(2, editor).rect()) << "the editor comes into view";
+    }
     AlignPicker& picker = Of<AlignPicker>(2, "PicAlign");
     for (const int zone : {0, 2, 1}) {
         QTest::mouseClick(&picker, Qt::LeftButton, {}, QPoint(picker.width() * (2 * zone + 1) / 6, 10));
