@@ -579,6 +579,8 @@ void ExportWebPagesBare(benchmark::State& state)
 void ExportWebViewBare(benchmark::State& state)
 {
     CopySite(state, u"view%1"_s.arg(state.range(0)));
+}
+
 // All films as text: with columns of their own alone, and with genres and actors.
 void ExportText(benchmark::State& state)
 {
