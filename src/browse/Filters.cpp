@@ -3,6 +3,7 @@
 #include "core/Conversions.h"
 #include "core/Literals.h"
 #include "core/RuntimeError.h"
+#include "core/ViewKeys.h"
 
 #include <QRegularExpression>
 
@@ -46,10 +47,9 @@ FilterRecord MakeFilter(const FilmElement& element, int operand, const QString& 
 {
     const Operand& comparison = kOperands[element.kind == ElementKind::Text ? 0 : static_cast<std::size_t>(operand)];
     const QString caption = QString::fromLatin1(element.caption);
-    // A link to the film site is made of the film's number there.
-    const QString column = QLatin1StringView(element.key) == "Movie.IMDbLink"_L1 ? u"Movie.IMDb"_s : QString::fromLatin1(element.key);
     FilterRecord filter;
-    filter.WhereText = column + u' ' + QString::fromLatin1(comparison.sql) + u'"' + TrimBlanks(text).replace(u'"', u"\"\""_s) + u'"';
+    filter.WhereText = ColumnOfKey(QString::fromLatin1(element.key)) + u' ' + QString::fromLatin1(comparison.sql) + u'"' +
+                       TrimBlanks(text).replace(u'"', u"\"\""_s) + u'"';
     filter.Caption = element.kind == ElementKind::Text ? caption + u" contains "_s + text
                                                        : caption + u' ' + QString::fromLatin1(comparison.caption) + u' ' + text;
     return filter;

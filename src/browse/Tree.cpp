@@ -6,6 +6,7 @@
 #include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
+#include "core/ViewKeys.h"
 #include "store/Recordset.h"
 
 #include <QElapsedTimer>
@@ -97,8 +98,8 @@ QString GroupName(const QString& text)
 
 QString BuildLevelSql(const QString& primary, int level, const cOptView& view, const QString& filterWhere)
 {
-    const QString& p = primary;
-    const QString& s = view.SecondarySort;
+    const QString p = ColumnOfKey(primary);
+    const QString s = ColumnOfKey(view.SecondarySort);
     if (level == 1) {
         const QString order = u"ORDER BY "_s + p + u' ' + view.PrimaryOrder;
         if (p == kByGenre)
