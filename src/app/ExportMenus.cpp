@@ -183,7 +183,7 @@ bool ExportMenus::MayLeaveOut(qint64 films)
         return true;
     const QString count = films == 1 ? u"1 film stands"_s : u"%1 films stand"_s.arg(films);
     return m_context.run.dialogs.MessageBox(
-               count + u" on no page: filters or the view mode leave them out, or no group of this sort holds them.\r\n\r\n"
+               count + u" on no page, left out by the filters or the view mode, or held by no group of this sort.\r\n\r\n"
                        "Export the other films?"_s,
                kBoxYesNo, kWebExport) == kAnswerYes;
 }

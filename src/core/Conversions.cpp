@@ -88,7 +88,12 @@ double ToDouble(QStringView text)
 
 std::int32_t ToLong(QStringView text)
 {
-    const double rounded = RoundHalfEven(ToDouble(text));
+    return RoundToLong(ToDouble(text));
+}
+
+std::int32_t RoundToLong(double value)
+{
+    const double rounded = RoundHalfEven(value);
     if (!(rounded >= std::numeric_limits<std::int32_t>::min() && rounded <= std::numeric_limits<std::int32_t>::max()))
         throw RuntimeError(kErrOverflow);
     return static_cast<std::int32_t>(rounded);

@@ -33,6 +33,9 @@ double ToDouble(QStringView text);
 /// The whole number that `text` reads as, ties rounded to even. Raises `kErrTypeMismatch` for no number, `kErrOverflow` outside 32 bits.
 std::int32_t ToLong(QStringView text);
 
+/// `value` as a whole number, ties rounded to even. Raises `kErrOverflow` outside 32 bits.
+std::int32_t RoundToLong(double value);
+
 /// The film's number that `text` is. Raises `kErrTypeMismatch` for any other text.
 FilmId ToFilmId(QStringView text);
 

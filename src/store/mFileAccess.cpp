@@ -31,21 +31,6 @@ QString WithSlashes(QString path)
     throw RuntimeError::WithDetail(kErrFileAccess, path + u" ("_s + reason + u')');
 }
 
-QString TextOf(const QByteArray& bytes)
-{
-    // The mark at its start tells a text of two bytes a letter.
-    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
-        return QStringDecoder(QStringDecoder::Utf16)(bytes);
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    QString text = utf8(bytes);
-    // Bytes that are still waiting for the rest of their character are no UTF-8 either.
-    text += utf8(QByteArrayView("\0", 1));
-    if (utf8.hasError())
-        return FromWindows1252(bytes);
-    text.chop(1);
-    return text;
-}
-
 // The one text file that can be open: one of the two, or none.
 struct SharedFile
 {
@@ -62,6 +47,21 @@ SharedFile& Shared()
 
 } // namespace
 
+QString TextOfBytes(const QByteArray& bytes)
+{
+    // The mark at its start tells a text of two bytes a letter.
+    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
+        return QStringDecoder(QStringDecoder::Utf16)(bytes);
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    QString text = utf8(bytes);
+    // Bytes that are still waiting for the rest of their character are no UTF-8 either.
+    text += utf8(QByteArrayView("\0", 1));
+    if (utf8.hasError())
+        return FromWindows1252(bytes);
+    text.chop(1);
+    return text;
+}
+
 QString ReadWholeFile(const QString& path, Dialogs& dialogs)
 {
     const QString name = WithSlashes(path);
@@ -74,7 +74,7 @@ QString ReadWholeFile(const QString& path, Dialogs& dialogs)
 
 QString ReadFileText(const QString& path)
 {
-    return TextOf(ReadBytes(WithSlashes(path)));
+    return TextOfBytes(ReadBytes(WithSlashes(path)));
 }
 
 void WriteWholeFile(const QString& path, const QString& value)
@@ -124,7 +124,7 @@ QString ReadTextFile()
     SharedFile& file = Shared();
     if (!file.reader)
         throw RuntimeError::WithDetail(kErrInvalidCall, u"no text file is open for reading"_s);
-    return TextOf(file.reader->readAll());
+    return TextOfBytes(file.reader->readAll());
 }
 
 QString BrowseForFolder(const QString& title, Dialogs& dialogs)
@@ -167,13 +167,17 @@ QString ExportImageFile(QString& basePath, const QString& imageId, Connection& c
 {
     Recordset picture;
     picture.Open(u"SELECT * FROM Images WHERE Image_ID = "_s + imageId, connection);
-    const Field extention = picture[u"Extention"];
-    const QString kind = extention.IsNull() ? QString() : extention.Get().Text();
+    basePath = ExportPicture(basePath, picture);
+    return basePath;
+}
+
+QString ExportPicture(const QString& basePath, const Recordset& picture)
+{
+    const Value extention = picture[u"Extention"].Get();
+    const QString kind = extention.IsNull() ? QString() : extention.Text();
     QString path = WithSlashes(basePath) + u'.' + kind;
     if (kind.contains(u'/') || kind.contains(u'\\'))
         RaiseAccess(path, u"the picture's kind leads out of the folder"_s);
-    basePath = path;
-
     WriteFileFast(path, BytesOf(picture[u"Image"]));
     return path;
 }

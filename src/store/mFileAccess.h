@@ -7,8 +7,10 @@
 
 namespace kelvado {
 
-/// The whole text of a file: UTF-16 where it begins with that mark, else UTF-8 if it is valid, else Windows-1252. A missing file is told in
-/// a message and gives the empty text.
+/// The text of a file's bytes: UTF-16 where they begin with that mark, else UTF-8 if they are valid, else Windows-1252. Never raises.
+QString TextOfBytes(const QByteArray& bytes);
+
+/// The whole text of a file, as `TextOfBytes`. A missing file is told in a message and gives the empty text.
 QString ReadWholeFile(const QString& path, Dialogs& dialogs);
 
 /// The text of a file in the same way. Raises `kErrFileNotFound` with the path for a missing one.
@@ -39,6 +41,9 @@ void MakeDirs(const QString& path);
 /// Writes the picture `imageId` to `basePath` + "." + its kind; `basePath` becomes that path, which is returned too.
 /// Raises `kErrNoCurrentRecord` for an unknown picture.
 QString ExportImageFile(QString& basePath, const QString& imageId, Connection& connection);
+
+/// The same for the row of `picture`, which has the columns "Image" and "Extention"; returns the path.
+QString ExportPicture(const QString& basePath, const Recordset& picture);
 
 /// The bytes of a binary column's present value, taken in blocks. Empty for Null.
 QByteArray BytesOf(const Field& field);

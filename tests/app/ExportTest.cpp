@@ -82,6 +82,35 @@ TEST_F(Exporting, ATargetThatCannotBeWrittenIsNamed)
     EXPECT_TRUE(window->isEnabled());
 }
 
+TEST_F(Exporting, WebPagesAreWrittenAndTold)
+{
+    Entry("mnuWebExport").trigger();
+    const QString site = home.Path(u"Export/Web"_s);
+    EXPECT_EQ(TakeMessages(), "64 Web Export Complete: Web Export has completed and has been saved to\n" + site.toStdString());
+    EXPECT_EQ(dialogs.made, QStringList{site + u"/index.html"_s});
+    EXPECT_EQ(FileContent(site + u"/index.html"_s).count("<article"), 23);
+
+    QFile::remove(home.Path(u"Skins/Default XP/Templates/Web/body.html"_s));
+    Entry("mnuWebExport").trigger();
+    EXPECT_THAT(TakeMessages(),
+                ::testing::HasSubstr("File not found: " + home.Path(u"Skins/Default XP/Templates/Web/body.html"_s).toStdString()));
+}
+
+TEST_F(Exporting, TheExportByViewAsksWhereFilmsAreLeftOut)
+{
+    Entry("mnuWebExportByView").trigger(); // by title, where each film has its page
+    EXPECT_EQ(TakeMessages(), "64 : Complete");
+    Entry("mnuViewMode_2").trigger();
+    QDir(home.Path(u"Export"_s)).removeRecursively();
+    Entry("mnuWebExportByView").trigger();
+    EXPECT_THAT(TakeMessages(), ::testing::StartsWith("4 Web Export: 22 films stand on no page"));
+    EXPECT_FALSE(QFile::exists(home.Path(u"Export"_s)));
+    dialogs.answers << kAnswerYes;
+    Entry("mnuWebExportByView").trigger();
+    EXPECT_THAT(TakeMessages(), ::testing::EndsWith("64 : Complete"));
+    EXPECT_EQ(QDir(home.Path(u"Export/Web"_s)).entryList({u"3.htm"_s, u"1.htm"_s}), QStringList{u"3.htm"_s});
+}
+
 /// The window of the text export on the same catalog.
 class TextExporting : public Exporting
 {

@@ -76,6 +76,7 @@ TEST_F(Wizard, ATemplateIsSeenAndUsedByKeysAlone)
     const auto& templates = Get<QListWidget>(wizard, "lstTemplates");
     ASSERT_EQ(templates.count(), 2);
     EXPECT_EQ(templates.item(0)->text(), u"A. look"_s);
+    EXPECT_TRUE(templates.item(0)->isSelected());
     EXPECT_EQ(Get<QLabel>(wizard, "lblType").text() + Get<QLabel>(wizard, "lblDetail").text() + Get<QLabel>(wizard, "lblPerPage").text() +
                   Get<QLabel>(wizard, "lblNav").text() + Get<QLabel>(wizard, "lblFiles").text(),
               u"StandardNoYesYes1"_s);

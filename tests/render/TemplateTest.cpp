@@ -69,7 +69,8 @@ TEST_F(Packages, NothingIsUnpackedOutsideTheFolder)
     {
         const char* folder;
         const char* name;
-    } const cases[] = {{"..", "x"}, {"in/../..", "x"}, {"in\\..\\..", "x"}, {"in", "../../x"}, {"in", "..\\x"}, {"link", "x"}, {"in", ""}};
+    } const cases[] = {{"..", "x"},         {"in/../..", "x"}, {"in\\..\\..", "x"}, {"in", "../../x"},
+                       {"in", "..\\..\\x"}, {"link", "x"},     {"in", ""}};
     for (const auto& [folder, name] : cases) {
         cTemplate made;
         made.AddFile("good", u"good.txt"_s, QString());

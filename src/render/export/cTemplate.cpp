@@ -95,9 +95,7 @@ QString cTemplate::SaveThumbnail(const QString& folder) const
 {
     Connection package = OpenCatalog(PackagePath);
     const Recordset previews = OpenTable("Previews"_L1, package, LockType::ReadOnly);
-    const QString path = PathBelow(folder, u"preview."_s + previews[u"Extention"].Get().Text());
-    WriteFileFast(path, BytesOf(previews[u"Image"]));
-    return path;
+    return ExportPicture(folder + u"/preview"_s, previews);
 }
 
 void cTemplate::SaveAdditionalFiles(const QString& folder) const

@@ -124,6 +124,9 @@ void frmExportWeb::ShowPage(int page)
     m_ui->cmdNext->setText(page == LastPage() ? u"&Finish"_s : u"&Next >>"_s);
     if (!isNew)
         return;
+    // Before the list gets the focus, which would make a row current without selecting it.
+    if (page == kTemplate && m_ui->lstTemplates->currentRow() < 0)
+        m_ui->lstTemplates->setCurrentRow(0);
     QWidget* const first[] = {m_ui->cmdNext, m_ui->lstTemplates, m_ui->optDetail, m_ui->updPerPage, m_ui->cmdExport};
     QWidget* focus = first[page]->isEnabled() ? first[page] : m_ui->cmdNext;
     if (focus == m_ui->optDetail && m_ui->optNoDetail->isChecked())
@@ -131,8 +134,6 @@ void frmExportWeb::ShowPage(int page)
     focus->setFocus();
     m_ui->updPerPage->selectAll(); // what is typed takes its place
     (page == LastPage() && m_ui->cmdExport->isEnabled() ? m_ui->cmdExport : m_ui->cmdNext)->setDefault(true);
-    if (page == kTemplate && m_ui->lstTemplates->currentRow() < 0)
-        m_ui->lstTemplates->setCurrentRow(0);
 }
 
 void frmExportWeb::GoOn()
@@ -161,6 +162,8 @@ void frmExportWeb::Export()
     m_context.exportFilms({.package = m_template.PackagePath,
                            .details = m_template.DetailsPage && m_ui->optDetail->isChecked(),
                            .filmsPerPage = m_template.FilmsPerPage ? m_ui->updPerPage->value() : 0});
+    m_ui->cmdNext->setDefault(true);
+    m_ui->cmdNext->setFocus();
 }
 
 } // namespace kelvado
