@@ -11,9 +11,9 @@
 #include "panels/FilmEdit.h"
 #include "panels/forms/frmEditAddChar.h"
 #include "panels/forms/frmPeople.h"
+#include "render/export/WebExportByView.h"
 #include "render/export/TextExport.h"
 #include "render/export/TextFields.h"
-#include "render/export/WebExportByView.h"
 #include "render/export/mXMLOutput.h"
 #include "store/CaseBlind.h"
 #include "store/CatalogTemplate.h"
@@ -470,55 +470,6 @@ void ExportXmlBare(benchmark::State& state)
     }
 }
 
-// All films as text: with columns of their own alone, and with genres and actors.
-void ExportText(benchmark::State& state)
-{
-    const bool hasNames = state.range(0) != 0;
-    state.SetLabel(hasNames ? "with names" : "own columns");
-    Connection connection = OpenCatalog(BuiltCatalog());
-    TextExport text;
-    text.path = g_folder + (hasNames ? u"/names.txt"_s : u"/films.txt"_s);
-    text.order = TextOrder(u"Title"_s, false);
-    for (const TextField& field : TextFields()) {
-        const QByteArray key = field.key;
-        const bool isName = key == "Genre.Genre" || key == "Actor.Actor";
-        if (key == "Movie.Title" || key == "Movie.Year" || key == "Movie.Format" || (hasNames && isName)) {
-            text.entries << ColumnEntry(field, connection);
-            text.entries.last().Formated = !isName;
-        }
-    }
-    connection.Close();
-    for ([[maybe_unused]] const auto round : state) {
-        connection = OpenCatalog(BuiltCatalog());
-        BuildTextExport(text, connection, [](const ExportStep&) { return true; });
-    }
-    state.counters["bytes"] = static_cast<double>(QFileInfo(text.path).size());
-}
-
-// What that takes at the least: the same columns read, and the same bytes written.
-void ExportTextBare(benchmark::State& state)
-{
-    const bool hasNames = state.range(0) != 0;
-    state.SetLabel(hasNames ? "with names" : "own columns");
-    QFile written(g_folder + (hasNames ? u"/names.txt"_s : u"/films.txt"_s));
-    if (!written.open(QIODevice::ReadOnly))
-        return state.SkipWithError("run ExportText first, in the same folder");
-    const QByteArray bytes = written.readAll();
-    const QString catalog = BuiltCatalog();
-    for ([[maybe_unused]] const auto round : state) {
-        Engine engine(catalog);
-        engine.Walk("SELECT Movie_ID, Title, Year, Format FROM Movie ORDER BY Title", 0, [&](qint64 film) {
-            if (!hasNames)
-                return;
-            engine.Walk("SELECT Genre.Genre FROM GenreLink JOIN Genre USING (Genre_ID) WHERE Movie_ID = ?", film, [](qint64) {});
-            engine.Walk("SELECT Actor.Actor FROM ActorLink JOIN Actor USING (Actor_ID) WHERE Movie_ID = ?", film, [](qint64) {});
-        });
-        QFile file(g_folder + u"/bare.txt"_s);
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
-            return state.SkipWithError("the bytes cannot be written");
-    }
-}
-
 // The catalog with a cover of 60,000 bytes for 2,000 films.
 QString CatalogWithPictures()
 {
@@ -630,6 +581,55 @@ void ExportWebViewBare(benchmark::State& state)
     CopySite(state, u"view%1"_s.arg(state.range(0)));
 }
 
+// All films as text: with columns of their own alone, and with genres and actors.
+void ExportText(benchmark::State& state)
+{
+    const bool hasNames = state.range(0) != 0;
+    state.SetLabel(hasNames ? "with names" : "own columns");
+    Connection connection = OpenCatalog(BuiltCatalog());
+    TextExport text;
+    text.path = g_folder + (hasNames ? u"/names.txt"_s : u"/films.txt"_s);
+    text.order = TextOrder(u"Title"_s, false);
+    for (const TextField& field : TextFields()) {
+        const QByteArray key = field.key;
+        const bool isName = key == "Genre.Genre" || key == "Actor.Actor";
+        if (key == "Movie.Title" || key == "Movie.Year" || key == "Movie.Format" || (hasNames && isName)) {
+            text.entries << ColumnEntry(field, connection);
+            text.entries.last().Formated = !isName;
+        }
+    }
+    connection.Close();
+    for ([[maybe_unused]] const auto round : state) {
+        connection = OpenCatalog(BuiltCatalog());
+        BuildTextExport(text, connection, [](const ExportStep&) { return true; });
+    }
+    state.counters["bytes"] = static_cast<double>(QFileInfo(text.path).size());
+}
+
+// What that takes at the least: the same columns read, and the same bytes written.
+void ExportTextBare(benchmark::State& state)
+{
+    const bool hasNames = state.range(0) != 0;
+    state.SetLabel(hasNames ? "with names" : "own columns");
+    QFile written(g_folder + (hasNames ? u"/names.txt"_s : u"/films.txt"_s));
+    if (!written.open(QIODevice::ReadOnly))
+        return state.SkipWithError("run ExportText first, in the same folder");
+    const QByteArray bytes = written.readAll();
+    const QString catalog = BuiltCatalog();
+    for ([[maybe_unused]] const auto round : state) {
+        Engine engine(catalog);
+        engine.Walk("SELECT Movie_ID, Title, Year, Format FROM Movie ORDER BY Title", 0, [&](qint64 film) {
+            if (!hasNames)
+                return;
+            engine.Walk("SELECT Genre.Genre FROM GenreLink JOIN Genre USING (Genre_ID) WHERE Movie_ID = ?", film, [](qint64) {});
+            engine.Walk("SELECT Actor.Actor FROM ActorLink JOIN Actor USING (Actor_ID) WHERE Movie_ID = ?", film, [](qint64) {});
+        });
+        QFile file(g_folder + u"/bare.txt"_s);
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
+            return state.SkipWithError("the bytes cannot be written");
+    }
+}
+
 BENCHMARK(StoreFilms)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(StoreFilmsBare)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(ReadFilms)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
@@ -645,8 +645,6 @@ BENCHMARK(SaveEdits)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggre
 BENCHMARK(StoreChangesBare)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(ExportXml)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(ExportXmlBare)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
-BENCHMARK(ExportText)->DenseRange(0, 1)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
-BENCHMARK(ExportTextBare)->DenseRange(0, 1)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(ExportWebPages)->Iterations(1)->Unit(benchmark::kMillisecond)->Repetitions(3)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(ExportWebPagesBare)->Iterations(1)->Unit(benchmark::kMillisecond)->Repetitions(3)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(ExportWebView)
@@ -663,6 +661,8 @@ BENCHMARK(ExportWebViewBare)
     ->Repetitions(3)
     ->ReportAggregatesOnly()
     ->UseRealTime();
+BENCHMARK(ExportText)->DenseRange(0, 1)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
+BENCHMARK(ExportTextBare)->DenseRange(0, 1)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(OpenPerson)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 BENCHMARK(ChoosePerson)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 
