@@ -43,6 +43,14 @@ qsizetype ControlAt(QByteArrayView text, qsizetype place)
 /// Appends a text of UTF-8 as one line holds it, without outer blanks.
 void AppendOneLine(std::string& line, QByteArrayView text)
 {
+    if (std::ranges::all_of(text, [](char byte) { return byte >= ' ' && byte < '\x7F'; })) {
+        while (!text.isEmpty() && text.front() == ' ')
+            text = text.sliced(1);
+        while (!text.isEmpty() && text.back() == ' ')
+            text.chop(1);
+        line.append(text.data(), static_cast<std::size_t>(text.size()));
+        return;
+    }
     if (!text.isValidUtf8()) // other tools store half characters, too
         return AppendOneLine(line, QString::fromUtf8(text).toUtf8());
     const std::size_t start = line.size();
@@ -238,15 +246,12 @@ void CellFormat::FormatCell(std::string& line, QByteArrayView value) const
     AppendOneLine(line, value);
     if (m_cut < 0 && m_width == 0)
         return;
-    int characters = 0;
-    for (std::size_t place = start; place < line.size(); ++place) {
-        if (!BeginsCharacter(line[place]))
-            continue;
-        if (characters == m_cut) {
-            line.resize(place);
-            break;
-        }
-        ++characters;
+    auto characters = static_cast<int>(std::count_if(line.begin() + static_cast<std::ptrdiff_t>(start), line.end(), BeginsCharacter));
+    if (m_cut >= 0 && characters > m_cut) {
+        std::size_t end = start;
+        for (characters = 0; characters < m_cut || !BeginsCharacter(line[end]); ++end)
+            characters += BeginsCharacter(line[end]) ? 1 : 0;
+        line.resize(end);
     }
     const int missing = m_width - characters;
     if (missing <= 0)
