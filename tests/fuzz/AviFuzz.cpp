@@ -7,27 +7,22 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <cstddef>
-#include <cstdint>
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace kelvado;
     static const QTemporaryDir folder;
     const QString path = folder.filePath(u"film.avi"_s);
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size)) < 0)
-            return 0;
-    }
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size)) < 0)
+        return 0;
+    file.close();
     AVIDetails details;
+    ReadAVIStreamInfo(path, details.file, details.stream);
+    details.audio = ReadAudioFormat(path);
     try {
-        ReadAVIStreamInfo(path, details.file, details.stream);
-        details.audio = ReadAudioFormat(path);
         FrameRateText(details.file.dwRate, details.file.dwScale);
-        details.FileSize = GetAVIFileLength(path);
-        SetBitrates(details, details.file.dwLength / (double(details.file.dwRate) / details.file.dwScale));
-    } catch (const RuntimeError&) {
+        SetBitrates(details, details.file.dwLength);
+    } catch (const RuntimeError&) { // for a frame rate or length of 0
         return 0;
     }
     return 0;
