@@ -7,12 +7,15 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <MediaInfo/MediaInfo.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
 namespace kelvado {
 
@@ -173,12 +176,12 @@ QString VideoCodeOf(MediaReader& media)
     using namespace MediaInfoLib;
     const QString format = media.Text(Stream_Video, L"Format");
     const QString version = media.Text(Stream_Video, L"Format_Version");
-    if (const QString code = CodeFrom(kVideoCodes, format, version); !code.isEmpty())
+    if (QString code = CodeFrom(kVideoCodes, format, version); !code.isEmpty())
         return code;
     const QString named = media.Text(Stream_Video, L"CodecID").section(u'/', -1).trimmed();
     if (named.size() == 4 && named[0].isLetterOrNumber())
         return named.toUpper();
-    if (const QString code = CodeFrom(kVideoCodesWithoutName, format, version); !code.isEmpty())
+    if (QString code = CodeFrom(kVideoCodesWithoutName, format, version); !code.isEmpty())
         return code;
     return format.toUpper().left(4);
 }
@@ -283,6 +286,13 @@ bool IsAvi(const QString& path)
     return (head.startsWith("RIFF") || head.startsWith("RIFX")) && head.endsWith("AVI ");
 }
 
+// A film on a video disc is parted into files; the first one of each stands for it, and menus are none.
+bool IsFurtherPart(const QString& fileName)
+{
+    static const QRegularExpression part(u"^(VIDEO_TS|VTS_\\d\\d_[02-9])\\.VOB$"_s, QRegularExpression::CaseInsensitiveOption);
+    return part.match(fileName).hasMatch();
+}
+
 void FindIn(const QDir& folder, int depth, const std::function<bool()>& goesOn, QStringList& found, bool& ended)
 {
     if (goesOn && !goesOn())
@@ -292,7 +302,7 @@ void FindIn(const QDir& folder, int depth, const std::function<bool()>& goesOn, 
         if (ended)
             return;
         if (entry.isFile()) {
-            if (IsVideoFile(entry.fileName()))
+            if (IsVideoFile(entry.fileName()) && !IsFurtherPart(entry.fileName()))
                 found << entry.filePath();
         } else if (!entry.isSymLink() && depth < kDeepest) {
             FindIn(QDir(entry.filePath()), depth + 1, goesOn, found, ended);
