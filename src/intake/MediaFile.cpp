@@ -70,7 +70,7 @@ struct AudioTag
     std::int16_t tag;
 };
 // Format tags as an AVI has them. E-AC-3 and TrueHD have none there; theirs are free numbers.
-constexpr std::array<AudioTag, 19> kAudioTags{{
+constexpr std::array<AudioTag, 20> kAudioTags{{
     {"AAC"_L1, ""_L1, 255},
     {"AC-3"_L1, ""_L1, 8192},
     {"E-AC-3"_L1, ""_L1, 8448},
@@ -89,6 +89,7 @@ constexpr std::array<AudioTag, 19> kAudioTags{{
     {"ALAC"_L1, ""_L1, 27745},
     {"WMA"_L1, "Version 1"_L1, 352},
     {"WMA"_L1, "Pro"_L1, 354},
+    {"WMA"_L1, "Lossless"_L1, 355},
     {"WMA"_L1, ""_L1, 353},
 }};
 constexpr std::int16_t kTagOfUnnamed = -1;
@@ -268,11 +269,15 @@ AVIDetails ReadOther(const QString& path)
         details.file.dwLength =
             static_cast<std::uint32_t>(std::min(RoundHalfEven(frames), double(std::numeric_limits<std::uint32_t>::max())));
     }
-    if (seconds > 0)
-        SetBitrates(details, seconds);
-    // What the stream says of itself is better than what is left of the file.
-    if (const double bits = media.Number(Stream_Video, L"BitRate"); bits > 0)
-        details.VideoBitrate = RoundToLong(bits / 1000);
+    try {
+        if (seconds > 0)
+            SetBitrates(details, seconds);
+        // What the stream says of itself is better than what is left of the file.
+        if (const double bits = media.Number(Stream_Video, L"BitRate"); bits > 0)
+            details.VideoBitrate = RoundToLong(bits / 1000);
+    } catch (const RuntimeError&) {
+        RaiseUnreadable(path, u"the running time in it cannot be right"_s);
+    }
     return details;
 }
 
