@@ -218,9 +218,9 @@ AVIDetails GetAVIDetails(const QString& path, const QString& catalogPath)
     try {
         SetFigures(path, details);
     } catch (const RuntimeError& error) {
-        if (error.Number() != kErrDivisionByZero)
-            throw;
-        throw RuntimeError::WithDetail(kErrDivisionByZero, path + u" has no film in the form of an AVI"_s);
+        if (error.Description() != DescriptionOfError(error.Number()))
+            throw; // it names the file already
+        throw RuntimeError::WithDetail(error.Number(), path + u" (its headers are not those of an AVI with a film)"_s);
     }
     details.VideoType = LookupVideoCodec(details.stream.fccHandler, catalogPath);
     details.AudioType = LookupAudioCodec(details.audio.wFormatTag, catalogPath);

@@ -60,13 +60,12 @@ TEST(FileFilm, AMonitorWatchesOnceAndNoLongerThanItLives)
 {
     ScriptedDiscs discs, other;
     QList<int> actions;
-    {
-        cCDMonitor monitor;
-        QObject::connect(&monitor, &cCDMonitor::CDROMChanged, &monitor, [&](std::int32_t action) { actions << action; });
-        monitor.SubClass(discs);
-        monitor.SubClass(other);
-        discs.watcher(kDiscArrived);
-    }
+    auto monitor = std::make_unique<cCDMonitor>();
+    QObject::connect(monitor.get(), &cCDMonitor::CDROMChanged, monitor.get(), [&](std::int32_t action) { actions << action; });
+    monitor->SubClass(discs);
+    monitor->SubClass(other);
+    discs.Tell(kDiscArrived);
+    monitor.reset();
     EXPECT_EQ(actions, QList<int>{kDiscArrived});
     EXPECT_FALSE(discs.watcher || other.watcher);
 }

@@ -40,7 +40,6 @@ TEST_F(TitleImports, LinesAreReadInAnyTextFile)
     EXPECT_EQ(ErrorOf([&] { return ReadTitles(home.Path(u"none"_s)).size(); }), kErrFileNotFound);
     int steps = 0;
     EXPECT_EQ(ErrorOf([&] { return Read(QByteArray(3 << 20, 'x'), [&](qsizetype, qsizetype) { return ++steps < 3; }); }), kErrCancelled);
-    EXPECT_EQ(steps, 3);
 }
 
 TEST_F(TitleImports, EachLineIsAFilmOfItsOwnAndTheTreeIsFilledAnew)

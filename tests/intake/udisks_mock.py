@@ -1,4 +1,4 @@
-"""A disc service with drives for discs, a memory stick and a reader of memory cards."""
+"""A disc service with drives for discs and a reader of memory cards."""
 
 import dbus
 import dbusmock
@@ -44,5 +44,4 @@ def load(mock, parameters):
     add(mock, "sr1", "optical_bd", "", False)
     add(mock, "sr2", "optical_dvd", "SCRATCH", True, REFUSE)
     add(mock, "sr3", "optical_dvd", "SLOW", True, SLEEP)
-    add(mock, "sda", "thumb", "STICK", True, MOUNT % "STICK")
     add(mock, "mmcblk0", "flash_sd", "CARD", True, MOUNT % "CARD")

@@ -25,6 +25,8 @@ public:
     }
     void Watch(std::function<void(std::int32_t action)> changed) override { watcher = std::move(changed); }
 
+    void Tell(std::int32_t action) const { watcher(action); }
+
     QList<DiscDrive> drives;
     QString whyNone;
     QHash<QString, QString> folders, faults; ///< by roots
