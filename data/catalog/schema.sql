@@ -232,7 +232,9 @@ INSERT INTO VideoCodecs (Codec_ID, DisplayName) VALUES
     ('VP30', 'On2 VP3'), ('VP31', 'On2 VP3.1'), ('VP60', 'On2 VP6'), ('VP61', 'On2 VP6.1'), ('VP62', 'On2 VP6.2'),
     ('IV31', 'Intel Indeo 3.1'), ('IV32', 'Intel Indeo 3.2'), ('IV41', 'Intel Indeo 4.1'), ('IV50', 'Intel Indeo 5.0'),
     ('CVID', 'Cinepak'), ('CRAM', 'Microsoft Video 1'), ('MSVC', 'Microsoft Video 1'), ('MRLE', 'Microsoft RLE'), ('MJPG', 'Motion JPEG'),
-    ('DVSD', 'DV'), ('HFYU', 'HuffYUV'), ('I420', 'Uncompressed I420'), ('YV12', 'Uncompressed YV12'), ('YUY2', 'Uncompressed YUY2');
+    ('DVSD', 'DV'), ('HFYU', 'HuffYUV'), ('VP80', 'VP8'), ('VP90', 'VP9'), ('AV01', 'AV1'), ('THEO', 'Theora'),
+    ('FLV1', 'Sorenson Spark'), ('WVC1', 'Windows Media Video 9 Advanced'), ('I420', 'Uncompressed I420'),
+    ('YV12', 'Uncompressed YV12'), ('YUY2', 'Uncompressed YUY2');
 
 -- Format tags, as signed numbers of 16 bits.
 INSERT INTO AudioCodecs (Codec_ID, DisplayName) VALUES
@@ -240,7 +242,8 @@ INSERT INTO AudioCodecs (Codec_ID, DisplayName) VALUES
     (49, 'GSM 6.10'), (66, 'G.723.1'), (80, 'MPEG-1 Layer 2'), (85, 'MPEG-1 Layer 3'), (255, 'AAC'), (304, 'ACELP.net'),
     (352, 'Windows Media Audio 1'), (353, 'Windows Media Audio 2'), (354, 'Windows Media Audio 9 Professional'),
     (355, 'Windows Media Audio 9 Lossless'), (1025, 'Intel Music Coder'), (8192, 'AC-3'), (8193, 'DTS'), (22127, 'Ogg Vorbis'),
-    (26447, 'Ogg Vorbis 1'), (26448, 'Ogg Vorbis 2'), (26449, 'Ogg Vorbis 3'), (28751, 'Ogg Vorbis 1+'), (28752, 'Ogg Vorbis 2+'),
-    (28753, 'Ogg Vorbis 3+'), (-3668, 'FLAC'), (-2, 'Extensible');
+    (26447, 'Ogg Vorbis 1'), (26448, 'Ogg Vorbis 2'), (26449, 'Ogg Vorbis 3'), (26479, 'Ogg Vorbis 1+'), (26480, 'Ogg Vorbis 2+'),
+    (26481, 'Ogg Vorbis 3+'), (28751, 'Opus'), (27745, 'ALAC'), (8448, 'E-AC-3'), (8449, 'Dolby TrueHD'), (-3668, 'FLAC'),
+    (-2, 'Extensible');
 
 COMMIT;

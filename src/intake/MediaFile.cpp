@@ -254,7 +254,8 @@ AVIDetails ReadOther(const QString& path)
     details.stream = {u"vids"_s, VideoCodeOf(media)};
     details.audio = AudioOf(media);
 
-    const double milliseconds = media.Number(media.Number(Stream_Video, L"Duration") > 0 ? Stream_Video : Stream_General, L"Duration");
+    // Where the last frames bear no time, the video seems to end before the file.
+    const double milliseconds = std::max(media.Number(Stream_Video, L"Duration"), media.Number(Stream_General, L"Duration"));
     const double seconds = milliseconds / 1000;
     details.Runtime = NumberText(seconds);
     SetFrameRate(media, details.file);

@@ -398,6 +398,15 @@ void FilmPanel::ShowRecord(const FilmRecord& film, QDate lastViewing)
     m_loading = false;
 }
 
+void FilmPanel::TakeFileFacts(const FilmRecord& facts)
+{
+    for (const auto member : {&FilmRecord::VidType, &FilmRecord::AudType, &FilmRecord::VidBitrate, &FilmRecord::AudBitrate,
+                              &FilmRecord::FileName, &FilmRecord::Resolution, &FilmRecord::AudChannels, &FilmRecord::Filesize}) {
+        const auto field = std::find_if(m_fields.begin(), m_fields.end(), [member](const Bound& one) { return one.member == member; });
+        SetText(*field->control, facts.*member);
+    }
+}
+
 FilmRecord FilmPanel::ReadRecord()
 {
     FilmRecord film;

@@ -64,6 +64,8 @@ protected:
     void ShowRecord(const FilmRecord& film, QDate lastViewing);
     /// Raises `kErrTypeMismatch` with the field's name for a price that is no number.
     FilmRecord ReadRecord();
+    /// Puts the facts of a file into their boxes, as changes of the user.
+    void TakeFileFacts(const FilmRecord& facts);
     void ShowPeople(const FilmRecord& film);
     void ShowCompanies(const FilmRecord& film);
     PairList& ShownPeople() const;

@@ -5,6 +5,8 @@
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 #include "core/WebHosts.h"
+#include "intake/FileFilm.h"
+#include "intake/MediaFile.h"
 #include "panels/FilmPeople.h"
 #include "panels/PictureStore.h"
 #include "panels/forms/frmEditAddChar.h"
@@ -258,7 +260,16 @@ void Form3::OnImage(Cover cover, const QString& path)
 
 void Form3::OnAvi()
 {
-    m_context.dialogs.MessageBox(tr("Video files cannot be read yet."), kBoxInformation);
+    ShownFilm();
+    FileDialog& dialog = m_context.state.ComDiag;
+    dialog.filter = VideoFileFilter();
+    m_context.dialogs.ShowOpen(dialog);
+    const std::optional<AVIDetails> details = ReadChosenFile(dialog.fileName, m_catalogPath);
+    if (!details)
+        return;
+    FilmRecord facts;
+    SetFileFacts(*details, facts);
+    TakeFileFacts(facts);
 }
 
 void Form3::OnNfo()
