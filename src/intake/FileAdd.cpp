@@ -122,9 +122,12 @@ QString FilmFileQueue::PlaceText() const
     return u"File %1 of %2: "_s.arg(m_taken).arg(m_taken + m_waiting.size()) + FileNameOf(m_current);
 }
 
-void FilmFileQueue::NoteFailure(const QString& reason)
+void FilmFileQueue::NoteFailure(const RuntimeError& error)
 {
-    m_failures << FileNameOf(m_current) + u": "_s + reason;
+    if (error.Number() == kErrDivisionByZero)
+        m_failures << m_current + u": the file is not whole, or has no frames"_s;
+    else
+        m_failures << (error.Description().contains(m_current) ? error.Description() : m_current + u": "_s + error.Description());
 }
 
 QString FilmFileQueue::TakeFailures()

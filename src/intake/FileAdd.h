@@ -50,7 +50,7 @@ public:
     QString PlaceText() const;
 
     /// Keeps why the file in work cannot be read.
-    void NoteFailure(const QString& reason);
+    void NoteFailure(const RuntimeError& error);
     /// What to tell of the failures since the last call; empty without any.
     QString TakeFailures();
 

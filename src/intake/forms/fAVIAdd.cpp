@@ -1,5 +1,6 @@
 #include "intake/forms/fAVIAdd.h"
 
+#include "core/Afterwards.h"
 #include "core/Guard.h"
 #include "core/Literals.h"
 #include "intake/MediaFile.h"
@@ -107,18 +108,22 @@ void fAVIAdd::SetDefault(QPushButton* button)
         one->setDefault(one == button);
 }
 
+// The window that was closed before may have been in front of another one than this.
+void fAVIAdd::TakeFocus(QWidget& control)
+{
+    window()->activateWindow();
+    control.setFocus();
+}
+
 void fAVIAdd::FocusSource()
 {
     SetDefault(FromDisc() ? m_ui->cmdCDScan : m_ui->cmdBrowse);
-    if (FromDisc())
-        m_ui->cboDrives->setFocus();
-    else
-        m_ui->txtFilename->setFocus();
+    TakeFocus(FromDisc() ? static_cast<QWidget&>(*m_ui->cboDrives) : *m_ui->txtFilename);
 }
 
 void fAVIAdd::FocusSearch()
 {
-    m_ui->txtSearch->setFocus();
+    TakeFocus(*m_ui->txtSearch);
     m_ui->txtSearch->selectAll();
     SetDefault(m_ui->cmdAddMovie);
 }
@@ -273,7 +278,7 @@ void fAVIAdd::ReadNext()
     try {
         ShowDetails(GetMediaDetails(*path, m_desk.state.CatalogPath()));
     } catch (const RuntimeError& error) {
-        m_queue.NoteFailure(error.Description());
+        m_queue.NoteFailure(error);
         // In steps, so that the window stays alive however many of them cannot be read.
         QTimer::singleShot(0, this, [this, path] {
             if (m_queue.IsAtWork() && m_ui->txtFilename->text() == *path)
@@ -318,8 +323,12 @@ void fAVIAdd::AddMovie()
         m_desk.dialogs.MessageBox(u"No Film Selected Or Imdb Search Error."_s, kBoxPlain);
         return FocusSearch();
     }
-    if (!AddChosen(*row))
-        FocusSearch();
+    bool stored = false;
+    Afterwards([&] { stored = AddChosen(*row); },
+               [&] {
+                   if (!stored)
+                       FocusSearch();
+               });
 }
 
 bool fAVIAdd::AddChosen(const SearchRow& row)
@@ -342,7 +351,6 @@ bool fAVIAdd::AddChosen(const SearchRow& row)
     if (FromDisc())
         LeaveDisc();
     m_desk.dialogs.MessageBox(u"Successfully added "_s + *title, kBoxPlain);
-    window()->activateWindow();
     if (m_queue.IsAtWork())
         ReadNext();
     else

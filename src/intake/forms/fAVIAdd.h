@@ -64,6 +64,7 @@ private:
     void LeaveDisc();
     void ResetPanel();
     void ClearEntries();
+    void TakeFocus(QWidget& control);
     void FocusSource();
     void FocusSearch();
     void SetDefault(QPushButton* button);
