@@ -31,6 +31,7 @@ fAVIAdd::fAVIAdd(FilmDesk& desk, Discs& discs, StepRun& run, const Skinner& skin
         box->setAcceptDrops(false);
     m_skinner.SkinForm(*this);
     ConnectControls();
+    ShowLabels({});
     ShowQueue();
 }
 
@@ -209,20 +210,27 @@ void fAVIAdd::ScanDisc()
         ShowDetails(GetMediaDetails(*film, m_desk.state.CatalogPath()));
 }
 
+// A label without a text is none for assistive programs, which would give it the name of the frame.
+void fAVIAdd::ShowLabels(const FileLabels& labels)
+{
+    for (const auto& [label, text] : {std::pair(m_ui->lblFilename, labels.lblFilename),
+                                      {m_ui->lblFilesize, labels.lblFilesize},
+                                      {m_ui->lblFPS, labels.lblFPS},
+                                      {m_ui->lblResolution, labels.lblResolution},
+                                      {m_ui->lblRuntime, labels.lblRuntime},
+                                      {m_ui->lblAudioType, labels.lblAudioType},
+                                      {m_ui->lblAudioBitrate, labels.lblAudioBitrate},
+                                      {m_ui->lblVideoType, labels.lblVideoType},
+                                      {m_ui->lblVideoBitrate, labels.lblVideoBitrate}}) {
+        label->setText(text);
+        label->setVisible(!text.isEmpty());
+    }
+}
+
 void fAVIAdd::ShowDetails(const AVIDetails& details)
 {
     m_file = details;
-    const FileLabels labels = LabelsOf(m_file);
-    m_ui->lblFilename->setText(labels.lblFilename);
-    m_ui->lblFilesize->setText(labels.lblFilesize);
-    m_ui->lblFPS->setText(labels.lblFPS);
-    m_ui->lblResolution->setText(labels.lblResolution);
-    m_ui->lblRuntime->setText(labels.lblRuntime);
-    m_ui->lblAudioType->setText(labels.lblAudioType);
-    m_ui->lblAudioBitrate->setText(labels.lblAudioBitrate);
-    m_ui->lblVideoType->setText(labels.lblVideoType);
-    m_ui->lblVideoBitrate->setText(labels.lblVideoBitrate);
-
+    ShowLabels(LabelsOf(m_file));
     QString group, title;
     DeriveTitleAndGroup(m_file.FileName, group, title);
     m_ui->txtGroup->setText(group);

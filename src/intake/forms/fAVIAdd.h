@@ -55,6 +55,7 @@ private:
     void AddFolder();
     void ScanDisc();
     void ReadFile(const QString& path);
+    void ShowLabels(const FileLabels& labels);
     void ShowDetails(const AVIDetails& details);
     void ReadNext();
     void EndQueue();

@@ -48,7 +48,12 @@ void frmImpTitles::SelectFile()
 void frmImpTitles::AddMovies()
 {
     try {
-        m_context.run.Run(*this, {windowTitle(), tr("Storing titles…")}, [this] { Import(); });
+        // While the window waits for the run, no control of it keeps the focus.
+        Afterwards(
+            [this] {
+                m_context.run.Run(*this, {windowTitle(), tr("Storing titles…")}, [this] { Import(); });
+            },
+            [this] { m_ui->Command2->setFocus(); });
         accept();
     } catch (const RuntimeError& error) {
         if (error.Number() != kErrCancelled)
