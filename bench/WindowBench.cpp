@@ -14,6 +14,7 @@
 #include "core/RuntimeError.h"
 #include "panels/forms/Form3.h"
 #include "render/forms/PageEngine.h"
+#include "intake/UDisks.h"
 #include "render/forms/frmPageView.h"
 #include "store/Recordset.h"
 #include "store/mFileAccess.h"
@@ -147,7 +148,8 @@ int Measure(const QString& catalog)
     WriteProfileValue(u"Settings"_s, u"Default"_s, catalog, SettingsFile());
     DesktopDialogs dialogs;
     DesktopEvents events;
-    Form1 window(dialogs, events);
+    UDisks discs;
+    Form1 window(dialogs, events, discs);
     dialogs.SetOwner(&window);
     LoaderMain(window, {});
     WaitFor(&window, &Form1::Ready);

@@ -46,7 +46,7 @@ QString Ending(const FileDialog& dialog)
     return dialog.filter.section(u'|', 1, 1).section(u'.', 1).section(u';', 0, 0).trimmed();
 }
 
-// A box is as wide as its text, which may leave its title no room.
+// A box is as wide as its text, which may leave its title no room. Called last: the box lays itself out anew for its icon.
 void WidenToTitle(QMessageBox& box)
 {
     constexpr int kButtonsOfTitle = 120;
@@ -64,7 +64,6 @@ void SetUp(QMessageBox& box, const QString& text, const QString& title)
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    WidenToTitle(box);
 }
 
 } // namespace
@@ -90,12 +89,14 @@ int DesktopDialogs::MessageBox(const QString& text, int type, const QString& tit
                 : yesNo                   ? QMessageBox::Question
                                           : QMessageBox::NoIcon);
     if (!yesNo) {
+        WidenToTitle(box);
         box.exec();
         return kAnswerOk;
     }
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | (mayCancel ? QMessageBox::Cancel : QMessageBox::NoButton));
     if ((type & kBoxDefaultNo) != 0)
         box.setDefaultButton(QMessageBox::No);
+    WidenToTitle(box);
     const int pressed = box.exec();
     return pressed == QMessageBox::Yes ? kAnswerYes : pressed == QMessageBox::Cancel ? kAnswerCancel : kAnswerNo;
 }
@@ -109,6 +110,7 @@ void DesktopDialogs::TellMade(const QString& text, const QString& title, const Q
     const QPushButton* folder = box.addButton(QCoreApplication::translate("Dialogs", "Open &Folder"), QMessageBox::ActionRole);
     box.setDefaultButton(box.addButton(QMessageBox::Ok));
     box.setEscapeButton(QMessageBox::Ok);
+    WidenToTitle(box);
     box.exec();
     const QAbstractButton* pressed = box.clickedButton();
     if (pressed != open && pressed != folder)

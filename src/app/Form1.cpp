@@ -4,6 +4,7 @@
 #include "app/CatalogPane.h"
 #include "app/EditMenus.h"
 #include "app/ExportMenus.h"
+#include "app/IntakeMenus.h"
 #include "app/StatusBar.h"
 #include "app/WebMenus.h"
 #include "app/WindowPlace.h"
@@ -88,7 +89,7 @@ QString Caption(const QString& catalog)
 
 } // namespace
 
-Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
+Form1::Form1(Dialogs& dialogs, kelvado::Events& events, Discs& discs, QWidget* parent)
     : QMainWindow(parent), m_ui([this] {
           auto ui = std::make_unique<Ui::Form1>();
           ui->setupUi(this);
@@ -148,6 +149,13 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent)
                                                                        [this] { return m_ui->TreeView1->currentIndex(); },
                                                                        {dialogs, events, *this, m_skinner},
                                                                        [this] { m_editMenus->AskAboutChanges(); }});
+    m_intakeMenus = std::make_unique<IntakeMenus>(
+        IntakeMenus::Context{*this, m_state, m_menus, m_webMenus->Desk(), discs, m_skinner, *m_ui->picGrabSelect, *m_ui->FormScroll,
+                             [this] {
+                                 ShowSection(kMovieGrab);
+                                 return m_state.CurrentSection == kMovieGrab;
+                             },
+                             [this](const QPoint& place, const QString& number) { m_webMenus->ShowFoundMenu(place, number); }});
 }
 
 Form1::~Form1()
@@ -430,6 +438,11 @@ void Form1::ApplyFacts()
 void Form1::UpdateStatus(bool recount)
 {
     m_statusBar->Update(recount);
+}
+
+void Form1::ShowStatusText(const QString& text)
+{
+    m_ui->StatusCells->SetCells({text});
 }
 
 void Form1::ShowWorking(bool busy)
@@ -778,6 +791,11 @@ void Form1::closeEvent(QCloseEvent* event)
     }
     if (m_exportMenus->IsBusy()) {
         m_exportMenus->EndExport([this] { close(); });
+        event->ignore();
+        return;
+    }
+    if (m_intakeMenus->IsBusy()) {
+        m_intakeMenus->EndRun([this] { close(); });
         event->ignore();
         return;
     }

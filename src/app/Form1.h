@@ -4,6 +4,7 @@
 #include "app/Menus.h"
 #include "browse/SelectionFacts.h"
 #include "core/AppState.h"
+#include "core/Discs.h"
 #include "core/Guard.h"
 #include "core/SectionTabs.h"
 #include "core/Shell.h"
@@ -28,6 +29,7 @@ class CatalogModel;
 class CatalogPane;
 class EditMenus;
 class ExportMenus;
+class IntakeMenus;
 class StatusBar;
 class WebMenus;
 class WindowTray;
@@ -38,8 +40,8 @@ class Form1 : public QMainWindow, public Shell
 {
     Q_OBJECT
 public:
-    /// `dialogs` and `events` outlive the window.
-    Form1(Dialogs& dialogs, kelvado::Events& events, QWidget* parent = nullptr);
+    /// All of it outlives the window.
+    Form1(Dialogs& dialogs, kelvado::Events& events, Discs& discs, QWidget* parent = nullptr);
     ~Form1() override;
 
     AppState& State() { return m_state; }
@@ -63,6 +65,7 @@ public:
     void ShowSelection() override;
     void ApplyMenuRules() override;
     void UpdateStatus(bool recount) override;
+    void ShowStatusText(const QString& text) override;
     void ShowWorking(bool busy) override;
     void ShowProgress(int percent) override;
     void EnableMainWindow(bool enabled) override;
@@ -147,6 +150,7 @@ private:
     std::unique_ptr<EditMenus> m_editMenus;
     std::unique_ptr<WebMenus> m_webMenus;
     std::unique_ptr<ExportMenus> m_exportMenus;
+    std::unique_ptr<IntakeMenus> m_intakeMenus;
     SelectionFacts m_selection; ///< as read last
     bool m_activating = false;
     bool m_saved = false;

@@ -120,9 +120,8 @@ void WebMenus::OnMovieRetrieve()
     m_context.askAboutChanges();
     if (!m_retrieveWindow) {
         m_retrieveWindow = new frmAddSingleIMDb(m_desk, m_context.skinner, &m_context.window);
-        connect(m_retrieveWindow, &frmAddSingleIMDb::MenuWanted, this, [this](const QPoint& place, const QString& number) {
-            Guarded(m_context.dialogs, [&] { ShowRowMenu("mnufrmAddSingle", "mnuViewOnIMDb", place, number); });
-        });
+        connect(m_retrieveWindow, &frmAddSingleIMDb::MenuWanted, this,
+                [this](const QPoint& place, const QString& number) { ShowFoundMenu(place, number); });
     }
     m_retrieveWindow->Open(m_context.tree.Selected().data().toString(), *film);
 }
@@ -183,6 +182,11 @@ void WebMenus::VisitFilm(const QString& number)
 void WebMenus::Visit(const QString& address)
 {
     OpenInBrowser(address, m_context.openOutside);
+}
+
+void WebMenus::ShowFoundMenu(const QPoint& place, const QString& number)
+{
+    Guarded(m_context.dialogs, [&] { ShowRowMenu("mnufrmAddSingle", "mnuViewOnIMDb", place, number); });
 }
 
 void WebMenus::ShowRowMenu(const char* menu, const char* entry, const QPoint& place, const QString& number)

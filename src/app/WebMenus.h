@@ -64,6 +64,10 @@ public:
     bool RetrievePerson(qint64 actorId);
     /// Shows the page of a film of the film site in the desktop's browser.
     void VisitFilm(const QString& number);
+    /// What other panels that bring films in from the web work with.
+    FilmDesk& Desk() { return m_desk; }
+    /// Opens the menu of a film that was found in a window; `number` is empty where none is selected.
+    void ShowFoundMenu(const QPoint& place, const QString& number);
     /// For the end of the program: a run under way stores nothing more.
     void EndRun();
 

@@ -44,6 +44,8 @@ constexpr MenuRule kRules[] = {
     {"mnuisonews", Effect::Enable, kCatalog},
     {"mnuManualEntry", Effect::Enable, kCatalog},
     {"mnuImportIMDb", Effect::Enable, kCatalog},
+    {"mnuAddAVI", Effect::Enable, kCatalog},
+    {"mnuImportTitles", Effect::Enable, kCatalog},
     {"AddIMDb", Effect::Button, kCatalog},
     {"AddDVDEmp", Effect::Button, kCatalog},
     {"AddManual", Effect::Button, kCatalog},

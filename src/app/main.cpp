@@ -6,6 +6,7 @@
 #include "core/Guard.h"
 #include "core/Literals.h"
 #include "core/Paths.h"
+#include "intake/UDisks.h"
 #include "render/forms/PageEngine.h"
 #include "ui/Accessibility.h"
 #include "ui/AppStyle.h"
@@ -39,7 +40,8 @@ int main(int argc, char** argv)
         if (!only.IsFirst())
             return 0;
         FurnishHome(AppPath(), QApplication::applicationDirPath());
-        Form1 window(dialogs, events);
+        UDisks discs;
+        Form1 window(dialogs, events, discs);
         QObject::connect(&only, &OnlyProgram::Called, &window, &Form1::ComeToFront);
         dialogs.SetOwner(&window);
         dialogs.SetBeforeConfirmation([&window] { window.PrepareConfirmation(); });

@@ -19,6 +19,8 @@ public:
     virtual void ApplyMenuRules() = 0;
     /// Brings the status bar up to date; `recount` asks the catalog anew.
     virtual void UpdateStatus(bool recount) = 0;
+    /// Shows `text` in the status bar, until the next `UpdateStatus`.
+    virtual void ShowStatusText(const QString& text) = 0;
     /// Shows the moving picture while a long job runs, the idle one otherwise.
     virtual void ShowWorking(bool busy) = 0;
     /// 0 to 100.

@@ -54,7 +54,7 @@ MainWindow::~MainWindow()
 
 void MainWindow::Start()
 {
-    window = std::make_unique<Form1>(dialogs, events);
+    window = std::make_unique<Form1>(dialogs, events, discs);
     m_complete = std::make_unique<QSignalSpy>(&window->PageView(), &frmPageView::DocumentComplete);
     QSignalSpy ready(window.get(), &Form1::Ready);
     LoaderMain(*window, {});
@@ -65,7 +65,7 @@ void MainWindow::Start()
 
 QString MainWindow::FailureOfStart(const QStringList& arguments)
 {
-    window = std::make_unique<Form1>(dialogs, events);
+    window = std::make_unique<Form1>(dialogs, events, discs);
     try {
         LoaderMain(*window, arguments);
         return u"none"_s;

@@ -3,6 +3,7 @@
 #include "app/DesktopSeams.h"
 #include "app/Form1.h"
 #include "support/ScriptedDialogs.h"
+#include "support/ScriptedDiscs.h"
 #include "support/TempCatalog.h"
 #include "support/TempHome.h"
 #include "ui/CatalogTreeView.h"
@@ -102,6 +103,7 @@ protected:
     TempCatalog catalog;
     ScriptedDialogs dialogs;
     HookedEvents events;
+    ScriptedDiscs discs;
     std::unique_ptr<Form1> window;
 
 private:

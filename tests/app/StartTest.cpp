@@ -216,7 +216,7 @@ TEST_F(MainWindow, TheSecondProgramOfAFolderCallsTheFirstOne)
     EXPECT_TRUE(called.count() > 0 || called.wait(5000));
     QDir().mkpath(home.Path(u"other/temp"_s));
     EXPECT_TRUE(OnlyProgram(home.Path(u"other"_s)).IsFirst());
-    window = std::make_unique<Form1>(dialogs, events);
+    window = std::make_unique<Form1>(dialogs, events, discs);
     window->ComeToFront(); // a call in the midst of the start
     EXPECT_FALSE(window->isVisible());
     window.reset();

@@ -15,6 +15,7 @@ public:
     void ShowSelection() override { calls << u"ShowSelection"_s; }
     void ApplyMenuRules() override { calls << u"ApplyMenuRules"_s; }
     void UpdateStatus(bool recount) override { calls << u"UpdateStatus %1"_s.arg(recount); }
+    void ShowStatusText(const QString& text) override { lastStatus = text; }
     void ShowWorking(bool busy) override { calls << u"ShowWorking %1"_s.arg(busy); }
     void ShowProgress(int percent) override { lastProgress = percent; }
     void EnableMainWindow(bool enabled) override { calls << u"EnableMainWindow %1"_s.arg(enabled); }
@@ -22,6 +23,7 @@ public:
     void RekeySelectedNode(FilmId movieId) override { calls << u"Rekey %1"_s.arg(movieId); }
 
     QStringList calls;
+    QString lastStatus;
     int lastProgress = -1;
 };
 

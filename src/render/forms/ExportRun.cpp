@@ -1,22 +1,14 @@
 #include "render/forms/ExportRun.h"
 
-#include "core/Afterwards.h"
 #include "core/Literals.h"
-#include "web/forms/ShowAbove.h"
-#include "web/forms/frmProgress.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QTimer>
-
-#include <utility>
 
 namespace kelvado {
 
 namespace {
 
-constexpr qint64 kServeEvery = 5;  // films
-constexpr qint64 kShowEvery = 100; // milliseconds
 constexpr qsizetype kMostNamed = 10;
 
 /// Says how many things are missing and names the first of them.
@@ -32,71 +24,16 @@ QString MissingText(const QStringList& missing)
 
 } // namespace
 
-ExportRun::ExportRun(const Context& context) : m_context(context) {}
-
-ExportRun::~ExportRun() = default;
-
-void ExportRun::End(std::function<void()> what)
-{
-    m_afterRun = std::move(what);
-    m_cancelled = true;
-}
+ExportRun::ExportRun(const Context& context) : m_context(context), m_steps({context.events, context.shell, context.skinner}) {}
 
 void ExportRun::Run(QWidget& owner, const Texts& texts, const Job& job)
 {
-    if (IsBusy())
-        return;
-    m_cancelled = false;
     ExportDone done;
-    bool isLeft = false;
-    Afterwards([&] { done = RunJob(owner, texts, job); },
-               [&] {
-                   isLeft = m_afterRun != nullptr;
-                   if (isLeft)
-                       QTimer::singleShot(0, this, std::exchange(m_afterRun, nullptr));
-               });
-    if (!isLeft)
+    const auto showStep = [this](const ExportStep& step) {
+        return m_steps.Show(step.title, u"Film %1 of %2"_s.arg(step.film).arg(step.count), step.film, step.count);
+    };
+    if (m_steps.Run(owner, {texts.window, texts.work}, [&] { done = job(showStep); }) && !m_steps.IsLeft())
         TellEnd(done, texts);
-}
-
-ExportDone ExportRun::RunJob(QWidget& owner, const Texts& texts, const Job& job)
-{
-    ExportDone done;
-    m_context.shell.EnableMainWindow(false);
-    m_context.shell.ShowWorking(true);
-    Afterwards(
-        [&] {
-            m_progress = std::make_unique<frmProgress>(&owner);
-            m_progress->setWindowTitle(texts.window);
-            m_progress->ShowStage({}, texts.work, 0);
-            m_context.skinner.SkinForm(*m_progress);
-            connect(m_progress.get(), &frmProgress::CancelAsked, this, [this] { m_cancelled = true; });
-            ShowAbove(*m_progress, owner);
-            QElapsedTimer shown;
-            done = job([&](const ExportStep& step) { return ShowStep(step, texts.work, shown); });
-        },
-        [this] {
-            LetGo(std::move(m_progress));
-            m_context.shell.ShowProgress(0);
-            m_context.shell.ShowWorking(false);
-            m_context.shell.EnableMainWindow(true);
-        });
-    return done;
-}
-
-// The film's line is painted at a pace that can be read; painting it for each film would take longer than writing them.
-bool ExportRun::ShowStep(const ExportStep& step, const QString& work, QElapsedTimer& shown)
-{
-    const int percent = step.count > 0 ? static_cast<int>(step.film * 100 / step.count) : 0;
-    m_context.shell.ShowProgress(percent);
-    if (!shown.isValid() || shown.elapsed() >= kShowEvery) {
-        shown.start();
-        m_progress->ShowFilm(step.title);
-        m_progress->ShowStage(u"Film %1 of %2"_s.arg(step.film).arg(step.count), work, percent);
-    }
-    if (step.film % kServeEvery == 0)
-        m_context.events.ServeEvents();
-    return !m_cancelled;
 }
 
 void ExportRun::TellEnd(const ExportDone& done, const Texts& texts)

@@ -5,23 +5,17 @@
 #include "core/Shell.h"
 #include "render/export/ExportStep.h"
 #include "ui/Skinner.h"
-
-#include <QElapsedTimer>
-#include <QObject>
+#include "web/forms/StepRun.h"
 
 #include <functional>
-#include <memory>
 
 class QWidget;
 
 namespace kelvado {
 
-class frmProgress;
-
 /// Runs one export at a time with a window that shows film n of m and can cancel it.
-class ExportRun : public QObject
+class ExportRun
 {
-    Q_OBJECT
 public:
     /// What a run works on; all of it outlives this object.
     struct Context
@@ -32,7 +26,6 @@ public:
         const Skinner& skinner;
     };
     explicit ExportRun(const Context& context);
-    ~ExportRun() override;
 
     /// What an export says of itself.
     struct Texts
@@ -50,19 +43,15 @@ public:
     void Run(QWidget& owner, const Texts& texts, const Job& job);
 
     /// A run serves events, so other windows can be reached meanwhile.
-    bool IsBusy() const { return m_progress != nullptr; }
+    bool IsBusy() const { return m_steps.IsBusy(); }
     /// Cancels the run under way without a message, and does `what` when it has ended.
-    void End(std::function<void()> what);
+    void End(std::function<void()> what) { m_steps.End(std::move(what)); }
 
 private:
-    ExportDone RunJob(QWidget& owner, const Texts& texts, const Job& job);
-    bool ShowStep(const ExportStep& step, const QString& work, QElapsedTimer& shown);
     void TellEnd(const ExportDone& done, const Texts& texts);
 
     Context m_context;
-    std::unique_ptr<frmProgress> m_progress;
-    std::function<void()> m_afterRun;
-    bool m_cancelled = false;
+    StepRun m_steps;
 };
 
 } // namespace kelvado

@@ -35,6 +35,8 @@ constexpr ModePictures kModes[] = {
      {"ToolLeft.BMP", "ToolIMDB.BMP", "ToolFrontNoYes.BMP", "ToolDVDEmpSel.BMP", "ToolFrontYesNo.BMP", "ToolManual.BMP", "ToolEnd.BMP"}},
     {"AdultEmp"_L1,
      {"ToolLeft.BMP", "ToolIMDB.BMP", "ToolFrontNoNo.BMP", "ToolDVDEmp.BMP", "ToolFrontNoYes.BMP", "ToolManualSel.BMP", "ToolEndSel.BMP"}},
+    {"File"_L1,
+     {"ToolLeft.BMP", "ToolIMDB.BMP", "ToolFrontNoNo.BMP", "ToolDVDEmp.BMP", "ToolFrontNoNo.BMP", "ToolManual.BMP", "ToolEnd.BMP"}},
 };
 
 } // namespace

@@ -16,7 +16,8 @@ class GrabSelectRow : public TabRow
 public:
     explicit GrabSelectRow(QWidget* parent = nullptr);
 
-    /// Loads the pictures of `skin` with the source of `mode` selected: "IMDB", "DVDEmp" or "AdultEmp"; any other does nothing.
+    /// Loads the pictures of `skin` with the source of `mode` selected: "IMDB", "DVDEmp" or "AdultEmp", or none for "File", which has no
+    /// tab; any other does nothing.
     /// Raises `kErrFileNotFound` or `kErrInvalidPicture` where a picture is missing.
     void LoadSearchBar(const QString& skin, const QString& mode);
     /// Places the pieces side by side; the last one fills what is left.

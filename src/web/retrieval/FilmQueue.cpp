@@ -33,6 +33,8 @@ bool IsReadersError(const RuntimeError& error)
     return error.Number() == kErrInvalidCall || error.Number() == kErrSubscript;
 }
 
+const QString kPagesUnread = u"its pages could not be fetched or read. "_s;
+
 // True where the film is in the catalog. A failure is noted; a cancel is seen in the batch.
 bool AddOne(const BatchFilm& next, FilmDesk& desk, JobResult& result)
 {
@@ -44,7 +46,7 @@ bool AddOne(const BatchFilm& next, FilmDesk& desk, JobResult& result)
     } catch (const RuntimeError& error) {
         if (error.Number() == kErrCancelled)
             throw;
-        const QString what = IsReadersError(error) ? u"its pages could not be fetched or read. "_s : QString();
+        const QString what = IsReadersError(error) ? kPagesUnread : QString();
         result.Failures.append({next.Shown, what + ReasonOf(error)});
     }
     if (!film)
@@ -95,6 +97,15 @@ QHash<QString, QString> StoredFilms(const QString& catalogPath, FilmId exceptMov
             titles.insert(SevenDigits(films.Text(2)), DecodeEntities(films.Text(1)));
     }
     return titles;
+}
+
+// Asks where the catalog has the film of `row` as one other than `exceptMovieId`.
+bool MayStoreTwice(const SearchRow& row, FilmId exceptMovieId, const QString& question, FilmDesk& desk)
+{
+    const QHash<QString, QString> films = StoredFilms(desk.state.CatalogPath(), exceptMovieId);
+    const auto film = films.constFind(SevenDigits(PartsOf(row).Number));
+    return film == films.constEnd() ||
+           desk.dialogs.ConfirmLoss(u"The catalog has this film already:\n%1\n\n%2"_s.arg(*film, question), kBoxYesNoExclamation, {});
 }
 
 // Asks once about all rows whose film is stored, takes those out that are to be left out, and then the rows that name another film a
@@ -259,12 +270,18 @@ std::optional<JobResult> AddNumbers(QStringList& numbers, FilmDesk& desk)
 
 bool MayStoreOver(const SearchRow& row, FilmId movieId, FilmDesk& desk)
 {
-    const QHash<QString, QString> others = StoredFilms(desk.state.CatalogPath(), movieId);
-    const auto other = others.constFind(SevenDigits(PartsOf(row).Number));
-    return other == others.constEnd() ||
-           desk.dialogs.ConfirmLoss(
-               u"The catalog has this film already:\n%1\n\nShall it be stored over the present film too?"_s.arg(*other),
-               kBoxYesNoExclamation, {});
+    return MayStoreTwice(row, movieId, u"Shall it be stored over the present film too?"_s, desk);
+}
+
+bool MayStoreAgain(const SearchRow& row, FilmDesk& desk)
+{
+    return MayStoreTwice(row, 0, u"Shall it be stored a second time?"_s, desk);
+}
+
+RuntimeError RetrievalFailure(const RuntimeError& error)
+{
+    return IsReadersError(error) ? RuntimeError(error.Number(), error.Description() + u"\r\n\r\nThe film is not stored: "_s + kPagesUnread)
+                                 : error;
 }
 
 void TellResult(const JobResult& result, Dialogs& dialogs)

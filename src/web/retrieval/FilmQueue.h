@@ -80,6 +80,12 @@ std::optional<JobResult> AddNumbers(QStringList& numbers, FilmDesk& desk);
 /// not.
 bool MayStoreOver(const SearchRow& row, FilmId movieId, FilmDesk& desk);
 
+/// Asks whether the film of `row` is to be stored although the catalog has it; true where it has not.
+bool MayStoreAgain(const SearchRow& row, FilmDesk& desk);
+
+/// The failure of a retrieval as the user is told it: a reader's own error says that the film's pages could not be fetched or read.
+RuntimeError RetrievalFailure(const RuntimeError& error);
+
 /// Retrieves the film of `row` and stores it over the film `movieId`, with the title that the user chooses where `choose` is set; as
 /// `RetrieveOver`.
 bool UpdateFromRow(const SearchRow& row, const QStringList& otherTitles, const ChooseTitle& choose, FilmId movieId, FilmDesk& desk);
