@@ -91,7 +91,7 @@ bool ExportRun::ShowStep(const ExportStep& step, const QString& work, QElapsedTi
     m_context.shell.ShowProgress(percent);
     if (!shown.isValid() || shown.elapsed() >= kShowEvery) {
         shown.start();
-        m_progress->ShowFilm(step.title);
+        m_progress->ShowFilm(step.title.simplified()); // in one line
         m_progress->ShowStage(u"Film %1 of %2"_s.arg(step.film).arg(step.count), work, percent);
     }
     if (step.film % kServeEvery == 0)
