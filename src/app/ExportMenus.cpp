@@ -7,6 +7,7 @@
 #include "core/Paths.h"
 #include "render/SiteAddress.h"
 #include "render/export/WebExportByView.h"
+#include "render/export/cTemplate.h"
 #include "render/export/mXMLOutput.h"
 #include "render/forms/TxtExport.h"
 #include "render/forms/frmExportWeb.h"
@@ -113,13 +114,17 @@ void ExportMenus::ExportByPackage(QWidget& wizard, const WebChoice& choice)
 {
     if (!MayExport())
         return;
+    const ExportedView view{m_context.state.gOptions->View, m_context.state.FilterWhere};
+    Connection catalog = OpenCatalog(m_context.state.CatalogPath());
+    cTemplate package;
+    package.LoadSettings(choice.package);
+    if (!package.StandardPage && !MayLeaveOut(FilmsOnNoPage(view, catalog)))
+        return;
     const QString folder = BrowseForFolder(u"Select Save Directory..."_s, m_context.run.dialogs);
     if (folder.isEmpty())
         return;
     WebSite site = SiteOfSkin(m_context.state.skin);
     site.folder = folder;
-    const ExportedView view{m_context.state.gOptions->View, m_context.state.FilterWhere};
-    Connection catalog = OpenCatalog(m_context.state.CatalogPath());
     m_run.Run(wizard,
               {.window = kWebExport,
                .work = kWritingPages,

@@ -20,13 +20,35 @@ namespace {
     throw RuntimeError::WithDetail(kErrFileAccess, QDir::toNativeSeparators(path) + u" ("_s + reason + u')');
 }
 
+/// Why the system took no more, straight after a write. A file that was cut in the midst of a write has no text for it.
+QString WriteFault()
+{
+    return qt_error_string();
+}
+
 } // namespace
+
+void WriteInto(QSaveFile& file, const QByteArray& bytes)
+{
+    if (file.write(bytes) != bytes.size())
+        RaiseFileAccess(file.fileName(), WriteFault());
+}
+
+void CommitWhole(QSaveFile& file)
+{
+    if (!file.flush())
+        RaiseFileAccess(file.fileName(), WriteFault());
+    if (!file.commit())
+        RaiseFileAccess(file.fileName(), file.errorString());
+}
 
 void WriteFileWhole(const QString& path, const QByteArray& bytes)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly))
         RaiseFileAccess(path, file.errorString());
+    WriteInto(file, bytes);
+    CommitWhole(file);
 }
 
 void WriteFileFast(const QString& path, const QByteArray& bytes)
@@ -53,13 +75,13 @@ FastFile::~FastFile()
 void FastFile::Write(const QByteArray& bytes)
 {
     if (m_part.write(bytes) != bytes.size())
-        Raise(m_part.errorString());
+        Raise(WriteFault());
 }
 
 void FastFile::Flush()
 {
     if (!m_part.flush())
-        Raise(m_part.errorString());
+        Raise(WriteFault());
 }
 
 void FastFile::Commit()
@@ -93,11 +115,9 @@ void CopyFileWhole(const QString& source, const QString& target)
         const QByteArray block = from.read(kBlock);
         if (block.isEmpty())
             RaiseFileAccess(source, from.errorString());
-        if (to.write(block) != block.size())
-            RaiseFileAccess(target, to.errorString());
+        WriteInto(to, block);
     }
-    if (!to.commit())
-        RaiseFileAccess(target, to.errorString());
+    CommitWhole(to);
 }
 
 } // namespace kelvado

@@ -2,9 +2,15 @@
 
 #include <QByteArray>
 #include <QFile>
+#include <QSaveFile>
 #include <QString>
 
 namespace kelvado {
+
+/// `QSaveFile::commit` says nothing of what only then goes to the system: on a full disk it puts an empty file in the target's place.
+/// These two raise `kErrFileAccess` with the path and the system's reason where not all was taken; the old file then stands as it was.
+void WriteInto(QSaveFile& file, const QByteArray& bytes);
+void CommitWhole(QSaveFile& file);
 
 /// Writes `bytes` to `path`: the file is made beside its target and renamed when it is whole. Raises `kErrFileAccess` with the path and the
 /// system's reason; the old file then stands as it was.

@@ -34,7 +34,6 @@ QString WithSlashes(QString path)
 // The one text file that can be open: one of the two, or none.
 struct SharedFile
 {
-    QString path;
     std::unique_ptr<QFile> reader;
     std::unique_ptr<QSaveFile> writer;
 };
@@ -86,17 +85,17 @@ void OpenTextFile(const QString& path, bool write)
 {
     // A file that an interrupted operation left open is dropped: what it wrote never takes its target's place.
     SharedFile opened;
-    opened.path = WithSlashes(path);
+    const QString name = WithSlashes(path);
     if (write) {
-        opened.writer = std::make_unique<QSaveFile>(opened.path);
+        opened.writer = std::make_unique<QSaveFile>(name);
         if (!opened.writer->open(QIODevice::WriteOnly))
-            RaiseAccess(opened.path, opened.writer->errorString());
+            RaiseAccess(name, opened.writer->errorString());
     } else {
-        if (!QFileInfo(opened.path).isFile())
-            throw RuntimeError::WithDetail(kErrFileNotFound, opened.path);
-        opened.reader = std::make_unique<QFile>(opened.path);
+        if (!QFileInfo(name).isFile())
+            throw RuntimeError::WithDetail(kErrFileNotFound, name);
+        opened.reader = std::make_unique<QFile>(name);
         if (!opened.reader->open(QIODevice::ReadOnly))
-            RaiseAccess(opened.path, opened.reader->errorString());
+            RaiseAccess(name, opened.reader->errorString());
     }
     Shared() = std::move(opened);
 }
@@ -105,8 +104,8 @@ void CloseTextFile()
 {
     const SharedFile closing = std::move(Shared());
     Shared() = {};
-    if (closing.writer && !closing.writer->commit())
-        RaiseAccess(closing.path, closing.writer->errorString());
+    if (closing.writer)
+        CommitWhole(*closing.writer);
 }
 
 void PrintTextLine(const QString& text)
@@ -114,9 +113,7 @@ void PrintTextLine(const QString& text)
     SharedFile& file = Shared();
     if (!file.writer)
         throw RuntimeError::WithDetail(kErrInvalidCall, u"no text file is open for writing"_s);
-    const QByteArray bytes = (text + kLineEnd).toUtf8();
-    if (file.writer->write(bytes) != bytes.size())
-        RaiseAccess(file.path, file.writer->errorString());
+    WriteInto(*file.writer, (text + kLineEnd).toUtf8());
 }
 
 QString ReadTextFile()

@@ -1,4 +1,5 @@
 #include "MainWindow.h"
+#include "render/export/cTemplate.h"
 #include "render/forms/TxtExport.h"
 #include "ui/BusyPicture.h"
 #include "ui/ctxListItem.h"
@@ -109,6 +110,39 @@ TEST_F(Exporting, TheExportByViewAsksWhereFilmsAreLeftOut)
     Entry("mnuWebExportByView").trigger();
     EXPECT_THAT(TakeMessages(), ::testing::EndsWith("64 : Complete"));
     EXPECT_EQ(QDir(home.Path(u"Export/Web"_s)).entryList({u"3.htm"_s, u"1.htm"_s}), QStringList{u"3.htm"_s});
+}
+
+TEST_F(Exporting, APackageIsWrittenFromTheWizardWhichStays)
+{
+    for (const bool standard : {true, false}) {
+        cTemplate look;
+        look.StandardPage = standard;
+        look.DetailsPage = true;
+        look.Header = look.Footer = look.CSS = u"-"_s;
+        look.Body = u"[!!DETAILSPAGE!!]"_s;
+        look.Detail = u"Page of !!TITLE!!"_s;
+        look.ThumbnailExtention = u"JPG"_s;
+        QDir().mkpath(home.Path(u"Templates"_s));
+        MakeEmptyPackage(home.Path(u"Templates/look.kmt"_s), look);
+        look.SaveTemplate(home.Path(u"Templates/look.kmt"_s));
+        QTimer::singleShot(0, window.get(), [&] {
+            QWidget& wizard = *QApplication::activeModalWidget();
+            wizard.findChild<QListWidget*>(u"lstTemplates"_s)->setCurrentRow(0);
+            dialogs.files << folder;
+            events.hook = [&] {
+                events.hook = nullptr;
+                EXPECT_FALSE(wizard.close());
+            };
+            wizard.findChild<QPushButton*>(u"cmdExport"_s)->click();
+            EXPECT_TRUE(wizard.close());
+        });
+        Entry("mnuWebPackages").trigger();
+        events.hook = nullptr;
+        EXPECT_THAT(TakeMessages(), ::testing::StartsWith(standard ? "64 Web Export Complete" : "4 Web Export: 22 films stand on no page"));
+        EXPECT_EQ(FileContent(folder + u"/3.htm"_s), standard ? "Page of 2001" : "<missing>") << standard;
+        Entry("mnuViewMode_2").trigger();
+        QDir(folder).removeRecursively();
+    }
 }
 
 /// The window of the text export on the same catalog.

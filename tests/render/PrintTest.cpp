@@ -83,6 +83,8 @@ TEST_F(CollectionPages, PagesHaveTheirCoversAndOldOnesGo)
 
     EXPECT_EQ(Print(PrintForm::FilmPages, [](const ExportStep& step) { return step.film < 2; }), u"<missing>"_s);
     EXPECT_FALSE(done.whole);
+    catalog.Run("DROP TABLE Movie");
+    EXPECT_EQ(ErrorOf([&] { return Print(PrintForm::FilmPages); }), kErrDatabase) << "no page of missing films";
     QFile::remove(home.Path(u"Skins/Plain/Templates/Print/film.html"_s));
     EXPECT_EQ(ErrorOf([&] { return Print(PrintForm::FilmPages); }), kErrFileNotFound);
 }

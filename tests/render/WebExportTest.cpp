@@ -1,14 +1,12 @@
 #include "core/Paths.h"
 #include "render/export/WebExportByView.h"
+#include "support/FullDisk.h"
 #include "support/TempCatalog.h"
 #include "support/TempHome.h"
 
 #include <QRegularExpression>
 #include <QSet>
 #include <QUrl>
-
-#include <csignal>
-#include <sys/resource.h>
 
 namespace kelvado {
 namespace {
@@ -209,15 +207,10 @@ TEST_F(WebSites, AFolderThatTakesNothingEndsTheExport)
     home.Write(u"Export"_s, "a file");
     EXPECT_EQ(ErrorTextOf([&] { return Export(); }).rfind("Path/File access error: " + home.Path(u"Export"_s).toStdString(), 0), 0U);
     QFile::remove(home.Path(u"Export"_s));
-    // The system lets no file grow beyond a few bytes, as a full disk would.
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit small{8, before.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &small);
-    const std::string error = ErrorTextOf([&] { return Export(); });
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
+    const auto error = [&] {
+        const FullDisk full(8);
+        return ErrorTextOf([&] { return Export(); });
+    }();
     EXPECT_NE(error.find("Web/index.html"), std::string::npos) << error;
     EXPECT_EQ(PagesIn(out), "");
     EXPECT_EQ(QDir(out).entryList({u"*.part"_s}), QStringList());

@@ -2,14 +2,12 @@
 
 #include "core/Profile.h"
 #include "store/FilmActions.h"
+#include "support/FullDisk.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempCatalog.h"
 
 #include <QFileInfo>
-
-#include <csignal>
-#include <sys/resource.h>
 
 namespace kelvado {
 namespace {
@@ -293,15 +291,10 @@ TEST_F(FilmWriter, AFullDiskStoresNothingOfTheFilmAndSaysNothingElse)
         FilmRecord film = WholeFilm();
         for (int i = 0; i < actors; ++i)
             film.Actors.append(Person(u"actor %1 "_s.arg(i) + QString(80, u'x')));
-        rlimit old{};
-        ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
-        const auto oldHandler = signal(SIGXFSZ, SIG_IGN);
-        rlimit small = old;
-        small.rlim_cur = static_cast<rlim_t>(QFileInfo(catalog.Path()).size()) + 100000;
-        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-        const QString failure = QString::fromStdString(ErrorTextOf([&] { AddFilm(film, all, context); }));
-        setrlimit(RLIMIT_FSIZE, &old);
-        signal(SIGXFSZ, oldHandler);
+        const QString failure = [&] {
+            const FullDisk full(QFileInfo(catalog.Path()).size() + 100000);
+            return QString::fromStdString(ErrorTextOf([&] { AddFilm(film, all, context); }));
+        }();
         EXPECT_TRUE(failure.contains(catalog.Path())) << qPrintable(failure);
         EXPECT_FALSE(failure.contains(u"is in the catalog"_s)) << qPrintable(failure);
         EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie"), u"0"_s);

@@ -98,6 +98,8 @@ ExportDone WriteCollectionPage(const QList<FilmGroup>& groups, Connection& catal
             try {
                 html += page.Film(id, title);
             } catch (const RuntimeError& error) {
+                if (error.Number() == kErrDatabase)
+                    throw;
                 done.missing << (title.isEmpty() ? u"Film "_s + QString::number(id) : title) + u": "_s + error.Description();
             }
             if (!goesOn({++done.films, done.count, title}))

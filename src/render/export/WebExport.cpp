@@ -96,7 +96,9 @@ private:
         if (!m_films.FillFilm(text, film))
             return {};
         const FilmId id = film.Integer(film.ColumnIndex(u"Movie_ID"));
-        text.replace("!!IMAGE!!"_L1, m_films.Pictures().ExportFilmImage(film.Integer(film.ColumnIndex(u"Image_ID"))));
+        m_films.FillImage(text, film);
+        if (!m_templates.detail.isEmpty())
+            m_films.FillDetailsPage(text, m_templates.detail, film);
         FillGenreToken(text, m_catalog, id);
         FillDirectorTokens(text, m_catalog, id);
         FillWriterTokens(text, m_catalog, id);
@@ -127,7 +129,8 @@ ExportDone ExportWeb(const WebTemplates& templates, const WebSite& site, Connect
 }
 
 WebFilms::WebFilms(const WebSite& site, const QList<ExtraFile>& extraFiles, Connection& catalog)
-    : m_settings{site.skin, site.siteAddress, true}, m_folder(site.folder, extraFiles), m_pictures(m_folder, catalog, site.skin)
+    : m_settings{site.skin, site.siteAddress, true}, m_catalog(catalog), m_folder(site.folder, extraFiles),
+      m_pictures(m_folder, catalog, site.skin)
 {
 }
 
@@ -146,6 +149,39 @@ bool WebFilms::FillFilm(QString& text, const Recordset& film)
         }
         return false;
     }
+}
+
+void WebFilms::FillImage(QString& text, const Recordset& film)
+{
+    if (text.contains("!!IMAGE!!"_L1))
+        text.replace("!!IMAGE!!"_L1, m_pictures.ExportFilmImage(film.Integer(film.ColumnIndex(u"Image_ID"))));
+}
+
+void WebFilms::FillDetailsPage(QString& text, const QString& detail, const Recordset& film)
+{
+    if (!text.contains("!!DETAILSPAGE!!"_L1))
+        return;
+    const FilmId id = film.Integer(film.ColumnIndex(u"Movie_ID"));
+    const QString name = QString::number(id) + u".htm"_s;
+    text.replace("!!DETAILSPAGE!!"_L1, name);
+    if (m_detailed.contains(id)) // a film on several pages has one page of its own
+        return;
+    m_detailed << id;
+    WebPage page(m_folder, name);
+    page.Write(BuildDetailPage(detail, film, id));
+    page.Commit();
+}
+
+QString WebFilms::BuildDetailPage(QString text, const Recordset& film, FilmId id)
+{
+    FillGenreToken(text, m_catalog, id);
+    FillProducerTokens(text, m_catalog, id);
+    FillWriterTokens(text, m_catalog, id);
+    FillDirectorTokens(text, m_catalog, id);
+    FillActorTokens(text, m_catalog, id);
+    FillFilm(text, film);
+    FillImage(text, film);
+    return text;
 }
 
 ExportDone WebFilms::Done(const QString& firstPage) const

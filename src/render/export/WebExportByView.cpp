@@ -174,12 +174,8 @@ private:
         QString text = m_templates.body;
         if (!m_films.FillFilm(text, film))
             return {};
-        FillImage(text, film);
-        if (Holds(text, "!!DETAILSPAGE!!"_L1)) {
-            const QString name = QString::number(id) + u".htm"_s;
-            WriteDetailPage(film, id, name);
-            text.replace("!!DETAILSPAGE!!"_L1, name);
-        }
+        m_films.FillImage(text, film);
+        m_films.FillDetailsPage(text, m_templates.detail, film);
         if (Holds(text, "!!GENRE!!"_L1))
             FillGenreToken(text, m_catalog, id);
         // A kind of people is filled in where its first one is asked for.
@@ -194,36 +190,6 @@ private:
         return text;
     }
 
-    void FillImage(QString& text, const Recordset& film)
-    {
-        if (Holds(text, "!!IMAGE!!"_L1))
-            text.replace("!!IMAGE!!"_L1, m_films.Pictures().ExportFilmImage(film.Integer(film.ColumnIndex(u"Image_ID"))));
-    }
-
-    /// A film on several pages has one page of its own.
-    void WriteDetailPage(const Recordset& film, FilmId id, const QString& name)
-    {
-        if (m_detailed.contains(id))
-            return;
-        m_detailed << id;
-        WebPage page(m_films.Folder(), name);
-        page.Write(BuildDetailPage(film, id));
-        page.Commit();
-    }
-
-    QString BuildDetailPage(const Recordset& film, FilmId id)
-    {
-        QString text = m_templates.detail;
-        FillGenreToken(text, m_catalog, id);
-        FillProducerTokens(text, m_catalog, id);
-        FillWriterTokens(text, m_catalog, id);
-        FillDirectorTokens(text, m_catalog, id);
-        FillActorTokens(text, m_catalog, id);
-        m_films.FillFilm(text, film);
-        FillImage(text, film);
-        return text;
-    }
-
     const WebTemplates& m_templates;
     const ExportedView& m_view;
     Connection& m_catalog;
@@ -231,7 +197,6 @@ private:
     QList<ViewGroup> m_groups;
     WebFilms m_films;
     ExportStep m_step;
-    QSet<FilmId> m_detailed;
 };
 
 } // namespace

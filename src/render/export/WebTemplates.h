@@ -18,7 +18,7 @@ struct WebTemplates
     QString header;
     QString body; ///< of one film
     QString footer;
-    QString detail;      ///< a film's own page; the paged export has none
+    QString detail;      ///< a film's own page; empty for none
     qint64 pageSize = 0; ///< films on a page of the paged export; 0 for one page
     QList<ExtraFile> extraFiles;
 };

@@ -9,7 +9,6 @@
 #include "store/mFileAccess.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <array>
@@ -317,18 +316,6 @@ const QByteArray& FilmXml::SkinPicture(QLatin1StringView folder, QLatin1StringVi
     return path;
 }
 
-[[noreturn]] void RaiseAccess(const QSaveFile& file)
-{
-    throw RuntimeError::WithDetail(kErrFileAccess, file.fileName() + u" ("_s + file.errorString() + u')');
-}
-
-void WriteOut(QSaveFile& file, QByteArray& xml)
-{
-    if (file.write(xml) != xml.size())
-        RaiseAccess(file);
-    xml.resize(0);
-}
-
 /// Writes the pictures of the catalog's document.
 class CatalogPictures
 {
@@ -392,14 +379,12 @@ QString BuildFilmXml(const QString& styleSheet, Connection& catalog, const Recor
 ExportDone BuildCatalogXml(const QString& folder, Connection& catalog, const XmlSettings& settings, const GoesOn& goesOn)
 {
     CatalogPictures pictures(folder + u"/images"_s, catalog, settings.skin);
-    QSaveFile file(folder + u"/MyMovies.XML"_s);
-    if (!file.open(QIODevice::WriteOnly))
-        RaiseAccess(file);
+    ExportDone done;
+    done.path = folder + u"/MyMovies.XML"_s;
+    FastFile file(done.path);
 
     Recordset film;
     film.Open(u"SELECT * FROM Movie"_s, catalog, LockType::ReadOnly);
-    ExportDone done;
-    done.path = file.fileName();
     done.count = film.RecordCount();
     const XmlPicture picture = [&](std::int64_t imageId) { return pictures.Export(imageId); };
     FilmXml body(catalog, film, settings, picture);
@@ -412,16 +397,16 @@ ExportDone BuildCatalogXml(const QString& folder, Connection& catalog, const Xml
         xml.append("<Movie>\r\n");
         body.Append(xml);
         xml.append("</Movie>");
-        WriteOut(file, xml);
+        file.Write(xml);
+        xml.resize(0);
         done.pictures = pictures.Count();
         done.count = std::max(done.count, ++done.films); // another program may have added films since they were counted
         if (!goesOn({done.films, done.count, film.Text(title)}))
             return done;
     }
     xml.append("</MyMovies></list>\r\n\r\n");
-    WriteOut(file, xml);
-    if (!file.commit())
-        RaiseAccess(file);
+    file.Write(xml);
+    file.Commit();
     done.whole = true;
     return done;
 }

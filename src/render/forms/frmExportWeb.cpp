@@ -51,6 +51,12 @@ frmExportWeb::frmExportWeb(Context context, QWidget* parent)
 
 frmExportWeb::~frmExportWeb() = default;
 
+void frmExportWeb::reject()
+{
+    if (isEnabled())
+        QDialog::reject();
+}
+
 void frmExportWeb::Connect(QPushButton& button, void (frmExportWeb::*handler)())
 {
     connect(&button, &QPushButton::clicked, this, [this, handler] { Guarded(m_context.dialogs, [this, handler] { (this->*handler)(); }); });

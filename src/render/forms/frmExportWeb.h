@@ -34,6 +34,9 @@ public:
     frmExportWeb(Context context, QWidget* parent);
     ~frmExportWeb() override;
 
+    /// An export holds the window until it has ended.
+    void reject() override;
+
 private:
     void Connect(QPushButton& button, void (frmExportWeb::*handler)());
     void ListTemplates();

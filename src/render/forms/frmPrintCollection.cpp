@@ -45,6 +45,12 @@ frmPrintCollection::frmPrintCollection(const Context& context, const QList<Choic
 
 frmPrintCollection::~frmPrintCollection() = default;
 
+void frmPrintCollection::reject()
+{
+    if (!m_context.run.IsBusy())
+        QDialog::reject();
+}
+
 qint64 frmPrintCollection::Films() const
 {
     const qint64 films = CountOf(m_choices[m_ui->cboFilms->currentIndex()].groups);

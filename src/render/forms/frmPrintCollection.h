@@ -40,6 +40,9 @@ public:
     frmPrintCollection(const Context& context, const QList<Choice>& choices, QWidget* parent);
     ~frmPrintCollection() override;
 
+    /// An export holds the window until it has ended.
+    void reject() override;
+
 private:
     /// Prints the page that was written; false after a cancel.
     using PrintPage = std::function<bool(const QString& page, const std::function<bool()>& goesOn)>;

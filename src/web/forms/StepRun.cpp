@@ -81,7 +81,7 @@ bool StepRun::Show(const QString& what, const QString& place, qint64 done, qint6
     OpenWhenDue();
     if (m_progress && (!m_shown.isValid() || m_shown.elapsed() >= kShowEvery)) {
         m_shown.start();
-        m_progress->ShowFilm(what);
+        m_progress->ShowFilm(what.simplified()); // in one line
         m_progress->ShowStage(place, m_work, percent);
     }
     if (done % kServeEvery == 0)
