@@ -216,6 +216,22 @@ TEST_F(FilePanel, AFilmThatIsNotStoredLeavesThePanelAsItWas)
     EXPECT_EQ(Step(), "txtSearch cmdAddMovie");
 }
 
+TEST_F(FilePanel, TheEndOfTheProgramEndsARetrievalThatStoresNothing)
+{
+    StartPanel();
+    EXPECT_TRUE(Drop({Films("1-a.avi")}));
+    Get<QLineEdit>("txtSearch").setText(u"lion"_s);
+    instead = [&](const QByteArray& path) {
+        if (path.startsWith("/Plot?"))
+            QTimer::singleShot(0, window.get(), [&] { window->close(); });
+        return path.startsWith("/Plot?") ? LoopbackServer::Reply{{}, LoopbackServer::Then::Stall} : LoopbackServer::Reply{};
+    };
+    ChooseFilm("0912347");
+    Press("cmdAddMovie");
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(catalog.Ask("SELECT count(*) FROM Movie"), u"3"_s);
+}
+
 TEST_F(FilePanel, AQueueIsWorkedOffFileByFile)
 {
     StartPanel();
