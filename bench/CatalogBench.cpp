@@ -11,6 +11,9 @@
 #include "panels/FilmEdit.h"
 #include "panels/forms/frmEditAddChar.h"
 #include "panels/forms/frmPeople.h"
+#include "render/export/WebExportByView.h"
+#include "render/export/TextExport.h"
+#include "render/export/TextFields.h"
 #include "render/export/mXMLOutput.h"
 #include "store/CaseBlind.h"
 #include "store/CatalogTemplate.h"
@@ -24,6 +27,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTreeView>
@@ -466,6 +470,166 @@ void ExportXmlBare(benchmark::State& state)
     }
 }
 
+// The catalog with a cover of 60,000 bytes for 2,000 films.
+QString CatalogWithPictures()
+{
+    QString path = g_folder + u"/pictures.kvd"_s;
+    if (QFile::exists(path))
+        return path;
+    QFile::copy(BuiltCatalog(), path);
+    Engine engine(path);
+    engine.Run("BEGIN; INSERT INTO Images (Image_ID, Movie_ID, Image, Extention) SELECT Movie_ID, Movie_ID, randomblob(60000), 'JPG' FROM "
+               "Movie WHERE Movie_ID % 18 = 0 LIMIT 2000;"
+               "UPDATE Movie SET Image_ID = Movie_ID WHERE Movie_ID IN (SELECT Image_ID FROM Images); COMMIT");
+    return path;
+}
+
+const QString kDelivered = u"" KELVADO_SOURCE_DIR "/data/art/skin/Templates/Web"_s;
+const GoesOn kToTheEnd = [](const ExportStep&) { return true; };
+
+WebSite SiteIn(const QString& name)
+{
+    qputenv("KELVADO_HOME", g_folder.toUtf8());
+    return {g_folder + u'/' + name, {}, u"http://site"_s, u"http://maker"_s};
+}
+
+void CountFilms(benchmark::State& state, const QString& site)
+{
+    double bytes = 0;
+    double files = 0;
+    for (QDirIterator file(site, QDir::Files, QDirIterator::Subdirectories); file.hasNext(); ++files) {
+        file.next();
+        bytes += static_cast<double>(file.fileInfo().size());
+    }
+    state.counters["bytes"] = bytes;
+    state.counters["files"] = files;
+    const double films = static_cast<double>(g_films.size()) * static_cast<double>(state.iterations());
+    state.counters["films/s"] = benchmark::Counter(films, benchmark::Counter::kIsRate);
+}
+
+// All films as web pages by the delivered templates: on pages of 60, and by the title's first letter with a page for each film.
+void ExportWebPages(benchmark::State& state)
+{
+    WebTemplates templates = ReadPageTemplates(kDelivered);
+    templates.extraFiles.clear(); // pictures that only a painted skin has
+    const QString catalog = CatalogWithPictures();
+    for ([[maybe_unused]] const auto round : state) {
+        Connection connection = OpenCatalog(catalog);
+        ExportWeb(templates, SiteIn(u"pages"_s), connection, kToTheEnd);
+    }
+    CountFilms(state, g_folder + u"/pages"_s);
+}
+
+void ExportWebView(benchmark::State& state)
+{
+    WebTemplates templates = ReadViewTemplates(kDelivered);
+    templates.extraFiles.clear();
+    const ExportedView view{{QString::fromLatin1(kSorts[state.range(0)]), u"Movie.Title"_s, {}, {}, {}, {}, {}}, {}};
+    state.SetLabel(kSorts[state.range(0)]);
+    const QString catalog = CatalogWithPictures();
+    const QString site = u"view%1"_s.arg(state.range(0));
+    for ([[maybe_unused]] const auto round : state) {
+        Connection connection = OpenCatalog(catalog);
+        ExportWebByView(templates, SiteIn(site), view, connection, kToTheEnd);
+    }
+    CountFilms(state, g_folder + u'/' + site);
+}
+
+// The same queries, and the same bytes written to as many files.
+void CopySite(benchmark::State& state, const QString& site)
+{
+    constexpr const char* kPeople[] = {
+        "SELECT Genre.Genre FROM GenreLink INNER JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID WHERE GenreLink.Movie_ID = ?",
+        "SELECT Producer.* FROM Producer INNER JOIN ProducerLink ON Producer.Producer_ID = ProducerLink.Producer_ID WHERE Movie_ID = ?",
+        "SELECT Director.* FROM Director INNER JOIN DirectorLink ON Director.Director_ID = DirectorLink.Director_ID WHERE Movie_ID = ?",
+        "SELECT Writer.* FROM Writer INNER JOIN WriterLink ON Writer.Writer_ID = WriterLink.Writer_ID WHERE Movie_ID = ?",
+        "SELECT Actor.Actor, Character FROM Actor INNER JOIN ActorLink ON Actor.Actor_ID = ActorLink.Actor_ID WHERE Movie_ID = ?",
+        "SELECT Images.* FROM Images INNER JOIN Movie ON Movie.Image_ID = Images.Image_ID WHERE Movie.Movie_ID = ?"};
+    std::vector<QByteArray> files;
+    for (QDirIterator file(g_folder + u'/' + site, QDir::Files, QDirIterator::Subdirectories); file.hasNext();) {
+        QFile written(file.next());
+        if (written.open(QIODevice::ReadOnly))
+            files.push_back(written.readAll());
+    }
+    if (files.empty())
+        return state.SkipWithError("run the export first, in the same folder");
+    const QString catalog = CatalogWithPictures();
+    const QString target = g_folder + u"/bare-"_s + site;
+    QDir().mkpath(target);
+    for ([[maybe_unused]] const auto round : state) {
+        Engine engine(catalog);
+        engine.Walk("SELECT * FROM Movie ORDER BY Title", 0, [&](qint64 film) {
+            for (const char* query : kPeople)
+                engine.Walk(query, film, [](qint64) {});
+        });
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            QFile file(target + u'/' + QString::number(i));
+            if (!file.open(QIODevice::WriteOnly) || file.write(files[i]) != files[i].size())
+                return state.SkipWithError("the bytes cannot be written");
+        }
+    }
+    CountFilms(state, target);
+}
+
+void ExportWebPagesBare(benchmark::State& state)
+{
+    CopySite(state, u"pages"_s);
+}
+
+void ExportWebViewBare(benchmark::State& state)
+{
+    CopySite(state, u"view%1"_s.arg(state.range(0)));
+}
+
+// All films as text: with columns of their own alone, and with genres and actors.
+void ExportText(benchmark::State& state)
+{
+    const bool hasNames = state.range(0) != 0;
+    state.SetLabel(hasNames ? "with names" : "own columns");
+    Connection connection = OpenCatalog(BuiltCatalog());
+    TextExport text;
+    text.path = g_folder + (hasNames ? u"/names.txt"_s : u"/films.txt"_s);
+    text.order = TextOrder(u"Title"_s, false);
+    for (const TextField& field : TextFields()) {
+        const QByteArray key = field.key;
+        const bool isName = key == "Genre.Genre" || key == "Actor.Actor";
+        if (key == "Movie.Title" || key == "Movie.Year" || key == "Movie.Format" || (hasNames && isName)) {
+            text.entries << ColumnEntry(field, connection);
+            text.entries.last().Formated = !isName;
+        }
+    }
+    connection.Close();
+    for ([[maybe_unused]] const auto round : state) {
+        connection = OpenCatalog(BuiltCatalog());
+        BuildTextExport(text, connection, [](const ExportStep&) { return true; });
+    }
+    state.counters["bytes"] = static_cast<double>(QFileInfo(text.path).size());
+}
+
+// What that takes at the least: the same columns read, and the same bytes written.
+void ExportTextBare(benchmark::State& state)
+{
+    const bool hasNames = state.range(0) != 0;
+    state.SetLabel(hasNames ? "with names" : "own columns");
+    QFile written(g_folder + (hasNames ? u"/names.txt"_s : u"/films.txt"_s));
+    if (!written.open(QIODevice::ReadOnly))
+        return state.SkipWithError("run ExportText first, in the same folder");
+    const QByteArray bytes = written.readAll();
+    const QString catalog = BuiltCatalog();
+    for ([[maybe_unused]] const auto round : state) {
+        Engine engine(catalog);
+        engine.Walk("SELECT Movie_ID, Title, Year, Format FROM Movie ORDER BY Title", 0, [&](qint64 film) {
+            if (!hasNames)
+                return;
+            engine.Walk("SELECT Genre.Genre FROM GenreLink JOIN Genre USING (Genre_ID) WHERE Movie_ID = ?", film, [](qint64) {});
+            engine.Walk("SELECT Actor.Actor FROM ActorLink JOIN Actor USING (Actor_ID) WHERE Movie_ID = ?", film, [](qint64) {});
+        });
+        QFile file(g_folder + u"/bare.txt"_s);
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
+            return state.SkipWithError("the bytes cannot be written");
+    }
+}
+
 BENCHMARK(StoreFilms)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(StoreFilmsBare)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(ReadFilms)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly();
@@ -481,6 +645,24 @@ BENCHMARK(SaveEdits)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggre
 BENCHMARK(StoreChangesBare)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(ExportXml)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(ExportXmlBare)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
+BENCHMARK(ExportWebPages)->Iterations(1)->Unit(benchmark::kMillisecond)->Repetitions(3)->ReportAggregatesOnly()->UseRealTime();
+BENCHMARK(ExportWebPagesBare)->Iterations(1)->Unit(benchmark::kMillisecond)->Repetitions(3)->ReportAggregatesOnly()->UseRealTime();
+BENCHMARK(ExportWebView)
+    ->DenseRange(0, 2)
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(3)
+    ->ReportAggregatesOnly()
+    ->UseRealTime();
+BENCHMARK(ExportWebViewBare)
+    ->DenseRange(0, 2)
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(3)
+    ->ReportAggregatesOnly()
+    ->UseRealTime();
+BENCHMARK(ExportText)->DenseRange(0, 1)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
+BENCHMARK(ExportTextBare)->DenseRange(0, 1)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly()->UseRealTime();
 BENCHMARK(OpenPerson)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 BENCHMARK(ChoosePerson)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 

@@ -123,13 +123,13 @@ void DesktopDialogs::TellMade(const QString& text, const QString& title, const Q
 
 QString DesktopDialogs::InputBox(const QString& prompt, const QString& title, const QString& value)
 {
-    return QInputDialog::getText(m_owner, title, prompt, QLineEdit::Normal, value);
+    return QInputDialog::getText(BoxOwner(), title, prompt, QLineEdit::Normal, value);
 }
 
 void DesktopDialogs::ShowOpen(FileDialog& dialog)
 {
     const QString path =
-        QFileDialog::getOpenFileName(m_owner, QCoreApplication::translate("Dialogs", "Open"), dialog.fileName, FilterOf(dialog));
+        QFileDialog::getOpenFileName(BoxOwner(), QCoreApplication::translate("Dialogs", "Open"), dialog.fileName, FilterOf(dialog));
     if (path.isEmpty())
         throw RuntimeError(kErrCancelled);
     dialog.fileName = path;
@@ -138,7 +138,7 @@ void DesktopDialogs::ShowOpen(FileDialog& dialog)
 void DesktopDialogs::ShowSave(FileDialog& dialog)
 {
     // The caller asks about an existing file in its own words.
-    QFileDialog window(m_owner, QCoreApplication::translate("Dialogs", "Save As"), dialog.fileName, FilterOf(dialog));
+    QFileDialog window(BoxOwner(), QCoreApplication::translate("Dialogs", "Save As"), dialog.fileName, FilterOf(dialog));
     window.setAcceptMode(QFileDialog::AcceptSave);
     window.setOption(QFileDialog::DontConfirmOverwrite);
     window.setDefaultSuffix(Ending(dialog));
@@ -149,7 +149,7 @@ void DesktopDialogs::ShowSave(FileDialog& dialog)
 
 QString DesktopDialogs::BrowseForFolder(const QString& title)
 {
-    return QFileDialog::getExistingDirectory(m_owner, title);
+    return QFileDialog::getExistingDirectory(BoxOwner(), title);
 }
 
 QString DesktopDialogs::AskFieldEdit(const QString& value, qsizetype size, const QString& column)

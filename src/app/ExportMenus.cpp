@@ -8,12 +8,15 @@
 #include "render/SiteAddress.h"
 #include "render/export/WebExportByView.h"
 #include "render/export/mXMLOutput.h"
+#include "render/forms/TxtExport.h"
 #include "render/forms/frmExportWeb.h"
 #include "render/forms/frmPrintCollection.h"
 #include "store/mFileAccess.h"
 
 #include <QDir>
 #include <QPrinter>
+
+#include <utility>
 
 namespace kelvado {
 
@@ -28,6 +31,7 @@ const QString kPagesStay = u"Pages that were whole by then stay; an older one st
 ExportMenus::ExportMenus(const Context& context) : m_context(context), m_run(context.run)
 {
     OnMenu("mnuExportXML", &ExportMenus::ExportXml);
+    OnMenu("mnuExportText", &ExportMenus::ExportText);
     OnMenu("mnuWebPackages", &ExportMenus::ShowWizard);
     OnMenu("mnuPrintCollection", &ExportMenus::PrintCollection);
     OnMenu("mnuWebExport", &ExportMenus::ExportPages);
@@ -38,6 +42,22 @@ void ExportMenus::OnMenu(const char* name, void (ExportMenus::*handler)())
 {
     connect(&m_context.menus.Entry(QString::fromLatin1(name)), &QAction::triggered, this,
             [this, handler] { Guarded(m_context.run.dialogs, [this, handler] { (this->*handler)(); }); });
+}
+
+void ExportMenus::EndExport(std::function<void()> what)
+{
+    m_run.End([this, what = std::move(what)] {
+        if (m_window)
+            m_window->close();
+        what();
+    });
+}
+
+void ExportMenus::Show(QDialog& window)
+{
+    m_window = &window;
+    window.exec();
+    m_window = nullptr;
 }
 
 bool ExportMenus::MayExport()
@@ -67,6 +87,14 @@ void ExportMenus::ExportXml()
               });
 }
 
+void ExportMenus::ExportText()
+{
+    if (!MayExport())
+        return;
+    TxtExport window({m_context.state, m_context.run.dialogs, m_context.run.skinner, m_run}, &m_context.window);
+    Show(window);
+}
+
 void ExportMenus::ShowWizard()
 {
     if (IsBusy())
@@ -78,7 +106,7 @@ void ExportMenus::ShowWizard()
     frmExportWeb wizard(context, &m_context.window);
     shown = &wizard;
     m_context.run.skinner.SkinForm(wizard);
-    wizard.exec();
+    Show(wizard);
 }
 
 void ExportMenus::ExportByPackage(QWidget& wizard, const WebChoice& choice)
@@ -114,7 +142,7 @@ void ExportMenus::PrintCollection()
     }
     frmPrintCollection window({m_context.state, m_context.run.dialogs, m_run, &ChoosePrinter}, choices, &m_context.window);
     m_context.run.skinner.SkinForm(window);
-    window.exec();
+    Show(window);
 }
 
 void ExportMenus::ExportPages()
@@ -155,7 +183,7 @@ bool ExportMenus::MayLeaveOut(qint64 films)
         return true;
     const QString count = films == 1 ? u"1 film stands"_s : u"%1 films stand"_s.arg(films);
     return m_context.run.dialogs.MessageBox(
-               count + u" on no page: filters or the view mode leave them out, or no group of this sort holds them.\r\n\r\n"
+               count + u" on no page, left out by the filters or the view mode, or held by no group of this sort.\r\n\r\n"
                        "Export the other films?"_s,
                kBoxYesNo, kWebExport) == kAnswerYes;
 }

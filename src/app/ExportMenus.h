@@ -6,6 +6,7 @@
 #include "render/export/PackageExport.h"
 #include "render/forms/ExportRun.h"
 
+#include <QDialog>
 #include <QObject>
 
 #include <functional>
@@ -33,13 +34,16 @@ public:
 
     bool IsBusy() const { return m_run.IsBusy(); }
     /// Cancels the export under way without a message, and does `what` when it has ended.
-    void EndExport(std::function<void()> what) { m_run.End(std::move(what)); }
+    void EndExport(std::function<void()> what);
 
 private:
     void OnMenu(const char* name, void (ExportMenus::*handler)());
     /// Asks about unsaved changes first. False where no export can begin.
     bool MayExport();
+    /// Shows the window of an export until it is closed.
+    void Show(QDialog& window);
     void ExportXml();
+    void ExportText();
     void ShowWizard();
     void ExportByPackage(QWidget& wizard, const WebChoice& choice);
     void PrintCollection();
@@ -50,6 +54,7 @@ private:
 
     Context m_context;
     ExportRun m_run;
+    QDialog* m_window = nullptr; ///< that is shown
 };
 
 } // namespace kelvado

@@ -59,6 +59,7 @@ constexpr MenuRule kRules[] = {
     {"mnuWebExport", Effect::Enable, kCatalog},
     {"mnuWebExportByView", Effect::Enable, kCatalog},
     {"mnuExportXML", Effect::Enable, kCatalog},
+    {"mnuExportText", Effect::Enable, kCatalog},
     {"mnuExportWebWizard", Effect::Enable, kNever},
     {"mnuLoansManage", Effect::Enable, kCatalog},
     {"mnuMovieNightClear", Effect::Enable, kCatalog},

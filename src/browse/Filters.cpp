@@ -3,6 +3,9 @@
 #include "core/Conversions.h"
 #include "core/Literals.h"
 #include "core/RuntimeError.h"
+#include "core/ViewKeys.h"
+
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -45,11 +48,43 @@ FilterRecord MakeFilter(const FilmElement& element, int operand, const QString& 
     const Operand& comparison = kOperands[element.kind == ElementKind::Text ? 0 : static_cast<std::size_t>(operand)];
     const QString caption = QString::fromLatin1(element.caption);
     FilterRecord filter;
-    filter.WhereText = QString::fromLatin1(element.key) + u' ' + QString::fromLatin1(comparison.sql) + u'"' +
+    filter.WhereText = ColumnOfKey(QString::fromLatin1(element.key)) + u' ' + QString::fromLatin1(comparison.sql) + u'"' +
                        TrimBlanks(text).replace(u'"', u"\"\""_s) + u'"';
     filter.Caption = element.kind == ElementKind::Text ? caption + u" contains "_s + text
                                                        : caption + u' ' + QString::fromLatin1(comparison.caption) + u' ' + text;
     return filter;
+}
+
+QString JoinFilters(std::span<const FilterRecord> filters)
+{
+    QString where;
+    for (const FilterRecord& filter : filters)
+        where += (where.isEmpty() ? u"WHERE "_s : u" AND "_s) + filter.WhereText;
+    return where;
+}
+
+QString WithLinkedGenres(const QString& sql, bool hasGenres)
+{
+    // Texts in quotes are passed over.
+    static const QRegularExpression parts(uR"re(Genre\.Genre =("(?:[^"]|"")*")|"(?:[^"]|"")*")re"_s);
+    QList<QRegularExpressionMatch> conditions;
+    for (const QRegularExpressionMatch& part : parts.globalMatch(sql)) {
+        if (part.hasCaptured(1))
+            conditions << part;
+    }
+    if (hasGenres && conditions.size() < 2)
+        return sql;
+    QString linked;
+    qsizetype done = 0;
+    for (const QRegularExpressionMatch& part : conditions) {
+        linked += QStringView(sql).sliced(done, part.capturedStart() - done);
+        linked += u"Movie.Movie_ID IN (SELECT GenreLink.Movie_ID FROM GenreLink INNER JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID "
+                  "WHERE Genre.Genre ="_s +
+                  part.captured(1) + u')';
+        done = part.capturedEnd();
+    }
+    linked += QStringView(sql).sliced(done);
+    return linked;
 }
 
 Filters::Filters(AppState& state, Dialogs& dialogs, MenuMarks& marks, Shell& shell, AskFilter askFilter)
@@ -110,9 +145,7 @@ void Filters::Apply()
 
 void Filters::BuildFilterWhere()
 {
-    m_state.FilterWhere.clear();
-    for (int i = 0; i < m_state.FilterCount; ++i)
-        m_state.FilterWhere += (i == 0 ? u"WHERE "_s : u" AND "_s) + m_active[static_cast<std::size_t>(i)].WhereText;
+    m_state.FilterWhere = JoinFilters(std::span(m_active).first(static_cast<std::size_t>(std::max<int>(m_state.FilterCount, 0))));
 }
 
 } // namespace kelvado

@@ -31,6 +31,12 @@ QString FilterFault(const FilmElement* element, int operand, const QString& text
 /// The condition that the dialog stands for. The value stands in double quotes; those that it holds are doubled.
 FilterRecord MakeFilter(const FilmElement& element, int operand, const QString& text);
 
+/// The conditions as one clause: "WHERE ", the first, " AND ", the next, and so on; empty for none.
+QString JoinFilters(std::span<const FilterRecord> filters);
+/// `sql` for a query of films. Where it lacks the genres (`hasGenres` false), a condition on them means the films that are linked to such
+/// a genre. So do several conditions where it has them, as each row has one genre.
+QString WithLinkedGenres(const QString& sql, bool hasGenres);
+
 /// The active filters, at most five, joined by AND, with their menu entries. They last as long as the program runs.
 class Filters
 {

@@ -1,14 +1,15 @@
 #include "browse/Tree.h"
 
+#include "browse/Filters.h"
 #include "browse/FormatPictures.h"
 #include "core/Afterwards.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
 #include "core/RuntimeError.h"
+#include "core/ViewKeys.h"
 #include "store/Recordset.h"
 
 #include <QElapsedTimer>
-#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -74,32 +75,6 @@ QString FilmValue(const QString& primary, const QString& value, const QString& f
     return value;
 }
 
-// Where the films' query lacks the genres, a condition on them means the films that are linked to such a genre. So do several conditions
-// where it has them, as each row has one genre.
-QString WithLinkedGenres(const QString& sql, bool hasGenres)
-{
-    // Texts in quotes are passed over.
-    static const QRegularExpression parts(uR"re(Genre\.Genre =("(?:[^"]|"")*")|"(?:[^"]|"")*")re"_s);
-    QList<QRegularExpressionMatch> conditions;
-    for (const QRegularExpressionMatch& part : parts.globalMatch(sql)) {
-        if (part.hasCaptured(1))
-            conditions << part;
-    }
-    if (hasGenres && conditions.size() < 2)
-        return sql;
-    QString linked;
-    qsizetype done = 0;
-    for (const QRegularExpressionMatch& part : conditions) {
-        linked += QStringView(sql).sliced(done, part.capturedStart() - done);
-        linked += u"Movie.Movie_ID IN (SELECT GenreLink.Movie_ID FROM GenreLink INNER JOIN Genre ON GenreLink.Genre_ID = Genre.Genre_ID "
-                  "WHERE Genre.Genre ="_s +
-                  part.captured(1) + u')';
-        done = part.capturedEnd();
-    }
-    linked += QStringView(sql).sliced(done);
-    return linked;
-}
-
 QString ConditionOfMode(const QString& viewMode)
 {
     if (viewMode == u"MovieNight")
@@ -123,8 +98,8 @@ QString GroupName(const QString& text)
 
 QString BuildLevelSql(const QString& primary, int level, const cOptView& view, const QString& filterWhere)
 {
-    const QString& p = primary;
-    const QString& s = view.SecondarySort;
+    const QString p = ColumnOfKey(primary);
+    const QString s = ColumnOfKey(view.SecondarySort);
     if (level == 1) {
         const QString order = u"ORDER BY "_s + p + u' ' + view.PrimaryOrder;
         if (p == kByGenre)

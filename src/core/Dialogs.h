@@ -1,5 +1,8 @@
 #pragma once
 
+#include "core/Literals.h"
+
+#include <QFileInfo>
 #include <QString>
 
 namespace kelvado {
@@ -42,6 +45,13 @@ public:
     bool ConfirmLoss(const QString& text, int type, const QString& title)
     {
         return MessageBox(text, type | kBoxDefaultNo, title) == kAnswerYes;
+    }
+
+    /// Asks whether the file at `path` may be replaced, where there is one.
+    bool MayReplace(const QString& path, const QString& title)
+    {
+        return !QFileInfo::exists(path) ||
+               ConfirmLoss(u"File already exists, are you sure you wish to continue?"_s, kBoxYesNoCritical, title);
     }
 
     /// Tells that something was made, in a box with buttons that open `path` and the folder that it lies in. `path` is shown by the

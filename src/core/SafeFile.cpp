@@ -44,8 +44,10 @@ FastFile::FastFile(QString path) : m_path(std::move(path)), m_part(m_path + u".p
 
 FastFile::~FastFile()
 {
-    if (!m_committed)
-        m_part.remove();
+    if (m_committed)
+        return;
+    m_part.close(); // which may fail; `QFile::remove` would then leave the file
+    QFile::remove(m_part.fileName());
 }
 
 void FastFile::Write(const QByteArray& bytes)

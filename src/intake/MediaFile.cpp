@@ -7,12 +7,15 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <MediaInfo/MediaInfo.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
 namespace kelvado {
 
@@ -67,7 +70,7 @@ struct AudioTag
     std::int16_t tag;
 };
 // Format tags as an AVI has them. E-AC-3 and TrueHD have none there; theirs are free numbers.
-constexpr std::array<AudioTag, 19> kAudioTags{{
+constexpr std::array<AudioTag, 20> kAudioTags{{
     {"AAC"_L1, ""_L1, 255},
     {"AC-3"_L1, ""_L1, 8192},
     {"E-AC-3"_L1, ""_L1, 8448},
@@ -86,6 +89,7 @@ constexpr std::array<AudioTag, 19> kAudioTags{{
     {"ALAC"_L1, ""_L1, 27745},
     {"WMA"_L1, "Version 1"_L1, 352},
     {"WMA"_L1, "Pro"_L1, 354},
+    {"WMA"_L1, "Lossless"_L1, 355},
     {"WMA"_L1, ""_L1, 353},
 }};
 constexpr std::int16_t kTagOfUnnamed = -1;
@@ -173,12 +177,12 @@ QString VideoCodeOf(MediaReader& media)
     using namespace MediaInfoLib;
     const QString format = media.Text(Stream_Video, L"Format");
     const QString version = media.Text(Stream_Video, L"Format_Version");
-    if (const QString code = CodeFrom(kVideoCodes, format, version); !code.isEmpty())
+    if (QString code = CodeFrom(kVideoCodes, format, version); !code.isEmpty())
         return code;
     const QString named = media.Text(Stream_Video, L"CodecID").section(u'/', -1).trimmed();
     if (named.size() == 4 && named[0].isLetterOrNumber())
         return named.toUpper();
-    if (const QString code = CodeFrom(kVideoCodesWithoutName, format, version); !code.isEmpty())
+    if (QString code = CodeFrom(kVideoCodesWithoutName, format, version); !code.isEmpty())
         return code;
     return format.toUpper().left(4);
 }
@@ -265,11 +269,15 @@ AVIDetails ReadOther(const QString& path)
         details.file.dwLength =
             static_cast<std::uint32_t>(std::min(RoundHalfEven(frames), double(std::numeric_limits<std::uint32_t>::max())));
     }
-    if (seconds > 0)
-        SetBitrates(details, seconds);
-    // What the stream says of itself is better than what is left of the file.
-    if (const double bits = media.Number(Stream_Video, L"BitRate"); bits > 0)
-        details.VideoBitrate = RoundToLong(bits / 1000);
+    try {
+        if (seconds > 0)
+            SetBitrates(details, seconds);
+        // What the stream says of itself is better than what is left of the file.
+        if (const double bits = media.Number(Stream_Video, L"BitRate"); bits > 0)
+            details.VideoBitrate = RoundToLong(bits / 1000);
+    } catch (const RuntimeError&) {
+        RaiseUnreadable(path, u"the running time in it cannot be right"_s);
+    }
     return details;
 }
 
@@ -283,6 +291,13 @@ bool IsAvi(const QString& path)
     return (head.startsWith("RIFF") || head.startsWith("RIFX")) && head.endsWith("AVI ");
 }
 
+// A film on a video disc is parted into files; the first one of each stands for it, and menus are none.
+bool IsFurtherPart(const QString& fileName)
+{
+    static const QRegularExpression part(u"^(VIDEO_TS|VTS_\\d\\d_[02-9])\\.VOB$"_s, QRegularExpression::CaseInsensitiveOption);
+    return part.match(fileName).hasMatch();
+}
+
 void FindIn(const QDir& folder, int depth, const std::function<bool()>& goesOn, QStringList& found, bool& ended)
 {
     if (goesOn && !goesOn())
@@ -292,7 +307,7 @@ void FindIn(const QDir& folder, int depth, const std::function<bool()>& goesOn, 
         if (ended)
             return;
         if (entry.isFile()) {
-            if (IsVideoFile(entry.fileName()))
+            if (IsVideoFile(entry.fileName()) && !IsFurtherPart(entry.fileName()))
                 found << entry.filePath();
         } else if (!entry.isSymLink() && depth < kDeepest) {
             FindIn(QDir(entry.filePath()), depth + 1, goesOn, found, ended);

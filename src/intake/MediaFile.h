@@ -33,8 +33,8 @@ std::optional<AVIDetails> ReadChosenFile(const QString& path, const QString& cat
 std::optional<QString> FirstFilmIn(const QString& folder);
 
 /// All video files below `folder`, sorted by their paths without regard to case. Folders that are links are left out, as are hidden ones
-/// and what lies deeper than 16 folders. `goesOn` is called at every folder; where it returns False, what was found so far is returned.
-/// Raises `kErrFileNotFound` for a folder that is missing.
+/// and what lies deeper than 16 folders, and of a film on a video disc all files but its first. `goesOn` is called at every folder; where
+/// it returns False, what was found so far is returned. Raises `kErrFileNotFound` for a folder that is missing.
 QStringList FindVideoFiles(const QString& folder, const std::function<bool()>& goesOn = {});
 
 } // namespace kelvado

@@ -6,6 +6,8 @@
 #include "store/Recordset.h"
 #include "store/mFileAccess.h"
 
+#include <QFileInfo>
+
 namespace kelvado {
 
 namespace {
@@ -41,6 +43,9 @@ void AddRows(const QStringList& titles, Connection& connection, const TitleStep&
 QStringList ReadTitles(const QString& path, const TitleStep& step)
 {
     constexpr qsizetype kStride = qsizetype(1) << 20;
+    constexpr qint64 kLargest = qint64(512) << 20;
+    if (QFileInfo(path).size() > kLargest)
+        throw RuntimeError::WithDetail(kErrFileAccess, path + u" (it is too large for a list of titles)"_s);
     const QString text = TextOfBytes(ReadBytes(path));
     QStringList titles;
     qsizetype begin = 0;

@@ -18,7 +18,7 @@ inline constexpr QLatin1StringView kTitleFileFilter{"Text Files (*.txt)|*.txt"};
 using TitleStep = std::function<bool(qsizetype done, qsizetype count)>;
 
 /// The lines of the file that are not empty, as they stand, in order: UTF-8, UTF-16 with its mark, or Windows-1252, with any line ends.
-/// `step` counts characters. Raises `kErrFileNotFound`, `kErrFileAccess`, and `kErrCancelled` behind a cancel.
+/// `step` counts characters. Raises `kErrFileNotFound`, `kErrFileAccess`, also for more than 512 MiB, and `kErrCancelled` behind a cancel.
 QStringList ReadTitles(const QString& path, const TitleStep& step = {});
 
 /// "Proccessing 3 of 10"

@@ -30,7 +30,7 @@ using Interfaces = QMap<QString, QVariantMap>;
 using Objects = QMap<QDBusObjectPath, Interfaces>;
 
 // The service ends its paths with a NUL.
-QString PathOf(QByteArray bytes)
+QString PathOf(const QByteArray& bytes)
 {
     return QString::fromLocal8Bit(bytes.left(bytes.indexOf('\0')));
 }

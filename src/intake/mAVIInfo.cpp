@@ -197,14 +197,8 @@ QString LookupCodec(const QString& table, const Value& code, const QString& unkn
     return unknown;
 }
 
-} // namespace
-
-AVIDetails GetAVIDetails(const QString& path, const QString& catalogPath)
+void SetFigures(const QString& path, AVIDetails& details)
 {
-    AVIDetails details;
-    ReadAVIStreamInfo(path, details.file, details.stream);
-    details.audio = ReadAudioFormat(path);
-
     const AVIFILEINFO& file = details.file;
     details.Resolution = QString::number(file.dwWidth) + u'x' + QString::number(file.dwHeight);
     details.FPS = FrameRateText(file.dwRate, file.dwScale);
@@ -212,7 +206,22 @@ AVIDetails GetAVIDetails(const QString& path, const QString& catalogPath)
     details.Runtime = NumberText(seconds);
     details.FileSize = GetAVIFileLength(path);
     SetBitrates(details, seconds);
+}
 
+} // namespace
+
+AVIDetails GetAVIDetails(const QString& path, const QString& catalogPath)
+{
+    AVIDetails details;
+    ReadAVIStreamInfo(path, details.file, details.stream);
+    details.audio = ReadAudioFormat(path);
+    try {
+        SetFigures(path, details);
+    } catch (const RuntimeError& error) {
+        if (error.Description() != DescriptionOfError(error.Number()))
+            throw; // it names the file already
+        throw RuntimeError::WithDetail(error.Number(), path + u" (its headers are not those of an AVI with a film)"_s);
+    }
     details.VideoType = LookupVideoCodec(details.stream.fccHandler, catalogPath);
     details.AudioType = LookupAudioCodec(details.audio.wFormatTag, catalogPath);
     details.FileName = FileNameOf(path);

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <array>
+#include <bitset>
 #include <initializer_list>
 #include <utility>
 
@@ -119,6 +120,41 @@ QString TokenValue(ValueForm kind, const Value& value, const TokenSettings& sett
     return ValueOrNone(value);
 }
 
+/// Replaces every occurrence of a token. Few characters of a page are exclamation marks, so going from one to the next takes a fraction of
+/// what the toolkit's own search takes.
+template<typename Token>
+void ReplaceToken(QString& text, const Token& token, const QString& value)
+{
+    for (qsizetype at = text.indexOf(u'!'); at >= 0; at = text.indexOf(u'!', at)) {
+        const QStringView rest = QStringView(text).sliced(at);
+        if (rest.size() > 2 && rest[2] == token[2] && rest.startsWith(token)) {
+            text.replace(at, token.size(), value);
+            at += value.size();
+        } else {
+            ++at;
+        }
+    }
+}
+
+using HeldTokens = std::bitset<kFilmTokens.size()>;
+
+/// Which film tokens stand in the text, in one pass: looking for each of them in turn would be most of an export's work.
+HeldTokens FindFilmTokens(QStringView text)
+{
+    HeldTokens held;
+    for (qsizetype at = text.indexOf("!!"_L1); at >= 0; at = text.indexOf(u'!', at + 1)) {
+        const QStringView rest = text.sliced(at);
+        if (rest.size() < 3 || rest[1] != u'!')
+            continue;
+        for (std::size_t i = 0; i < kFilmTokens.size(); ++i) {
+            const QLatin1StringView token = kFilmTokens[i].token;
+            if (token[2] == rest[2] && rest.startsWith(token))
+                held.set(i);
+        }
+    }
+    return held;
+}
+
 /// The path of a picture of the skin as the page names it. `folder` has the spelling of the film page.
 QString PicturePath(const TokenSettings& settings, QLatin1StringView exportFolder, QLatin1StringView folder, QLatin1StringView name)
 {
@@ -129,7 +165,7 @@ QString PicturePath(const TokenSettings& settings, QLatin1StringView exportFolde
 
 void FillRated(QString& text, const Value& rated, const TokenSettings& settings)
 {
-    text.replace("!!RATEDTXT!!"_L1, ValueOrNone(rated));
+    ReplaceToken(text, "!!RATEDTXT!!"_L1, ValueOrNone(rated));
     QLatin1StringView picture = CertificatePicture(rated);
     if (picture.isEmpty()) {
         // An exported page keeps the token for a certificate that nobody knows.
@@ -137,7 +173,7 @@ void FillRated(QString& text, const Value& rated, const TokenSettings& settings)
             return;
         picture = kNoCertificate;
     }
-    text.replace("!!RATEDIMG!!"_L1, PicturePath(settings, "Images\\"_L1, "/ratings/"_L1, picture));
+    ReplaceToken(text, "!!RATEDIMG!!"_L1, PicturePath(settings, "Images\\"_L1, "/ratings/"_L1, picture));
 }
 
 QString BarTag(const TokenSettings& settings, QLatin1StringView name, QLatin1StringView end)
@@ -160,8 +196,8 @@ void FillRating(QString& text, const Value& rating, const TokenSettings& setting
     }
     if (bar.pictures.front() != kNoRatingBar)
         tags = u"<NOBR>"_s + tags + u"</NOBR>"_s;
-    text.replace("!!RATINGBAR!!"_L1, tags);
-    text.replace("!!RATING!!"_L1, ValueOrNone(rating));
+    ReplaceToken(text, "!!RATINGBAR!!"_L1, tags);
+    ReplaceToken(text, "!!RATING!!"_L1, ValueOrNone(rating));
 }
 
 QString NumberedToken(QLatin1StringView stem, qint64 number)
@@ -220,7 +256,7 @@ void FillCrewTokens(QString& text, Connection& connection, FilmId movieId, const
     if (!rows.Eof()) {
         const int column = rows.ColumnIndex(QString(tokens.crew.column));
         for (; !rows.Eof(); rows.MoveNext())
-            text.replace(NumberedToken(tokens.stem, ++count), rows.IsNull(column) ? QString(kNone) : rows.Text(column));
+            ReplaceToken(text, NumberedToken(tokens.stem, ++count), rows.IsNull(column) ? QString(kNone) : rows.Text(column));
     }
     FillUnused(text, {tokens.stem}, count);
 }
@@ -244,9 +280,15 @@ void CopyPictures(const QString& skin, std::initializer_list<PictureCopy> pictur
 
 void FillFilmTokens(QString& text, const Recordset& film, const TokenSettings& settings)
 {
-    for (const FilmToken& token : kFilmTokens) {
-        if (text.contains(token.token))
-            text.replace(token.token, TokenValue(token.kind, film[QString(token.column)].Get(), settings));
+    HeldTokens held = FindFilmTokens(text);
+    for (std::size_t i = 0; i < kFilmTokens.size(); ++i) {
+        if (!held[i])
+            continue;
+        const FilmToken& token = kFilmTokens[i];
+        const QString value = TokenValue(token.kind, film[QString(token.column)].Get(), settings);
+        ReplaceToken(text, token.token, value);
+        if (value.isEmpty() || value.contains(u'!'))
+            held = FindFilmTokens(text); // the value has brought tokens along, or joined what stood around it to one
     }
     FillRated(text, film[u"Rated"].Get(), settings);
     FillRating(text, film[u"Rating"].Get(), settings);
@@ -269,7 +311,7 @@ void FillGenreToken(QString& text, Connection& connection, FilmId movieId)
         // Only the comma goes: templates are made for the blank behind it.
         genres.remove(0, 1);
     }
-    text.replace("!!GENRE!!"_L1, genres);
+    ReplaceToken(text, "!!GENRE!!"_L1, genres);
 }
 
 void FillActorTokens(QString& text, Connection& connection, FilmId movieId)
@@ -286,8 +328,8 @@ void FillActorTokens(QString& text, Connection& connection, FilmId movieId)
         const int character = rows.ColumnIndex(u"Character");
         for (; !rows.Eof(); rows.MoveNext()) {
             ++count;
-            text.replace(NumberedToken(kActor, count), rows.Text(actor));
-            text.replace(NumberedToken(kCharacter, count), rows.Text(character));
+            ReplaceToken(text, NumberedToken(kActor, count), rows.Text(actor));
+            ReplaceToken(text, NumberedToken(kCharacter, count), rows.Text(character));
         }
     }
     FillUnused(text, {kActor, kCharacter}, count);

@@ -14,7 +14,6 @@ namespace kelvado {
 namespace {
 
 const QString kFilter = u"Kelvado Catolog (*.kvd)| *.kvd"_s;
-const QString kGoOn = u"File already exists, are you sure you wish to continue?"_s;
 
 // A name that no file has, beside `neighbour`: "films copy.kvd", "films copy 2.kvd".
 QString FreshName(const QString& neighbour, const QString& name)
@@ -45,7 +44,7 @@ bool CatalogFile::ChooseFile(void (Dialogs::*show)(FileDialog&), const QString& 
 // The chosen path is the open catalog's from then on, whatever the answer.
 bool CatalogFile::MayReplace(const QString& title)
 {
-    return !QFileInfo::exists(m_state.CatalogPath()) || m_dialogs.ConfirmLoss(kGoOn, kBoxYesNoCritical, title);
+    return m_dialogs.MayReplace(m_state.CatalogPath(), title);
 }
 
 void CatalogFile::CopyToChosen(const QString& source)

@@ -81,6 +81,11 @@ int Recordset::ColumnIndex(QStringView name) const
     return index;
 }
 
+int Recordset::ColumnCount() const
+{
+    return static_cast<int>(Opened().Columns().size());
+}
+
 Field Recordset::operator[](QStringView name) const
 {
     return {m_impl.get(), ColumnIndex(name)};

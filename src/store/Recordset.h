@@ -75,6 +75,7 @@ public:
     /// 1 for the first row; 0 where there is no current row.
     qint64 AbsolutePosition() const;
 
+    int ColumnCount() const;
     /// The column's place from 0, found without regard to case. Raises `kErrItemNotFound` with the name where there is none.
     int ColumnIndex(QStringView name) const;
     /// Raises `kErrItemNotFound` where there is no such column.

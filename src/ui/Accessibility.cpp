@@ -1,10 +1,13 @@
 #include "ui/Accessibility.h"
 
 #include "core/Literals.h"
+#include "ui/AlignPicker.h"
 #include "ui/BusyPicture.h"
 #include "ui/PaneSplitter.h"
 #include "ui/SectionTabRow.h"
 #include "ui/StatusCells.h"
+#include "ui/ctxListItem.h"
+#include "ui/ctxListObjects.h"
 #include "ui/ctxToolbar.h"
 
 #include <QAbstractItemView>
@@ -87,6 +90,66 @@ private:
     }
 };
 
+/// A list whose rows hold editors. What they lie in is no part of it.
+class RowsAccessible : public RoleAccessible
+{
+public:
+    explicit RowsAccessible(ctxListObjects* list) : RoleAccessible(list, QAccessible::List) {}
+
+    int childCount() const override { return List().ListCount(); }
+    QAccessibleInterface* child(int index) const override
+    {
+        return index < 0 || index >= childCount() ? nullptr : QAccessible::queryAccessibleInterface(&List().List(index + 1));
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        for (int index = 0; child && index < childCount(); ++index) {
+            if (&List().List(index + 1) == child->object())
+                return index;
+        }
+        return -1;
+    }
+    QAccessibleInterface* focusChild() const override
+    {
+        return widget()->hasFocus() && List().ListIndex() > 0 ? child(List().ListIndex() - 1) : RoleAccessible::focusChild();
+    }
+
+private:
+    const ctxListObjects& List() const { return *static_cast<const ctxListObjects*>(widget()); }
+};
+
+class RowAccessible : public RoleAccessible
+{
+public:
+    explicit RowAccessible(ctxListItem* row) : RoleAccessible(row, QAccessible::ListItem) {}
+
+    QAccessibleInterface* parent() const override
+    {
+        QWidget* above = widget()->parentWidget();
+        while (above && !qobject_cast<ctxListObjects*>(above))
+            above = above->parentWidget();
+        return QAccessible::queryAccessibleInterface(above);
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = RoleAccessible::state();
+        state.selectable = state.focusable = true;
+        state.selected = static_cast<const ctxListItem*>(widget())->Selected();
+        return state;
+    }
+};
+
+class AlignAccessible : public RoleAccessible
+{
+public:
+    explicit AlignAccessible(AlignPicker* picker) : RoleAccessible(picker, QAccessible::ComboBox) {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? static_cast<const AlignPicker*>(widget())->ValueText() : RoleAccessible::text(kind);
+    }
+};
+
 QAccessibleInterface* MakeInterface(const QString& className, QObject* object)
 {
     if (!object || !object->isWidgetType())
@@ -98,6 +161,12 @@ QAccessibleInterface* MakeInterface(const QString& className, QObject* object)
                    : new RoleAccessible(widget, QAccessible::Graphic);
     if (className == "kelvado::TabRow"_L1)
         return new TabRowAccessible(widget);
+    if (className == "kelvado::ctxListObjects"_L1)
+        return new RowsAccessible(static_cast<ctxListObjects*>(widget));
+    if (className == "kelvado::ctxListItem"_L1)
+        return new RowAccessible(static_cast<ctxListItem*>(widget));
+    if (className == "kelvado::AlignPicker"_L1)
+        return new AlignAccessible(static_cast<AlignPicker*>(widget));
     if (className == "kelvado::ctxToolbar"_L1)
         return new RoleAccessible(widget, QAccessible::ToolBar);
     if (className == "kelvado::StatusCells"_L1)

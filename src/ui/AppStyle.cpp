@@ -57,6 +57,13 @@ QPixmap PaintSign(const Sign& sign, int scale)
     return picture;
 }
 
+// True for the selected row of a view that the keys do not go to. A view that paints whole rows has dimmed them itself.
+bool IsIdleSelection(const QStyleOption& option, const QWidget* widget)
+{
+    return option.state.testFlag(QStyle::State_Selected) && widget && !widget->hasFocus() &&
+           option.palette.color(QPalette::Highlight) == widget->palette().color(QPalette::Highlight);
+}
+
 } // namespace
 
 void DimSelection(QPalette& palette)
@@ -167,13 +174,21 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
     painter->restore();
 }
 
+// The part of a row in front of its text, too.
+void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
+{
+    const auto* row = element == PE_PanelItemViewRow ? qstyleoption_cast<const QStyleOptionViewItem*>(option) : nullptr;
+    if (!row || !IsIdleSelection(*row, widget))
+        return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    QStyleOptionViewItem dimmed(*row);
+    DimSelection(dimmed.palette);
+    QProxyStyle::drawPrimitive(element, &dimmed, painter, widget);
+}
+
 // A default button looks like one with the focus otherwise, and the row of a list that the keys do not go to like the one they do.
 void AppStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
 {
-    const bool isSelection = element == CE_ItemViewItem && option->state.testFlag(State_Selected);
-    // A view that paints whole rows has dimmed them itself.
-    if (isSelection && widget && !widget->hasFocus() &&
-        option->palette.color(QPalette::Highlight) == widget->palette().color(QPalette::Highlight)) {
+    if (element == CE_ItemViewItem && IsIdleSelection(*option, widget)) {
         QStyleOptionViewItem item(*qstyleoption_cast<const QStyleOptionViewItem*>(option));
         DimSelection(item.palette);
         return QProxyStyle::drawControl(element, &item, painter, widget);

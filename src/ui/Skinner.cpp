@@ -4,6 +4,8 @@
 #include "core/Paths.h"
 #include "core/RuntimeError.h"
 #include "core/SafeFile.h"
+#include "ui/ctxListItem.h"
+#include "ui/ctxListObjects.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -108,6 +110,15 @@ void Paint(QWidget& widget, const QColor& back, const QColor& skinText)
         palette.setColor(QPalette::Inactive, role, text);
     }
     widget.setPalette(palette);
+}
+
+// The rows of a list come and go, in the colours of the list.
+bool IsInRows(const QWidget& control)
+{
+    const QWidget* above = control.parentWidget();
+    while (above && !qobject_cast<const ctxListItem*>(above))
+        above = above->parentWidget();
+    return above != nullptr;
 }
 
 } // namespace
@@ -247,6 +258,8 @@ void Skinner::SkinForm(QWidget& form) const
     const SkinValues& v = m_values;
     Paint(form, v.windowBack, v.labelText);
     for (QWidget* control : form.findChildren<QWidget*>()) {
+        if (IsInRows(*control))
+            continue;
         if (qobject_cast<QGroupBox*>(control)) {
             Paint(*control, v.labelBack, v.labelText);
         } else if (auto* label = qobject_cast<QLabel*>(control)) {
@@ -267,6 +280,8 @@ void Skinner::SkinForm(QWidget& form) const
                 SetFamily(*control, v.fontName);
         } else if (qobject_cast<QAbstractItemView*>(control) || qobject_cast<QComboBox*>(control)) {
             Paint(*control, v.boxBack, v.boxText);
+        } else if (qobject_cast<ctxListObjects*>(control)) {
+            control->setPalette(WindowPalette()); // its rows hold boxes, which stand out from it
         }
     }
 }

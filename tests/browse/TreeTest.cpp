@@ -162,6 +162,7 @@ TEST_F(TreeTest, AGenresQuotesStopNeitherItsCastsNorAFilter)
     } cases[] = {
         {"Movie.Title", hour, u"21"_s},
         {"Movie.Year", tragedy + u" AND "_s + hour, u"1"_s},
+        {"Movie.IMDbLink", hour, u"21"_s}, // the number stands for its link
         {"Genre.Genre", hour, u"21"_s},
         {"Genre.Genre", tragedy + u" AND "_s + hour, u"11"_s},
         {"Movie.Title", hour + u" AND "_s + title, u""_s},
@@ -183,7 +184,7 @@ TEST_F(TreeTest, AGenresQuotesStopNeitherItsCastsNorAFilter)
 
 TEST_F(TreeTest, AFailureHalfWayLeavesWhatWasReadAndAFileThatIsNoCatalogFails)
 {
-    Sort("Movie.Title", "Movie.IMDbLink");
+    Sort("Movie.Title", "Movie.Nothing");
     EXPECT_NE(ErrorOf([&] { tree.FillTree(); }), 0);
     EXPECT_EQ(model.GroupCount(), 4);
     home.Write(u"text.kvd"_s, "this is no catalog, whatever its name says");

@@ -3,6 +3,7 @@
 #include "panels/forms/Form3.h"
 #include "panels/forms/frmAddManual.h"
 #include "panels/forms/frmEditAddChar.h"
+#include "support/AviBuilder.h"
 #include "support/MapMarks.h"
 #include "ui/AppStyle.h"
 #include "ui/ChoiceBox.h"
@@ -320,6 +321,20 @@ TEST_F(FilmPanels, PicturesAndNfoAreStoredAtOnce)
     Press(film, "cmdNfo");
     EXPECT_EQ(catalog.Ask("SELECT Nfo FROM Movie WHERE Movie_ID = 1"), u"Caf\u00e9 \u00b0"_s);
     EXPECT_FALSE(film.HasChanges());
+
+    home.Write(u"film.avi"_s, AviBuilder().Bytes());
+    for (const QString& file : {u"film.nfo"_s, u"none.avi"_s}) { // neither is told
+        dialogs.files << home.Path(file);
+        Press(film, "cmdAVI");
+        EXPECT_FALSE(film.HasChanges());
+    }
+    dialogs.files << home.Path(u"film.avi"_s);
+    Press(film, "cmdAVI");
+    EXPECT_TRUE(film.HasChanges() && dialogs.boxes.isEmpty());
+    Press(film, "cmdSave");
+    EXPECT_EQ(catalog.Ask("SELECT VidType || AudType || VidBitrate || AudBitrate || Filename || Resolution || AudChannels || Filesize "
+                          "FROM Movie WHERE Movie_ID = 1"),
+              u"XviDMPEG-1 Layer 3-128 kbp/s128 kbp/sfilm.avi640x4802 channel0mb"_s);
     catalog.Run("DELETE FROM Movie WHERE Movie_ID = 1");
     dialogs.files << home.Path(u"front.png"_s);
     Press(film, "cmdImage");

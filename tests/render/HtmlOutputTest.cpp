@@ -63,6 +63,9 @@ TEST_F(Tokens, AValueIsScannedForLaterTokensOnly)
     Set("Rating", "'N/A'");
     Set("TrailerURL", "'!!RATING!!'");
     EXPECT_EQ(Film("!!PLOT!!|!!LANGUAGE!!"), "C-07 !!YEAR!!|N/A !!QUALITY!!");
+    Set("Plot", "'!!IN'");
+    Set("Comments", "''");
+    EXPECT_EQ(Film("!!PLOT!!DEX!!|!!!COMMENTS!!!CUSTOM1!!"), "C-07|N/A");
 }
 
 TEST_F(Tokens, YesAndNo)

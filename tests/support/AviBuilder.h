@@ -7,54 +7,45 @@
 
 namespace kelvado {
 
-/// An AVI file in bytes, of headers and a few bytes of film, with everything that a test may want to be otherwise.
+/// An AVI file in bytes: headers and a few bytes of film.
 struct AviBuilder
 {
     struct Stream
     {
         QByteArray type, handler; ///< four characters each
+        QByteArray format;        ///< of the `strf` chunk
         std::uint32_t scale = 1, rate = 25, length = 250;
-        QByteArray format; ///< of the `strf` chunk
     };
 
     static QByteArray Number(std::uint32_t value, qsizetype bytes = 4)
     {
-        QByteArray little(4, '\0');
-        qToLittleEndian(value, little.data());
-        return little.left(bytes);
+        const std::uint32_t little = qToLittleEndian(value);
+        return QByteArray(reinterpret_cast<const char*>(&little), bytes);
     }
-    /// Padded to an even size, which the chunk does not tell.
     static QByteArray Chunk(const QByteArray& tag, const QByteArray& body)
     {
         return tag + Number(static_cast<std::uint32_t>(body.size())) + body + QByteArray(body.size() % 2, '\0');
     }
     static QByteArray List(const QByteArray& type, const QByteArray& body) { return Chunk("LIST", type + body); }
 
-    static Stream Video(const QByteArray& handler = "XVID") { return {.type = "vids", .handler = handler, .format = QByteArray(40, 'v')}; }
-    static Stream Audio(std::int16_t tag = 85, std::uint32_t bytesPerSecond = 16000, std::uint32_t channels = 2)
+    static Stream Video(const QByteArray& handler = "XVID") { return {"vids", handler, QByteArray(40, 'v')}; }
+    static Stream Audio(std::uint32_t tag = 85, std::uint32_t bytesPerSecond = 16000, std::uint32_t channels = 2)
     {
-        return {.type = "auds",
-                .handler = QByteArray(4, '\0'),
-                .format = Number(std::uint16_t(tag), 2) + Number(channels, 2) + Number(44100) + Number(bytesPerSecond) + Number(4, 2) +
-                          Number(16, 2) + "more"};
+        return {"auds", QByteArray(4, '\0'),
+                Number(tag, 2) + Number(channels, 2) + Number(44100) + Number(bytesPerSecond) + Number(4, 2) + Number(16, 2) + "more"};
     }
 
-    QByteArray StreamList(const Stream& stream) const
-    {
-        const QByteArray header = stream.type + stream.handler + QByteArray(12, '\0') + Number(stream.scale) + Number(stream.rate) +
-                                  QByteArray(4, '\0') + Number(stream.length) + QByteArray(20, '\0');
-        return List("strl", Chunk("strh", header) + Chunk("strf", stream.format));
-    }
     QByteArray Bytes() const
     {
-        QByteArray lists;
+        QByteArray headers = Chunk("avih", QByteArray(32, '\0') + Number(640) + Number(480) + QByteArray(16, '\0')) + junk;
         for (const Stream& stream : streams)
-            lists += StreamList(stream);
-        const QByteArray main = QByteArray(32, '\0') + Number(width) + Number(height) + QByteArray(16, '\0');
-        return Chunk("RIFF", "AVI " + List("hdrl", Chunk("avih", main) + junk + lists) + List("movi", QByteArray(200, 'm')));
+            headers +=
+                List("strl", Chunk("strh", stream.type + stream.handler + QByteArray(12, '\0') + Number(stream.scale) +
+                                               Number(stream.rate) + QByteArray(4, '\0') + Number(stream.length) + QByteArray(20, '\0')) +
+                                 Chunk("strf", stream.format));
+        return Chunk("RIFF", "AVI " + List("hdrl", headers) + List("movi", QByteArray(200, 'm')));
     }
 
-    std::uint32_t width = 640, height = 480;
     QByteArray junk; ///< chunks between the main header and the streams
     QList<Stream> streams{Video(), Audio()};
 };

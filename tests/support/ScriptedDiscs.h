@@ -8,7 +8,7 @@
 
 namespace kelvado {
 
-/// Drives that a test fills, empties and looks at.
+/// Drives that a test fills, empties and looks at. A drive with a fault cannot be read or opened.
 class ScriptedDiscs : public Discs
 {
 public:
@@ -16,9 +16,7 @@ public:
     QString WhyNoDrives() const override { return drives.isEmpty() ? whyNone : QString(); }
     QString FolderOf(const QString& root) override
     {
-        if (const QString reason = faults.value(root); !reason.isEmpty())
-            throw RuntimeError::WithDetail(kErrFileAccess, root + u" ("_s + reason + u')');
-        return folders.value(root);
+        return faults.contains(root) ? throw RuntimeError(kErrFileAccess, faults[root]) : folders.value(root);
     }
     QString Eject(const QString& root) override
     {
@@ -27,18 +25,13 @@ public:
     }
     void Watch(std::function<void(std::int32_t action)> changed) override { watcher = std::move(changed); }
 
-    /// Tells the watcher, if there is one.
-    void Tell(std::int32_t action) const
-    {
-        if (watcher)
-            watcher(action);
-    }
+    void Tell(std::int32_t action) const { watcher(action); }
 
     QList<DiscDrive> drives;
     QString whyNone;
     QHash<QString, QString> folders, faults; ///< by roots
     QStringList ejected;
-    std::function<void(std::int32_t action)> watcher;
+    std::function<void(std::int32_t action)> watcher; ///< empty where nobody watches
 };
 
 } // namespace kelvado

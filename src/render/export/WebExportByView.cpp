@@ -2,6 +2,7 @@
 
 #include "browse/Tree.h"
 #include "core/Literals.h"
+#include "core/ViewKeys.h"
 
 #include <QHash>
 #include <QSet>
@@ -85,8 +86,9 @@ struct Placed
 Placed CountPlaced(const ExportedView& view, const QList<ViewGroup>& groups, Connection& catalog)
 {
     Recordset count;
-    count.Open(FilmsWhere(view, u"Count(DISTINCT Movie.Movie_ID), Count(*)"_s, ConditionOfAnyGroup(view.view.PrimarySort, groups)), catalog,
-               LockType::ReadOnly);
+    count.Open(
+        FilmsWhere(view, u"Count(DISTINCT Movie.Movie_ID), Count(*)"_s, ConditionOfAnyGroup(ColumnOfKey(view.view.PrimarySort), groups)),
+        catalog, LockType::ReadOnly);
     return {count.Integer(0), count.Integer(1)};
 }
 
@@ -150,7 +152,7 @@ private:
         QList<Value> values = group.values;
         values.removeIf([](const Value& value) { return value.IsNull(); });
         Recordset film;
-        film.Open(FilmsWhere(m_view, u"Movie.*"_s, ConditionOfGroup(m_view.view.PrimarySort, group)), values, m_catalog,
+        film.Open(FilmsWhere(m_view, u"Movie.*"_s, ConditionOfGroup(ColumnOfKey(m_view.view.PrimarySort), group)), values, m_catalog,
                   LockType::ReadOnly);
         const int id = film.ColumnIndex(u"Movie_ID");
         const int title = film.ColumnIndex(u"Title");
