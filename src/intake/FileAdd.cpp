@@ -124,10 +124,7 @@ QString FilmFileQueue::PlaceText() const
 
 void FilmFileQueue::NoteFailure(const RuntimeError& error)
 {
-    if (error.Number() == kErrDivisionByZero)
-        m_failures << m_current + u": the file is not whole, or has no frames"_s;
-    else
-        m_failures << (error.Description().contains(m_current) ? error.Description() : m_current + u": "_s + error.Description());
+    m_failures << error.Description();
 }
 
 QString FilmFileQueue::TakeFailures()

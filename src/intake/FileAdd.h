@@ -49,7 +49,7 @@ public:
     /// "File 3 of 120: film.avi"
     QString PlaceText() const;
 
-    /// Keeps why the file in work cannot be read.
+    /// Keeps why the file in work cannot be read; the failure names it.
     void NoteFailure(const RuntimeError& error);
     /// What to tell of the failures since the last call; empty without any.
     QString TakeFailures();
