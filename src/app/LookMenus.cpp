@@ -45,7 +45,8 @@ void LookMenus::ChangeSkin(const QString& skin)
     m_context.skinner.ApplySkin(skin);
 }
 
-void LookMenus::ChangeToUsable(const QString& skin)
+// By value: the name that comes in may be the state's own, which changes.
+void LookMenus::ChangeToUsable(QString skin)
 {
     try {
         return ChangeSkin(skin);

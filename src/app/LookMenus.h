@@ -39,7 +39,7 @@ public:
     void ChangeSkin(const QString& skin);
     /// Goes over to `skin`, or where it cannot be shown to another one that can, which is told. Raises the failure of `skin` where there
     /// is none.
-    void ChangeToUsable(const QString& skin);
+    void ChangeToUsable(QString skin);
 
 private:
     void Connect(const char* entry, void (LookMenus::*handler)());

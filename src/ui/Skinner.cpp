@@ -48,6 +48,7 @@ constexpr MenuColorKey kMenuColorKeys[] = {
 };
 
 constexpr int kPointSize = 10;
+constexpr const char* kPainted = "paintedBySkin"; ///< the mark of a form that lies in the main window
 
 bool IsDark(const QColor& color)
 {
@@ -88,8 +89,9 @@ void PaintSelection(QPalette& palette, const QColor& skinColor)
     const QColor color = Visible(skinColor, palette.color(QPalette::Base));
     palette.setColor(QPalette::Highlight, color);
     palette.setColor(QPalette::HighlightedText, ReadableOn(color));
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, Mixed(palette.color(QPalette::Base), color, kFadedPart));
-    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, palette.color(QPalette::Disabled, QPalette::Text));
+    const QColor faded = Mixed(palette.color(QPalette::Base), color, kFadedPart);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, faded);
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, Faded(palette.color(QPalette::Text), faded));
 }
 
 void SetFamily(QWidget& widget, const QString& family)
@@ -189,10 +191,15 @@ void Skinner::ApplySkin(const QString& skin)
     QApplication::setPalette(MenuPalette(), "QMenuBar");
     // Also those that are hidden: a panel that gave way to another one, a window that is kept for the next time.
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (qobject_cast<QMainWindow*>(window))
+        if (qobject_cast<QMainWindow*>(window)) {
             SkinMainWindow(*window);
-        else if (IsWindow(*window))
+            for (QWidget* panel : window->findChildren<QWidget*>()) {
+                if (panel->property(kPainted).toBool())
+                    SkinForm(*panel);
+            }
+        } else if (IsWindow(*window)) {
             SkinForm(*window);
+        }
     }
     Q_EMIT Changed();
 }
@@ -304,6 +311,7 @@ QPalette Skinner::MenuPalette() const
 void Skinner::SkinForm(QWidget& form) const
 {
     const SkinValues& v = m_values;
+    form.setProperty(kPainted, true);
     Paint(form, v.windowBack, v.labelText);
     for (QWidget* control : form.findChildren<QWidget*>()) {
         if (IsInRows(*control))
