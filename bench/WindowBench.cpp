@@ -1,7 +1,7 @@
 // What a user waits for, to the last changed pixel: window_bench CATALOG.kvd, on an X display, with KELVADO_HOME naming a folder that has
 // the program's files. Prints the time from the start of the process to the usable window, the median time from a selection to the
 // painted page of a film and of a person and to the panels that edit them, the times to store a field and a tick, the credits of the
-// largest cast, all beside a page that holds a bare heading, and the memory of this process.
+// largest cast, the change of the skin, all beside a page that holds a bare heading, and the memory of this process.
 
 #include "PaintedPixels.h"
 #include "app/DesktopSeams.h"
@@ -20,6 +20,7 @@
 #include "store/mFileAccess.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QEventLoop>
 #include <QLineEdit>
@@ -143,6 +144,22 @@ void MeasurePanels(Form1& window, QTreeView& tree, const PaintedPixels& pixels, 
     window.ShowSection(kMovieList);
 }
 
+/// The selector goes from one skin to the next: the whole window with its tree and the page of a film, painted.
+void MeasureSkins(Form1& window, const std::function<std::optional<double>()>& nextFilm)
+{
+    nextFilm();
+    const PaintedPixels pixels(QRect(window.mapToGlobal(QPoint()), window.size()));
+    QTimer::singleShot(0, &window, [&] {
+        auto* selector = window.findChild<QDialog*>(u"frmChangeSkin"_s);
+        auto* skins = selector->findChild<QListWidget*>(u"AllSkins"_s);
+        Settle(500);
+        Median("change of skin", [&] { return TimeOf(pixels, [&] { skins->setCurrentRow((skins->currentRow() + 1) % skins->count()); }); });
+        selector->reject();
+    });
+    window.MenuBar().Entry(u"mnuSkin"_s).trigger();
+    Settle(1000);
+}
+
 int Measure(const QString& catalog)
 {
     WriteProfileValue(u"Settings"_s, u"Default"_s, catalog, SettingsFile());
@@ -213,6 +230,7 @@ int Measure(const QString& catalog)
             bare);
     }
     std::printf("memory after the pages   %8.0f MB\n", Megabytes("VmRSS"));
+    MeasureSkins(window, next);
     MeasurePanels(window, *tree, pixels, next);
     window.close();
     return 0;

@@ -64,10 +64,15 @@ CatalogPane::Kept CatalogPane::Remember()
 void CatalogPane::ReadTree()
 {
     m_context.events.ServeWithoutInput();
-    const bool skinTree = IsOn(m_context.state.gOptions->Display.SkinTree);
+    TakeColors();
+    m_tree.FillTree();
+}
+
+void CatalogPane::TakeColors()
+{
+    const bool skinTree = m_context.state.gOptions && IsOn(m_context.state.gOptions->Display.SkinTree);
     const SkinValues& skin = m_context.skinner.Values();
     m_model.SetColors(skinTree ? Visible(skin.treeItemText, skin.treeItemBack) : QColor(), skinTree ? skin.treeItemBack : QColor());
-    m_tree.FillTree();
 }
 
 void CatalogPane::ShowTree(const Kept& kept)

@@ -48,6 +48,9 @@ public:
     /// Does `what` when the job under way has ended, in the place of a fill that was asked for meanwhile.
     void AfterJob(std::function<void()> what) { m_afterJob = std::move(what); }
 
+    /// Gives the nodes the colours of the skin, where the options want it.
+    void TakeColors();
+
     std::optional<NodeRef> Selected() const;
     /// Selects the node of this key without a click; none where the tree does not have it.
     void Select(const QString& key);

@@ -5,6 +5,7 @@
 #include "app/EditMenus.h"
 #include "app/ExportMenus.h"
 #include "app/IntakeMenus.h"
+#include "app/LookMenus.h"
 #include "app/StatusBar.h"
 #include "app/WebMenus.h"
 #include "app/WindowPlace.h"
@@ -96,7 +97,7 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, Discs& discs, QWidget* p
           return ui;
       }()),
       m_dialogs(dialogs), m_events(events), m_menus(*this), m_catalogFile(m_state, dialogs, *this), m_sections(m_state, dialogs),
-      m_pages(m_state, dialogs), m_pageView(new frmPageView(m_ui->PicForm))
+      m_pages(m_state, dialogs), m_pageView(new frmPageView(m_ui->PicForm)), m_pageDesk(m_pages, m_state.history, *m_pageView)
 {
     setWindowTitle(Caption({}));
     setWindowIcon(QIcon(AppPath() + u"/kelvado.png"_s));
@@ -156,6 +157,14 @@ Form1::Form1(Dialogs& dialogs, kelvado::Events& events, Discs& discs, QWidget* p
                                  return m_state.CurrentSection == kMovieGrab;
                              },
                              [this](const QPoint& place, const QString& number) { m_webMenus->ShowFoundMenu(place, number); }});
+    m_lookMenus = std::make_unique<LookMenus>(LookMenus::Context{*this, m_state, dialogs, m_menus, m_skinner, [this] { LoadPictures(); },
+                                                                 [this] {
+                                                                     m_catalog->TakeColors();
+                                                                     ShowCaption();
+                                                                 },
+                                                                 [this] { return m_catalog->IsBusy() || m_exportMenus->IsBusy(); }});
+    connect(&m_skinner, &Skinner::Changed, this, [this] { Guard([this] { OnSkinChanged(); }); });
+    connect(m_statusBar.get(), &StatusBar::Changed, this, &Form1::ShowCaption);
 }
 
 Form1::~Form1()
@@ -241,9 +250,33 @@ void Form1::ConnectControls()
 
 // --- Start ---------------------------------------------------------------------------------------------------------------------------
 
-void Form1::PaintBySkin()
+void Form1::TakeSkin(const QString& skin)
 {
-    m_skinner.ApplySkin(m_state.skin);
+    m_lookMenus->ChangeToUsable(skin);
+}
+
+// Of the tabs all pictures, so that a skin that lacks one is found out before it is used.
+void Form1::LoadPictures()
+{
+    LoadToolRow();
+    if (m_state.CurrentSection.isEmpty())
+        return; // the tabs come with the first section
+    for (const QLatin1StringView section : {kMovieList, kMovieGrab, kMovieEdit, kActorInfo})
+        m_ui->picTabs->LoadPictures(m_state.skin, PicturesOfSection(section));
+    m_ui->picTabs->LoadPictures(m_state.skin, PicturesOfSection(m_state.CurrentSection));
+    m_ui->picGrabSelect->ReloadSearchBar(m_state.skin);
+}
+
+void Form1::OnSkinChanged()
+{
+    m_ui->cToolbar->SetSelectionColor(m_skinner.Values().progressFront);
+    m_catalog->TakeColors();
+    m_statusBar->TakeColors();
+    m_pageDesk.OutdateAll();
+    if (m_state.CurrentSection == kMovieList)
+        m_pageDesk.Refresh();
+    else
+        m_editMenus->ReloadClean(m_state.CurrentSection); // the picture that stands for a missing one
 }
 
 void Form1::LoadToolRow()
@@ -258,9 +291,8 @@ void Form1::LoadToolRow()
         };
         m_ui->cToolbar->SetPictures(key, {load(".png"), load("-over.png"), load("-down.png"), load("-disabled.png")});
     }
-    m_ui->cToolbar->SetSelectionColor(m_skinner.Values().progressFront);
     m_ui->picTabs->LoadEnds(m_state.skin);
-    m_ui->Working->Load(AppPath());
+    m_ui->Working->Load({SkinFolder(m_state.skin), AppPath()});
     std::array<QIcon, CatalogModel::kImages + 1> images;
     QPixmap blank(LoadSkinPicture(m_state.skin, u"Tree/1.png"_s, scale));
     blank.fill(Qt::transparent);
@@ -317,7 +349,7 @@ void Form1::OnFirstActivation()
         [this] {
             ShowSection(kMovieList);
             m_state.Activated = true;
-            PaintBySkin();
+            m_skinner.ApplySkin(m_state.skin);
             LayOutPanes();
             m_state.ComDiag.fileName.clear();
             m_tray->Apply();
@@ -432,7 +464,15 @@ void Form1::ApplyFacts()
         m_ui->cToolbar->SetButtonEnabled(m_ui->cToolbar->ButtonIndex(key), enabled);
     });
     m_menus.CloseEmptyMenus();
-    setWindowTitle(Caption(m_state.CatalogPath()));
+    ShowCaption();
+}
+
+void Form1::ShowCaption()
+{
+    QStringList parts(Caption(m_state.CatalogPath()));
+    if (m_state.gOptions && kelvado::IsOn(m_state.gOptions->Display.StatusCaption) && !m_statusBar->Shown().isEmpty())
+        parts << m_statusBar->Shown().join(u", "_s);
+    setWindowTitle(parts.join(u" – "_s));
 }
 
 void Form1::UpdateStatus(bool recount)
@@ -514,7 +554,11 @@ void Form1::ChooseSection(const QString& section)
 void Form1::Show(const SectionView& view)
 {
     m_ui->TreeView1->setEnabled(view.treeEnabled);
-    m_ui->picTabs->LoadPictures(m_state.skin, view.pictures);
+    try {
+        m_ui->picTabs->LoadPictures(m_state.skin, view.pictures);
+    } catch (const RuntimeError&) {
+        TakeSkin(m_state.skin); // it was taken away while it was in use
+    }
     m_ui->picTabs->SetSelected(view.section);
     if (view.section == kMovieList) {
         ShowPanel(m_pageView);
@@ -547,22 +591,25 @@ void Form1::ShowPanel(QWidget* panel)
     m_ui->FormScroll->setVisible(panel == m_ui->FormScroll);
 }
 
-void Form1::Open(const std::optional<Page>& page)
+void Form1::Open(const std::optional<Page>& page, const PageDesk::Make& again)
 {
     if (!page)
         return;
     const std::optional<NodeRef> node = SelectedNode();
     if (node && !page->step.isEmpty())
         m_state.history.Push(node->key, m_state.CurrentSection, page->step);
-    m_pageView->Navigate(page->path);
+    m_pageDesk.Show(*page, again);
     ApplyFacts(); // the step makes Back possible
 }
 
 void Form1::ShowBlankPage()
 {
     const bool empty = !m_state.CatalogPath().isEmpty() && !m_catalog->Model().HasFilms() && CatalogIsEmpty(m_state.CatalogPath());
-    const QString page = empty ? m_pages.EmptyCatalogPage() : QString();
-    m_pageView->Navigate(page.isEmpty() ? u"about:blank"_s : page);
+    const PageDesk::Make page = [this, empty] {
+        const QString path = empty ? m_pages.EmptyCatalogPage() : QString();
+        return std::optional(Page{path.isEmpty() ? u"about:blank"_s : path, {}});
+    };
+    m_pageDesk.Show(*page(), page);
 }
 
 // The catalog is opened once for the menus and the page.
@@ -571,13 +618,21 @@ void Form1::ShowPageOf(const NodeRef& node)
     Connection catalog = OpenCatalog(m_state.CatalogPath());
     m_selection = ReadSelectionFacts(node, catalog);
     ApplyFacts();
+    Open(PageOf(node, catalog), [this, node] {
+        Connection again = OpenCatalog(m_state.CatalogPath());
+        return PageOf(node, again);
+    });
+}
+
+std::optional<Page> Form1::PageOf(const NodeRef& node, Connection& catalog)
+{
     if (node.tag == kTagFilm)
-        return Open(m_pages.FilmPage(node.key, catalog));
+        return m_pages.FilmPage(node.key, catalog);
     const auto valueInTree = [&tree = m_catalog->Model()](FilmId film) {
         const QModelIndex place = tree.FindFilm(film);
         return place.isValid() ? std::optional(ValueOfKey(tree.Key(place))) : std::nullopt;
     };
-    Open(m_pages.PersonPage(KeyPart(node.key, 1).toLongLong(), catalog, valueInTree));
+    return m_pages.PersonPage(KeyPart(node.key, 1).toLongLong(), catalog, valueInTree);
 }
 
 // A page's message ends a value at its first colon.
@@ -607,7 +662,8 @@ void Form1::GoTo(const QString& key)
 
 void Form1::ShowCreditsPage(FilmId movieId)
 {
-    Open(m_pages.CreditsPage(movieId));
+    const PageDesk::Make page = [this, movieId] { return m_pages.CreditsPage(movieId); };
+    Open(page(), page);
 }
 
 void Form1::ShowNfo()
@@ -615,7 +671,8 @@ void Form1::ShowNfo()
     const std::optional<NodeRef> node = SelectedNode();
     if (!node)
         throw RuntimeError(kErrObjectNotSet);
-    Open(m_pages.NfoPage(node->key));
+    const PageDesk::Make page = [this, key = node->key] { return m_pages.NfoPage(key); };
+    Open(page(), page);
 }
 
 void Form1::ShowFilmMenu()
@@ -657,7 +714,7 @@ void Form1::WalkTo(const History::Step* step)
                 ShowSelection();
             }
             if (target.section == kMovieList)
-                m_pageView->Navigate(target.page.isEmpty() ? u"about:blank"_s : TempFolder() + u'/' + target.page);
+                m_pageDesk.ShowStep(target);
         },
         [&] { m_state.history.walking = false; });
     ApplyMenuRules();

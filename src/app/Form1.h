@@ -2,6 +2,7 @@
 
 #include "app/DesktopSeams.h"
 #include "app/Menus.h"
+#include "app/PageDesk.h"
 #include "browse/SelectionFacts.h"
 #include "core/AppState.h"
 #include "core/Discs.h"
@@ -30,10 +31,10 @@ class CatalogPane;
 class EditMenus;
 class ExportMenus;
 class IntakeMenus;
+class LookMenus;
 class StatusBar;
 class WebMenus;
 class WindowTray;
-class frmPageView;
 
 /// The main window: it owns the process-wide state and the panels, and turns what the user does into calls of the logic.
 class Form1 : public QMainWindow, public Shell
@@ -51,8 +52,9 @@ public:
     CatalogModel& Catalog();
 
     // What the start needs, in the order of its use.
-    void PaintBySkin();
-    void LoadToolRow();
+    /// Takes the skin of this name, or where it cannot be shown another one, which is told. Raises what its pictures raise where there is
+    /// no other.
+    void TakeSkin(const QString& skin);
     /// Brings the window back, or lets it blink, as the settings want it before a question.
     void PrepareConfirmation();
     /// Brings the window back from the tray or the task bar, in front of all others.
@@ -103,6 +105,10 @@ private:
     void OnPageClick(const PageClick& click);
     void OnFilled();
     void RefreshPanel();
+    void LoadPictures();
+    void LoadToolRow();
+    void OnSkinChanged();
+    void ShowCaption();
     void ShowFilmMenu();
     void LayOutPanes();
     void SaveSettings();
@@ -119,7 +125,8 @@ private:
     void ChooseSection(const QString& section);
     void Show(const SectionView& view);
     void ShowPanel(QWidget* panel);
-    void Open(const std::optional<Page>& page);
+    void Open(const std::optional<Page>& page, const PageDesk::Make& again);
+    std::optional<Page> PageOf(const NodeRef& node, Connection& catalog);
     /// Shows the blank page, or the one that says how to begin where the catalog has no film.
     void ShowBlankPage();
     void WalkTo(const History::Step* step);
@@ -143,6 +150,7 @@ private:
     SectionTabs m_sections;
     Pages m_pages;
     frmPageView* m_pageView;
+    PageDesk m_pageDesk;
     std::unique_ptr<CatalogPane> m_catalog;
     std::unique_ptr<WindowTray> m_tray;
     std::unique_ptr<BrowseMenus> m_browseMenus;
@@ -151,6 +159,7 @@ private:
     std::unique_ptr<WebMenus> m_webMenus;
     std::unique_ptr<ExportMenus> m_exportMenus;
     std::unique_ptr<IntakeMenus> m_intakeMenus;
+    std::unique_ptr<LookMenus> m_lookMenus;
     SelectionFacts m_selection; ///< as read last
     bool m_activating = false;
     bool m_saved = false;

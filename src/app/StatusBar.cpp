@@ -21,12 +21,19 @@ StatusBar::StatusBar(const AppState& state, Dialogs& dialogs, Menus& menus, cons
 
 void StatusBar::Update(bool recount)
 {
-    const SkinValues& colors = m_skinner.Values();
-    m_cells.SetColors(colors.statusLight, colors.statusBack, colors.statusDark);
+    TakeColors();
     if (recount)
         m_texts.Recount(m_state.CatalogPath());
     m_texts.TakeView(m_state);
-    m_cells.SetCells(m_texts.Shown(m_state.gOptions->Status));
+    m_shown = m_texts.Shown(m_state.gOptions->Status);
+    m_cells.SetCells(m_shown);
+    Q_EMIT Changed();
+}
+
+void StatusBar::TakeColors()
+{
+    const SkinValues& colors = m_skinner.Values();
+    m_cells.SetColors(colors.statusLight, colors.statusBack, colors.statusDark);
 }
 
 // The press has turned the entry's mark over already.

@@ -21,6 +21,14 @@ public:
 
     /// Brings the cells up to date; `recount` asks the catalog anew.
     void Update(bool recount);
+    /// Gives the cells the colours of the present skin.
+    void TakeColors();
+    /// The texts of the cells.
+    const QStringList& Shown() const { return m_shown; }
+
+Q_SIGNALS:
+    /// The texts were brought up to date.
+    void Changed();
 
 private:
     void Toggle(int entry);
@@ -30,6 +38,7 @@ private:
     const Skinner& m_skinner;
     StatusCells& m_cells;
     StatusTexts m_texts;
+    QStringList m_shown;
 };
 
 } // namespace kelvado

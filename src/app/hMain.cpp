@@ -5,8 +5,10 @@
 #include "core/Paths.h"
 #include "core/Profile.h"
 #include "core/RuntimeError.h"
+#include "ui/SkinList.h"
 #include "ui/frmAbout.h"
 
+#include <QApplication>
 #include <QFileInfo>
 
 namespace kelvado {
@@ -20,13 +22,12 @@ void LoaderMain(Form1& window, const QStringList& arguments)
         throw RuntimeError::WithDetail(kErrFileNotFound, SettingsFile());
     // The skin comes first, so that the splash and every question of the start have its colours.
     AppState& state = window.State();
-    state.skin = ReadProfileValue(u"Settings"_s, u"Skin"_s, SettingsFile());
-    window.PaintBySkin();
+    const QString skin = ReadProfileValue(u"Settings"_s, u"Skin"_s, SettingsFile());
+    window.TakeSkin(skin.isEmpty() ? SkinOfFirstStart(QApplication::palette()) : skin);
     frmAbout splash;
     splash.show();
     window.Events().ServeEvents();
     state.gOptions = std::make_unique<cOptions>(SettingsFile(), window.MenuBar());
-    window.LoadToolRow();
     window.ApplyMenuRules();
     state.FilterWhere.clear();
     state.FilterCount = 0;

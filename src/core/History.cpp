@@ -15,6 +15,14 @@ void History::Push(const QString& key, const QString& section, const QString& pa
     m_position = 0;
 }
 
+void History::Repage(const QString& before, const QString& after)
+{
+    for (Step& step : m_steps) {
+        if (step.page == before)
+            step.page = after;
+    }
+}
+
 const History::Step* History::MoveBack(const InTree& inTree)
 {
     return Move(1, inTree);

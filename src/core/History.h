@@ -39,6 +39,9 @@ public:
     /// The step at `place`, 1 to 10. Raises `kErrSubscript` for any other place.
     const Step& At(int place) const;
 
+    /// Gives the steps with the page `before` the page `after` in its place.
+    void Repage(const QString& before, const QString& after);
+
     bool walking = false; ///< Back or Forward runs
 
 private:

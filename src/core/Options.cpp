@@ -203,6 +203,15 @@ std::int32_t cOptStatus::*StatusOption(int entry)
     throw RuntimeError(kErrSubscript);
 }
 
+std::int32_t cOptIMDbFilm::*IMDbFilmOption(int part)
+{
+    if (part == static_cast<int>(kIMDbFilmKeys.size()))
+        return &cOptIMDbFilm::SpokenLanguages;
+    if (part < 0 || part > static_cast<int>(kIMDbFilmKeys.size()))
+        throw RuntimeError(kErrSubscript);
+    return kIMDbFilmKeys[static_cast<std::size_t>(part)].field;
+}
+
 cOptIMDbFilm cOptIMDbFilm::Everything()
 {
     cOptIMDbFilm parts;

@@ -75,6 +75,9 @@ private:
     QString m_section;
 };
 
+/// The option of one part, 0 to 16 in the order of the fields. Raises `kErrSubscript` for any other number.
+std::int32_t cOptIMDbFilm::*IMDbFilmOption(int part);
+
 struct cOptDefaults
 {
     std::int32_t PromptAKA = 0;

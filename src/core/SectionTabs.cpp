@@ -40,6 +40,14 @@ QLatin1StringView WantedTag(const QString& section)
 
 } // namespace
 
+const TabPictures& PicturesOfSection(const QString& section)
+{
+    const auto* entry = std::ranges::find(kPictures, section, &SectionPictures::section);
+    if (entry == std::end(kPictures))
+        throw RuntimeError(kErrInvalidCall);
+    return entry->pictures;
+}
+
 void SectionTabs::SetPanels(EditPanel* film, EditPanel* person)
 {
     m_film = film;
@@ -48,9 +56,7 @@ void SectionTabs::SetPanels(EditPanel* film, EditPanel* person)
 
 std::optional<SectionView> SectionTabs::Choose(const QString& section, const std::optional<NodeRef>& selected)
 {
-    const auto* entry = std::ranges::find(kPictures, section, &SectionPictures::section);
-    if (entry == std::end(kPictures))
-        throw RuntimeError(kErrInvalidCall);
+    const TabPictures& pictures = PicturesOfSection(section);
     // The first activation lays out the page view although no catalog is open yet.
     if (!m_state.CatalogOpen && m_state.Activated) {
         m_dialogs.MessageBox(kNoCatalogOpen, kBoxInformation);
@@ -63,7 +69,7 @@ std::optional<SectionView> SectionTabs::Choose(const QString& section, const std
 
     m_state.CurrentSection = section;
     // The tree cannot be used while a film is being added.
-    SectionView view{section, entry->pictures, section != kMovieGrab, selected};
+    SectionView view{section, pictures, section != kMovieGrab, selected};
     const QLatin1StringView tag = WantedTag(section);
     if (selected && !tag.isEmpty() && selected->tag != tag)
         view.node.reset();

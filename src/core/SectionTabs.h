@@ -18,6 +18,9 @@ inline constexpr int kTabPieces = 9;
 /// The skin's picture file of each piece.
 using TabPictures = std::array<const char*, kTabPieces>;
 
+/// The pictures of all tabs while `section`, one of the four names, is shown. Raises `kErrInvalidCall` for any other name.
+const TabPictures& PicturesOfSection(const QString& section);
+
 /// The message of a section for which no catalog is open, or nothing that suits it is selected.
 inline constexpr QLatin1StringView kNoCatalogOpen = "No Kelvado Catolog is open"_L1;
 

@@ -3,7 +3,9 @@
 #include "core/Literals.h"
 #include "ui/Skinner.h"
 
+#include <QAbstractScrollArea>
 #include <QAbstractSpinBox>
+#include <QCalendarWidget>
 #include <QComboBox>
 #include <QEvent>
 #include <QIcon>
@@ -57,6 +59,52 @@ QPixmap PaintSign(const Sign& sign, int scale)
     return picture;
 }
 
+// The base style draws every outline darker than the window, which cannot be seen in a dark one.
+bool NeedsOutline(const QPalette& palette)
+{
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+enum class Outline { Box, Circle };
+
+void DrawOutline(const QStyleOption& option, const QRect& area, Outline outline, QPainter& painter)
+{
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    const QPalette& palette = option.palette;
+    const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
+    painter.setPen(QPen(Mixed(palette.color(QPalette::Window), text, enabled ? 0.42F : 0.24F), 1));
+    const QRectF line = QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5);
+    if (outline == Outline::Box)
+        painter.drawRoundedRect(line, 2, 2);
+    else
+        painter.drawEllipse(line);
+    painter.restore();
+}
+
+// The focus has an outline of its own.
+void OutlinePrimitive(QStyle::PrimitiveElement element, const QStyleOption& option, QPainter& painter, const QWidget* widget)
+{
+    const bool focused = option.state.testFlag(QStyle::State_HasFocus);
+    switch (element) {
+    case QStyle::PE_FrameLineEdit:
+        return focused ? void() : DrawOutline(option, option.rect, Outline::Box, painter);
+    case QStyle::PE_Frame:
+        if (qobject_cast<const QAbstractScrollArea*>(widget) && !focused)
+            DrawOutline(option, option.rect, Outline::Box, painter);
+        return;
+    case QStyle::PE_IndicatorCheckBox:
+    case QStyle::PE_IndicatorItemViewItemCheck:
+        return DrawOutline(option, option.rect, Outline::Box, painter);
+    case QStyle::PE_IndicatorRadioButton:
+        return DrawOutline(option, option.rect, Outline::Circle, painter);
+    default:
+        return;
+    }
+}
+
 // True for the selected row of a view that the keys do not go to. A view that paints whole rows has dimmed them itself.
 bool IsIdleSelection(const QStyleOption& option, const QWidget* widget)
 {
@@ -85,6 +133,11 @@ void AppStyle::polish(QWidget* widget)
         widget->installEventFilter(this);
         if (widget->focusPolicy() == Qt::WheelFocus)
             widget->setFocusPolicy(Qt::StrongFocus);
+    }
+    // Its own red for the days of the weekend is not readable on every background.
+    if (auto* calendar = qobject_cast<QCalendarWidget*>(widget)) {
+        for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+            calendar->setWeekdayTextFormat(day, {});
     }
 }
 
@@ -157,8 +210,17 @@ QRect AppStyle::subControlRect(ComplexControl control, const QStyleOptionComplex
 
 void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter, const QWidget* widget) const
 {
-    if (control != CC_ScrollBar)
-        return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control != CC_ScrollBar) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        if (!NeedsOutline(option->palette))
+            return;
+        const bool framed = control == CC_ComboBox || control == CC_SpinBox;
+        if (framed && !option->state.testFlag(State_HasFocus))
+            DrawOutline(*option, option->rect, Outline::Box, *painter);
+        else if (control == CC_Slider)
+            DrawOutline(*option, proxy()->subControlRect(control, option, SC_SliderHandle, widget), Outline::Box, *painter);
+        return;
+    }
     const QColor back = option->palette.color(QPalette::Window);
     const QColor text = option->palette.color(QPalette::WindowText);
     painter->fillRect(option->rect, back);
@@ -178,8 +240,10 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
 void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
 {
     const auto* row = element == PE_PanelItemViewRow ? qstyleoption_cast<const QStyleOptionViewItem*>(option) : nullptr;
-    if (!row || !IsIdleSelection(*row, widget))
-        return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (!row || !IsIdleSelection(*row, widget)) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return NeedsOutline(option->palette) ? OutlinePrimitive(element, *option, *painter, widget) : void();
+    }
     QStyleOptionViewItem dimmed(*row);
     DimSelection(dimmed.palette);
     QProxyStyle::drawPrimitive(element, &dimmed, painter, widget);

@@ -22,11 +22,18 @@ BusyPicture::BusyPicture(QWidget* parent) : QWidget(parent)
 
 BusyPicture::~BusyPicture() = default;
 
-void BusyPicture::Load(const QString& folder)
+void BusyPicture::Load(const QStringList& folders)
 {
     const auto find = [&](const QString& name) {
-        const QString sharp = FindFileCaseBlind(folder, name + u"@2x.gif"_s);
-        return devicePixelRatioF() > 1 && QFileInfo::exists(sharp) ? sharp : FindFileCaseBlind(folder, name + u".gif"_s);
+        for (const QString& folder : folders) {
+            const QString sharp = FindFileCaseBlind(folder, name + u"@2x.gif"_s);
+            const QString plain = FindFileCaseBlind(folder, name + u".gif"_s);
+            if (devicePixelRatioF() > 1 && QFileInfo::exists(sharp))
+                return sharp;
+            if (QFileInfo::exists(plain))
+                return plain;
+        }
+        return QString();
     };
     m_working = std::make_unique<QMovie>(find(u"working"_s));
     m_stop = std::make_unique<QMovie>(find(u"stop"_s));

@@ -17,8 +17,8 @@ public:
     explicit BusyPicture(QWidget* parent = nullptr);
     ~BusyPicture() override;
 
-    /// Loads both pictures anew.
-    void Load(const QString& folder);
+    /// Loads both pictures anew, each from the first of `folders` that has it.
+    void Load(const QStringList& folders);
     void SetBusy(bool busy);
     bool IsBusy() const { return m_busy; }
 

@@ -38,12 +38,8 @@ void FieldNote::Tell(QWidget& field, const QString& text, Place place)
         QAccessibleEvent event(&field, QAccessible::DescriptionChanged);
         QAccessible::updateAccessibility(&event);
     }
-    QPalette colors = parentWidget()->palette();
-    colors.setColor(QPalette::Window, colors.color(QPalette::ToolTipBase));
-    const bool isDark = colors.color(QPalette::ToolTipBase).lightnessF() < 0.5F;
-    const QColor alert(isDark ? kAlertOnDark : kAlertOnLight);
-    colors.setColor(QPalette::WindowText, place == Place::Inside ? alert : colors.color(QPalette::ToolTipText));
-    setPalette(colors);
+    m_place = place;
+    TakeColors();
     setText(text);
     adjustSize();
     const QPoint end = field.mapTo(parentWidget(), QPoint(field.width() - width(), 0));
@@ -51,6 +47,16 @@ void FieldNote::Tell(QWidget& field, const QString& text, Place place)
     move(std::max(0, end.x() - (place == Place::Inside ? kInset : 0)), end.y() + (place == Place::Inside ? inside : field.height()));
     raise();
     show();
+}
+
+void FieldNote::TakeColors()
+{
+    QPalette colors = parentWidget()->palette();
+    colors.setColor(QPalette::Window, colors.color(QPalette::ToolTipBase));
+    const bool isDark = colors.color(QPalette::ToolTipBase).lightnessF() < 0.5F;
+    const QColor alert(isDark ? kAlertOnDark : kAlertOnLight);
+    colors.setColor(QPalette::WindowText, m_place == Place::Inside ? alert : colors.color(QPalette::ToolTipText));
+    setPalette(colors);
 }
 
 void FieldNote::Clear(const QWidget& field)

@@ -23,12 +23,15 @@ public:
     /// Takes the note away where it stands at `field`.
     void Clear(const QWidget& field);
     void Clear();
+    /// Takes the colours that the panel has now.
+    void TakeColors();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QPointer<QWidget> m_field;
+    Place m_place = Place::Below;
 };
 
 } // namespace kelvado

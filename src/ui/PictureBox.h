@@ -59,7 +59,7 @@ private:
     QImage m_picture;
     QPixmap m_fitted; ///< the picture in the size in which it was painted last
     QString m_emptyText;
-    QString m_text;          ///< stands where no picture is
+    QString m_text; ///< stands where no picture is
     bool m_isReadOnly = false;
     bool m_isTarget = false; ///< a picture hangs above it
 };

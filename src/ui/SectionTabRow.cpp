@@ -130,15 +130,20 @@ SectionTabRow::SectionTabRow(QWidget* parent) : TabRow(parent)
 
 void SectionTabRow::LoadPictures(const QString& skin, const TabPictures& pictures)
 {
+    // All or none: a row of two skins would be worse than the old one.
+    std::array<QPixmap, kTabPieces> loaded;
     for (std::size_t i = 0; i < pictures.size(); ++i)
-        m_pieces[i]->SetPicture(LoadSkinPicture(skin, QString::fromLatin1(pictures[i]), devicePixelRatioF()));
+        loaded[i] = LoadSkinPicture(skin, QString::fromLatin1(pictures[i]), devicePixelRatioF());
+    for (std::size_t i = 0; i < pictures.size(); ++i)
+        m_pieces[i]->SetPicture(loaded[i]);
     Arrange();
 }
 
 void SectionTabRow::LoadEnds(const QString& skin)
 {
-    m_spacer->SetPicture(LoadSkinPicture(skin, u"ToolSpacer.bmp"_s, devicePixelRatioF()));
+    const QPixmap spacer = LoadSkinPicture(skin, u"ToolSpacer.bmp"_s, devicePixelRatioF());
     m_right->SetPicture(LoadSkinPicture(skin, u"ToolRight.bmp"_s, devicePixelRatioF()));
+    m_spacer->SetPicture(spacer);
     Arrange();
 }
 

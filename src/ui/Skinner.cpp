@@ -9,7 +9,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
-#include <QGroupBox>
+#include <QRegularExpression>
 #include <QtWidgets>
 
 #include <algorithm>
@@ -48,6 +48,7 @@ constexpr MenuColorKey kMenuColorKeys[] = {
 };
 
 constexpr int kPointSize = 10;
+constexpr const char* kPainted = "paintedBySkin"; ///< the mark of a form that lies in the main window
 
 bool IsDark(const QColor& color)
 {
@@ -71,7 +72,7 @@ double Contrast(const QColor& one, const QColor& other)
 }
 
 // The text's color, faded towards its background as far as it stays readable, by half at most.
-QColor FadedHint(const QColor& text, const QColor& back)
+QColor Faded(const QColor& text, const QColor& back)
 {
     constexpr double kReadable = 4.5;
     for (const float part : {0.5F, 0.4F, 0.3F, 0.2F, 0.1F}) {
@@ -88,8 +89,9 @@ void PaintSelection(QPalette& palette, const QColor& skinColor)
     const QColor color = Visible(skinColor, palette.color(QPalette::Base));
     palette.setColor(QPalette::Highlight, color);
     palette.setColor(QPalette::HighlightedText, ReadableOn(color));
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, Mixed(palette.color(QPalette::Base), color, kFadedPart));
-    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, palette.color(QPalette::Disabled, QPalette::Text));
+    const QColor faded = Mixed(palette.color(QPalette::Base), color, kFadedPart);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, faded);
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, Faded(palette.color(QPalette::Text), faded));
 }
 
 void SetFamily(QWidget& widget, const QString& family)
@@ -110,6 +112,29 @@ void Paint(QWidget& widget, const QColor& back, const QColor& skinText)
         palette.setColor(QPalette::Inactive, role, text);
     }
     widget.setPalette(palette);
+}
+
+// A link keeps its own text colour. What was read into the label has taken the colour that links had then.
+void PaintLink(QLabel& label, const QColor& back)
+{
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::Window, back);
+    label.setPalette(palette);
+    const QString text = label.text();
+    label.clear();
+    label.setText(text);
+}
+
+bool IsColor(const QString& text)
+{
+    static const QRegularExpression s_form(u"^([0-9a-f]{6}|&h[0-9a-f]{1,8}&*)$"_s, QRegularExpression::CaseInsensitiveOption);
+    return s_form.match(text).hasMatch();
+}
+
+// Menus and boxes that drop down have the colours of what they belong to; a tip has those of all tips.
+bool IsWindow(const QWidget& widget)
+{
+    return widget.windowType() != Qt::Popup && widget.windowType() != Qt::ToolTip;
 }
 
 // The rows of a list come and go, in the colours of the list.
@@ -160,20 +185,48 @@ void Skinner::ApplySkin(const QString& skin)
     m_file = ReadSkinFile(skin);
     InstallSkinFont();
     LoadSkinValues();
-    if (!m_values.fontName.isEmpty() && QFontDatabase::hasFamily(m_values.fontName))
-        QApplication::setFont(QFont(m_values.fontName, kPointSize));
+    SetProgramFont();
     QApplication::setPalette(WindowPalette());
     QApplication::setPalette(MenuPalette(), "QMenu");
     QApplication::setPalette(MenuPalette(), "QMenuBar");
+    // Also those that are hidden: a panel that gave way to another one, a window that is kept for the next time.
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (qobject_cast<QMainWindow*>(window))
+        if (qobject_cast<QMainWindow*>(window)) {
             SkinMainWindow(*window);
-        else if (window->isVisible() && !qobject_cast<QMenu*>(window))
+            for (QWidget* panel : window->findChildren<QWidget*>()) {
+                if (panel->property(kPainted).toBool())
+                    SkinForm(*panel);
+            }
+        } else if (IsWindow(*window)) {
             SkinForm(*window);
+        }
     }
+    Q_EMIT Changed();
 }
 
-void Skinner::InstallSkinFont() const
+QStringList Skinner::BadColors() const
+{
+    QStringList bad;
+    const auto check = [&](const QString& section, const char* key) {
+        if (m_file && !IsColor(m_file->Value(section, QLatin1StringView(key))))
+            bad << u"[%1] %2"_s.arg(section, QLatin1StringView(key));
+    };
+    for (const ColorKey& entry : kColorKeys)
+        check(u"Skin"_s, entry.key);
+    for (const MenuColorKey& entry : kMenuColorKeys)
+        check(u"Menu"_s, entry.key);
+    return bad;
+}
+
+void Skinner::SetProgramFont()
+{
+    if (!m_desktopFont)
+        m_desktopFont = QApplication::font();
+    const bool installed = !m_values.fontName.isEmpty() && QFontDatabase::hasFamily(m_values.fontName);
+    QApplication::setFont(installed ? QFont(m_values.fontName, kPointSize) : *m_desktopFont);
+}
+
+void Skinner::InstallSkinFont()
 {
     const QString folder = SkinFolder(m_skin);
     if (m_skin.isEmpty() || !QFileInfo(folder).isDir())
@@ -182,8 +235,10 @@ void Skinner::InstallSkinFont() const
     const QString path = FindFileCaseBlind(folder, fontFile);
     const bool named = !fontFile.isEmpty() && fontFile != u"0";
     // A font made known to this process goes with it, so it is registered at every start; the marker says that the skin has been used.
-    if (named && QFileInfo(path).isFile())
+    if (named && QFileInfo(path).isFile() && !m_fontFiles.contains(path)) {
         QFontDatabase::addApplicationFont(path);
+        m_fontFiles.insert(path);
+    }
     if (QFileInfo::exists(folder + u"/install.skn"_s))
         return;
     try {
@@ -217,18 +272,18 @@ QPalette Skinner::WindowPalette() const
     QPalette palette(button, v.windowBack);
     const QColor labelText = Visible(v.labelText, v.windowBack);
     const QColor boxText = Visible(v.boxText, v.boxBack);
-    const QColor faded = Mixed(labelText, v.windowBack, 0.5F);
     palette.setColor(QPalette::WindowText, labelText);
     palette.setColor(QPalette::Base, v.boxBack);
     palette.setColor(QPalette::AlternateBase, button);
     palette.setColor(QPalette::Text, boxText);
-    palette.setColor(QPalette::PlaceholderText, FadedHint(boxText, v.boxBack));
+    palette.setColor(QPalette::PlaceholderText, Faded(boxText, v.boxBack));
     palette.setColor(QPalette::ButtonText, ReadableOn(button));
     palette.setColor(QPalette::ToolTipBase, v.boxBack);
     palette.setColor(QPalette::ToolTipText, boxText);
     palette.setColor(QPalette::Link, v.subNavSelected);
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, faded);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, Faded(labelText, v.windowBack));
+    palette.setColor(QPalette::Disabled, QPalette::Text, Faded(boxText, v.boxBack));
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, Faded(ReadableOn(button), button));
     PaintSelection(palette, v.progressFront);
     return palette;
 }
@@ -247,15 +302,16 @@ QPalette Skinner::MenuPalette() const
     palette.setColor(QPalette::Text, ReadableOn(back));
     palette.setColor(QPalette::WindowText, ReadableOn(back));
     palette.setColor(QPalette::ButtonText, ReadableOn(bar));
-    const QColor faded = IsDark(back) ? back.lighter(220) : back.darker(170);
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, faded);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
+        palette.setColor(QPalette::Disabled, role, Faded(ReadableOn(back), back));
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, Faded(ReadableOn(bar), bar));
     return palette;
 }
 
 void Skinner::SkinForm(QWidget& form) const
 {
     const SkinValues& v = m_values;
+    form.setProperty(kPainted, true);
     Paint(form, v.windowBack, v.labelText);
     for (QWidget* control : form.findChildren<QWidget*>()) {
         if (IsInRows(*control))
@@ -263,8 +319,10 @@ void Skinner::SkinForm(QWidget& form) const
         if (qobject_cast<QGroupBox*>(control)) {
             Paint(*control, v.labelBack, v.labelText);
         } else if (auto* label = qobject_cast<QLabel*>(control)) {
-            const bool link = label->objectName().contains(u"URL");
-            Paint(*label, v.labelBack, link ? label->palette().color(QPalette::WindowText) : v.labelText);
+            if (label->objectName().contains(u"URL"))
+                PaintLink(*label, v.labelBack);
+            else
+                Paint(*label, v.labelBack, v.labelText);
             if (!v.fontName.isEmpty())
                 SetFamily(*label, v.fontName);
         } else if (auto* line = qobject_cast<QLineEdit*>(control)) {

@@ -3,8 +3,12 @@
 #include "core/Profile.h"
 
 #include <QColor>
+#include <QFont>
+#include <QObject>
 #include <QPalette>
+#include <QSet>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -33,11 +37,15 @@ QColor Visible(const QColor& color, const QColor& back);
 QColor ParseColor(const QString& text);
 
 /// Reads a skin's folder and repaints windows by it.
-class Skinner
+class Skinner : public QObject
 {
+    Q_OBJECT
 public:
-    /// Reads the skin and gives every window that is open, and all that open later, its colours.
+    /// Reads the skin and gives every window that is there, and all that come later, its colours.
     void ApplySkin(const QString& skin);
+
+    /// The colours of the present skin that its file lacks or that are no colours, as "[Skin] TreeBackColor".
+    QStringList BadColors() const;
 
     /// A menu colour by "MENU_BLOCK", "MENU_BACK", "MENU_HIGHLIGHT" or "MENUBAR_BACK"; any other name gives what an empty text gives.
     QColor GetMenuColor(const QString& name) const;
@@ -50,10 +58,15 @@ public:
     const SkinValues& Values() const { return m_values; }
     const QString& Skin() const { return m_skin; }
 
+Q_SIGNALS:
+    /// Another skin was applied: what shows pictures of the skin, or colours of its own, takes the new ones.
+    void Changed();
+
 private:
     /// Makes the skin's own font known, once for each skin: an empty "install.skn" marks that it was done.
-    void InstallSkinFont() const;
+    void InstallSkinFont();
     void LoadSkinValues();
+    void SetProgramFont();
     static Profile ReadSkinFile(const QString& skin);
     QPalette WindowPalette() const;
     QPalette MenuPalette() const;
@@ -61,6 +74,8 @@ private:
     QString m_skin;
     std::optional<Profile> m_file; ///< of the skin that was applied
     SkinValues m_values;
+    QSet<QString> m_fontFiles;          ///< known to this process already
+    std::optional<QFont> m_desktopFont; ///< for a skin whose font is not installed
 };
 
 } // namespace kelvado

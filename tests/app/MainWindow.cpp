@@ -44,6 +44,7 @@ MainWindow::MainWindow()
         "INSERT INTO Actor (Actor_ID, Actor, IMDB_LINK) VALUES (11, 'Sigourney Weaver', '/name/nm0000244'), (12, 'Tom Skerritt', NULL);"
         "INSERT INTO ActorLink (Movie_ID, Actor_ID, Character) VALUES (1, 11, 'Ripley'), (1, 12, 'Dallas');");
     Set("Settings", "Default", catalog.Path());
+    Set("Settings", "Skin", u"Default XP"_s);
 }
 
 MainWindow::~MainWindow()

@@ -40,7 +40,8 @@ fLoan::fLoan(const LoanContext& context, const Skinner& skinner, QWidget* parent
 {
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    AddButtons(skinner);
+    AddButtons();
+    connect(&skinner, &Skinner::Changed, this, &fLoan::PaintButtons);
     m_ui->lvLoans->setModel(&m_model);
     SizeColumns();
     connect(m_ui->toolMain, &ctxToolbar::ButtonClick, this, [this](const QString& key) { OnButton(key); });
@@ -67,15 +68,21 @@ fLoan::~fLoan()
     m_ui->lvLoans->setModel(nullptr);
 }
 
-void fLoan::AddButtons(const Skinner& skinner)
+void fLoan::AddButtons()
+{
+    for (const ToolButton& button : kButtons)
+        m_ui->toolMain->Add({}, ctxToolbar::Style::Button, QString::fromLatin1(button.key), tr(button.caption), tr(button.toolTip));
+    PaintButtons();
+}
+
+void fLoan::PaintButtons()
 {
     for (const ToolButton& button : kButtons) {
         const QString key = QString::fromLatin1(button.key);
-        m_ui->toolMain->Add(SkinToolbarPictures(skinner.Skin(), key, devicePixelRatioF()), ctxToolbar::Style::Button, key,
-                            tr(button.caption), tr(button.toolTip));
+        m_ui->toolMain->SetPictures(key, SkinToolbarPictures(m_skinner.Skin(), key, devicePixelRatioF()));
     }
-    if (skinner.Values().progressFront.isValid())
-        m_ui->toolMain->SetSelectionColor(skinner.Values().progressFront);
+    if (m_skinner.Values().progressFront.isValid())
+        m_ui->toolMain->SetSelectionColor(m_skinner.Values().progressFront);
 }
 
 void fLoan::EnableButtons()

@@ -37,7 +37,9 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void AddButtons(const Skinner& skinner);
+    void AddButtons();
+    /// Gives the buttons the pictures of the present skin.
+    void PaintButtons();
     /// The buttons that act on a loan are on while one is selected.
     void EnableButtons();
     void SizeColumns();

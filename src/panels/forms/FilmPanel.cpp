@@ -143,6 +143,7 @@ FilmPanel::FilmPanel(const PanelContext& context, const Skinner& skinner, QWidge
     ShowKind(0);
     ShowRating(0);
     ApplySkin();
+    connect(&m_skinner, &Skinner::Changed, this, &FilmPanel::ApplySkin);
 }
 
 FilmPanel::~FilmPanel()
@@ -175,6 +176,7 @@ void FilmPanel::ApplySkin()
           u"Company"_s);
     Guard([&] { m_ui->ImgMyRating->LoadPictures(skin); });
     ShowText(m_text);
+    m_note->TakeColors();
 }
 
 void FilmPanel::FocusFirst()

@@ -3,6 +3,7 @@
 #include "core/Literals.h"
 #include "render/forms/PageEngine.h"
 
+#include <QEvent>
 #include <QFileInfo>
 #include <QVBoxLayout>
 #include <QWebChannel>
@@ -82,6 +83,14 @@ void frmPageView::CreateBrowser()
     setFocusProxy(m_view);
     m_document->setBackgroundColor(palette().color(QPalette::Base));
     Navigate(m_path);
+}
+
+// A blank page, and the moment before a page is painted, have the colour of what is around.
+void frmPageView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_document)
+        m_document->setBackgroundColor(palette().color(QPalette::Base));
 }
 
 void frmPageView::Navigate(const QString& path)

@@ -43,6 +43,9 @@ Q_SIGNALS:
     /// A page has been loaded and listens to clicks; `loaded` is false where it could not be.
     void DocumentComplete(const QString& path, bool loaded);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void Open(const QString& path);
     void EndHungPage();

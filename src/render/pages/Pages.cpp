@@ -1,5 +1,6 @@
 #include "render/pages/Pages.h"
 
+#include "core/Afterwards.h"
 #include "core/Conversions.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
@@ -16,6 +17,7 @@
 #include <QFileInfo>
 
 #include <array>
+#include <utility>
 
 namespace kelvado {
 
@@ -23,6 +25,7 @@ namespace {
 
 constexpr int kPictures = 25;
 constexpr int kPages = 10;
+constexpr QLatin1StringView kPageFile = "htmltemp"_L1;
 constexpr QLatin1StringView kFilmPicture = "MImage"_L1;
 constexpr QLatin1StringView kPersonPicture = "PImage"_L1;
 constexpr QLatin1StringView kFilmQuery = "SELECT * FROM Movie WHERE Movie_ID = "_L1;
@@ -249,9 +252,22 @@ QString Pages::EmptyCatalogPage() const
     return QFileInfo::exists(path) ? path : QString();
 }
 
+int Pages::NumberOfStep(const QString& step)
+{
+    return step.mid(kPageFile.size()).section(u'.', 0, 0).toInt();
+}
+
+std::optional<Page> Pages::MakeAgain(const QString& step, const std::function<std::optional<Page>()>& make)
+{
+    const int next = std::exchange(m_pageCounter, NumberOfStep(step));
+    std::optional<Page> page;
+    Afterwards([&] { page = make(); }, [&] { m_pageCounter = next; });
+    return page;
+}
+
 Page Pages::WritePageFile(const QString& text, bool xml)
 {
-    const QString name = u"htmltemp%1.%2"_s.arg(m_pageCounter).arg(xml ? "xml"_L1 : "html"_L1);
+    const QString name = kPageFile + QString::number(m_pageCounter) + (xml ? ".xml"_L1 : ".html"_L1);
     const QString path = TempFolder() + u'/' + name;
     MakeDirs(TempFolder());
     WriteWholeFile(path, text);

@@ -4,6 +4,7 @@
 #include "core/FilmId.h"
 #include "render/pages/PersonTokens.h"
 
+#include <functional>
 #include <optional>
 
 namespace kelvado {
@@ -42,6 +43,11 @@ public:
 
     /// The skin's page for a catalog without films; the empty text where the skin has none.
     QString EmptyCatalogPage() const;
+
+    /// The number of the file of a step's page.
+    static int NumberOfStep(const QString& step);
+    /// What `make`, one of the routines above, gives, written into the file that the page of `step` has.
+    std::optional<Page> MakeAgain(const QString& step, const std::function<std::optional<Page>()>& make);
 
     /// Writes a page into the next file.
     Page WritePageFile(const QString& text, bool xml);

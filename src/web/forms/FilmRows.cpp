@@ -41,7 +41,6 @@ void FilmRows::SetRows(const QList<SearchRow>& rows)
         items << item;
     }
     addTopLevelItems(items);
-    ShowFocus(hasFocus()); // by the colours that the skin has given meanwhile
     if (!items.isEmpty())
         setCurrentItem(items[std::clamp<qsizetype>(selected, 0, items.size() - 1)]);
     else
@@ -106,6 +105,7 @@ void FilmRows::focusOutEvent(QFocusEvent* event)
 // Lists stand beside each other, each with its selected row; the one that takes the keys shows it in the full colour.
 void FilmRows::ShowFocus(bool focused)
 {
+    m_showsFocus = focused;
     const QPalette full = QApplication::palette(this);
     QPalette colors = palette();
     QColor back = full.color(QPalette::Highlight);
@@ -120,6 +120,14 @@ void FilmRows::ShowFocus(bool focused)
         colors.setColor(group, QPalette::HighlightedText, text);
     }
     setPalette(colors);
+}
+
+// The selection follows the skin. Colours that are the same already change nothing, which ends the round.
+void FilmRows::changeEvent(QEvent* event)
+{
+    QTreeWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        ShowFocus(m_showsFocus);
 }
 
 void FilmRows::resizeEvent(QResizeEvent* event)

@@ -34,12 +34,14 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void ShowFocus(bool focused);
 
     bool m_waiting = false;
+    bool m_showsFocus = false;
 };
 
 } // namespace kelvado

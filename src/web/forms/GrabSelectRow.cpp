@@ -53,14 +53,30 @@ void GrabSelectRow::LoadSearchBar(const QString& skin, const QString& mode)
     const auto pictures = std::ranges::find(kModes, mode, &ModePictures::mode);
     if (pictures == std::end(kModes))
         return;
-    const auto load = [&](const char* file) {
-        return LoadSkinPicture(skin, u"Searchbar/"_s + QLatin1StringView(file), devicePixelRatioF());
-    };
+    // All or none: a row of two skins would be worse than the old one.
+    std::array<QPixmap, kSlots> loaded;
     for (std::size_t i = 0; i < kSlots; ++i)
-        m_pieces[i]->SetPicture(load(pictures->files[i]));
-    m_spacer->SetPicture(load("ToolSpacer.BMP"));
+        loaded[i] = Picture(skin, pictures->files[i]);
+    m_spacer->SetPicture(Picture(skin, "ToolSpacer.BMP"));
+    for (std::size_t i = 0; i < kSlots; ++i)
+        m_pieces[i]->SetPicture(loaded[i]);
+    m_mode = mode;
     SetSelected(mode);
     ArrangeSearchBar();
+}
+
+void GrabSelectRow::ReloadSearchBar(const QString& skin)
+{
+    for (const ModePictures& mode : kModes) {
+        for (const char* file : mode.files)
+            Picture(skin, file);
+    }
+    LoadSearchBar(skin, m_mode);
+}
+
+QPixmap GrabSelectRow::Picture(const QString& skin, const char* file) const
+{
+    return LoadSkinPicture(skin, u"Searchbar/"_s + QLatin1StringView(file), devicePixelRatioF());
 }
 
 void GrabSelectRow::ArrangeSearchBar()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Literals.h"
 #include "ui/SectionTabRow.h"
 
 #include <QWidget>
@@ -20,6 +21,8 @@ public:
     /// tab; any other does nothing.
     /// Raises `kErrFileNotFound` or `kErrInvalidPicture` where a picture is missing.
     void LoadSearchBar(const QString& skin, const QString& mode);
+    /// Loads the pictures of `skin` for the source that is shown, once those of all three are known to be there. Raises as `LoadSearchBar`.
+    void ReloadSearchBar(const QString& skin);
     /// Places the pieces side by side; the last one fills what is left.
     void ArrangeSearchBar();
 
@@ -29,8 +32,11 @@ protected:
 private:
     static constexpr std::size_t kSlots = 7;
 
+    QPixmap Picture(const QString& skin, const char* file) const;
+
     std::array<TabImage*, kSlots> m_pieces{};
     TabImage* m_spacer;
+    QString m_mode = u"IMDB"_s;
 };
 
 } // namespace kelvado

@@ -81,6 +81,11 @@
     .covers { width: 132px; margin-bottom: 16px; }
   }
   @media print {
+    /* Paper is white, whatever the skin. */
+    :root {
+      --Surface: none; --Strip: rgb(228 233 239); --Line: rgb(201 209 219); --Ink: rgb(27 36 48); --InkMuted: rgb(75 88 104);
+      --Accent: rgb(27 36 48); --AccentSoft: none;
+    }
     html, body { background: none; }
     body { max-width: none; padding: 0; font-size: 11pt; }
     button, .links { display: none; }
