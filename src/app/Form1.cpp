@@ -557,7 +557,7 @@ void Form1::Show(const SectionView& view)
     try {
         m_ui->picTabs->LoadPictures(m_state.skin, view.pictures);
     } catch (const RuntimeError&) {
-        TakeSkin(m_state.skin); // it was taken away while it was in use
+        TakeSkin(QString(m_state.skin)); // it was taken away while it was in use
     }
     m_ui->picTabs->SetSelected(view.section);
     if (view.section == kMovieList) {

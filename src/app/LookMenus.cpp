@@ -45,8 +45,7 @@ void LookMenus::ChangeSkin(const QString& skin)
     m_context.skinner.ApplySkin(skin);
 }
 
-// By value: the name that comes in may be the state's own, which changes.
-void LookMenus::ChangeToUsable(QString skin)
+void LookMenus::ChangeToUsable(const QString& skin)
 {
     try {
         return ChangeSkin(skin);

@@ -38,8 +38,8 @@ public:
     /// before then stays.
     void ChangeSkin(const QString& skin);
     /// Goes over to `skin`, or where it cannot be shown to another one that can, which is told. Raises the failure of `skin` where there
-    /// is none.
-    void ChangeToUsable(QString skin);
+    /// is none. `skin` is not the state's own text, which changes meanwhile.
+    void ChangeToUsable(const QString& skin);
 
 private:
     void Connect(const char* entry, void (LookMenus::*handler)());

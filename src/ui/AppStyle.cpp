@@ -84,15 +84,14 @@ void DrawOutline(const QStyleOption& option, const QRect& area, Outline outline,
     painter.restore();
 }
 
-// The focus has an outline of its own.
+// A line that has the focus has an outline of its own.
 void OutlinePrimitive(QStyle::PrimitiveElement element, const QStyleOption& option, QPainter& painter, const QWidget* widget)
 {
-    const bool focused = option.state.testFlag(QStyle::State_HasFocus);
     switch (element) {
     case QStyle::PE_FrameLineEdit:
-        return focused ? void() : DrawOutline(option, option.rect, Outline::Box, painter);
+        return option.state.testFlag(QStyle::State_HasFocus) ? void() : DrawOutline(option, option.rect, Outline::Box, painter);
     case QStyle::PE_Frame:
-        if (qobject_cast<const QAbstractScrollArea*>(widget) && !focused)
+        if (qobject_cast<const QAbstractScrollArea*>(widget))
             DrawOutline(option, option.rect, Outline::Box, painter);
         return;
     case QStyle::PE_IndicatorCheckBox:

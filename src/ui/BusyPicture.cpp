@@ -26,8 +26,8 @@ void BusyPicture::Load(const QStringList& folders)
 {
     const auto find = [&](const QString& name) {
         for (const QString& folder : folders) {
-            const QString sharp = FindFileCaseBlind(folder, name + u"@2x.gif"_s);
-            const QString plain = FindFileCaseBlind(folder, name + u".gif"_s);
+            QString sharp = FindFileCaseBlind(folder, name + u"@2x.gif"_s);
+            QString plain = FindFileCaseBlind(folder, name + u".gif"_s);
             if (devicePixelRatioF() > 1 && QFileInfo::exists(sharp))
                 return sharp;
             if (QFileInfo::exists(plain))

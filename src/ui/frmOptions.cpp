@@ -134,7 +134,7 @@ frmOptions::frmOptions(const Context& context, QWidget* parent)
         follow(part);
     follow(m_ui->cmdOK);
     follow(m_ui->cmdCancel);
-    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptions::Accept);
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptions::StoreParts);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     AddPages();
 }
@@ -297,7 +297,7 @@ void frmOptions::ChooseSectionFont()
 }
 
 // A page that was not opened is stored as it stands: with its boxes unset.
-void frmOptions::Accept()
+void frmOptions::StoreParts()
 {
     Store(m_context.options.IMDbFilmAdd, m_add);
     Store(m_context.options.IMDbFilmUpdate, m_update);

@@ -60,7 +60,7 @@ private:
     void OnDisplay(int index);
     void ExcludeConfirmations();
     void ChooseSectionFont();
-    void Accept();
+    void StoreParts();
 
     std::unique_ptr<Ui::frmOptions> m_ui;
     Context m_context;

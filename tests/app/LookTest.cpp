@@ -110,8 +110,8 @@ TEST_F(Looks, NothingKeepsTheColorsOfTheSkinBefore)
     const QImage strip = Get<cTabControl>("TabBarMovie").grab().toImage();
     Choose(kDark);
     for (const QWidget* widget : QApplication::allWidgets()) {
-        if (widget->windowType() == Qt::ToolTip)
-            continue;
+        if (widget->windowType() == Qt::ToolTip || widget->windowType() == Qt::Desktop)
+            continue; // none of ours
         const std::string name = qPrintable(widget->objectName() + u' ' + QString::fromLatin1(widget->metaObject()->className()));
         for (const QPalette::ColorRole back : {QPalette::Window, QPalette::Base, QPalette::Button})
             EXPECT_LT(widget->palette().color(back).lightness(), 100) << name << ' ' << back;
@@ -160,8 +160,6 @@ TEST_F(Looks, AnOlderPageIsMadeAnewWhenItIsWalkedTo)
     EXPECT_THAT(Page(u"htmltemp0.xml"_s).toStdString(), HasSubstr("Brazil"));
     window->GoForward();
     EXPECT_THAT(Page(u"htmltemp1.xml"_s).toStdString(), HasSubstr("Alien"));
-    ClickNode(u"Brazil"_s);
-    EXPECT_THAT(Page(u"htmltemp2.xml"_s).toStdString(), HasSubstr("Brazil"));
 }
 
 TEST_F(Looks, ASkinThatCannotBeShownIsNamedAndLeavesTheOneBefore)

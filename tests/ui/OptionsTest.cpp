@@ -1,6 +1,7 @@
 #include "ui/frmOptions.h"
 
 #include "core/Literals.h"
+#include "support/MapMarks.h"
 #include "support/TempHome.h"
 
 #include <QTest>
@@ -8,16 +9,6 @@
 
 namespace kelvado {
 namespace {
-
-class NoMarks : public MenuMarks
-{
-public:
-    void SetChecked(const QString&, int, bool) override {}
-    bool IsChecked(const QString&, int) const override { return false; }
-    void SetEnabled(const QString&, int, bool) override {}
-    void SetVisible(const QString&, int, bool) override {}
-    void SetCaption(const QString&, int, const QString&) override {}
-};
 
 class Options : public ::testing::Test
 {
@@ -32,7 +23,7 @@ protected:
     void Open()
     {
         window = std::make_unique<frmOptions>(
-            frmOptions::Context{*options, [this] { ++told; }, [this](const QFont&, QWidget*) { return font; }}, nullptr);
+            frmOptions::Context{*options, [this] { ++told; }, [](const QFont&, QWidget*) { return std::nullopt; }}, nullptr);
         window->show();
     }
     template<typename Widget>
@@ -57,9 +48,8 @@ protected:
     }
 
     TempHome home;
-    NoMarks marks;
+    MapMarks marks;
     std::optional<cOptions> options;
-    std::optional<QFont> font;
     int told = 0;
     std::unique_ptr<frmOptions> window;
 };
@@ -140,20 +130,6 @@ TEST_F(Options, OkStoresBothPagesOfPartsAsTheyStand)
     EXPECT_EQ(options->IMDbFilmAdd.HiImage, 0);
     EXPECT_EQ(options->IMDbFilmAdd.SpokenLanguages, 1);
     EXPECT_EQ(options->IMDbFilmUpdate.ShortTitle, 0); // its page was not opened
-}
-
-TEST_F(Options, TheFontFieldShowsWhatWasChosen)
-{
-    Open();
-    ShowPage(u"XML Page Views"_s);
-    auto& field = Get<QLineEdit>(u"txtXMLPageview"_s);
-    const QString before = field.text();
-    QTest::mouseClick(&field, Qt::LeftButton);
-    EXPECT_EQ(field.text(), before);
-    font = QFont(u"Serif"_s, 14, QFont::Bold, true);
-    QTest::keyClick(&field, Qt::Key_Return);
-    EXPECT_EQ(field.text(), u"Serif, 14, Bold, Italic"_s);
-    EXPECT_TRUE(window->isVisible());
 }
 
 } // namespace
