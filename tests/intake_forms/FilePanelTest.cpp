@@ -171,7 +171,10 @@ TEST_F(FilePanel, AFilmThatIsNotStoredLeavesThePanelAsItWas)
     StartPanel();
     EXPECT_TRUE(Drop({Films("1-a.avi")}));
     EXPECT_EQ(Get<QLineEdit>("txtGroup").text(), u"a"_s);
-    EXPECT_TRUE(Get<QRadioButton>("optMethod_1").isChecked());
+    Press("ImgTabMovieList");
+    Entry("mnuAddAVI").trigger();
+    EXPECT_TRUE(Get<QRadioButton>("optMethod_1").isChecked()) << "a file that was read waits for the user to come back";
+    EXPECT_EQ(Step(), "txtSearch cmdAddMovie");
     Get<QLineEdit>("txtSearch").clear();
     Key(Qt::Key_Return);
     EXPECT_EQ(TakeMessages(), "0 : Title Search must have a value");

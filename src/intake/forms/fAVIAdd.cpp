@@ -64,8 +64,11 @@ void fAVIAdd::Open()
         connect(m_oWatchCD.get(), &cCDMonitor::CDROMChanged, this, &fAVIAdd::m_oWatchCD_CDROMChanged);
         m_oWatchCD->SubClass(m_discs);
     }
-    if (m_queue.IsAtWork())
+    if (m_queue.IsAtWork() || !m_ui->frameAdd->isHidden()) {
+        if (FromDisc())
+            ReloadDrives(); // nobody watched them meanwhile
         return FocusSearch();
+    }
     m_ui->optMethod_0->setChecked(true);
     ShowMethod(true);
     FocusSource();
@@ -124,6 +127,8 @@ void fAVIAdd::FocusSource()
 
 void fAVIAdd::FocusSearch()
 {
+    if (m_ui->frameAdd->isHidden()) // the file in work could not be read
+        return TakeFocus(*m_ui->cmdSkip);
     TakeFocus(*m_ui->txtSearch);
     m_ui->txtSearch->selectAll();
     SetDefault(m_ui->cmdAddMovie);
