@@ -159,6 +159,10 @@ TEST_F(FilePanel, WhatFailsOnTheWayToAFileIsToldOrKeptQuiet)
     }
     EXPECT_EQ(Get<QLineEdit>("txtFilename").text(), home.Path(u"sr1/notes.txt"_s)) << "the path stays";
     Press("optMethod_0");
+    Get<QComboBox>("cboDrives").setCurrentIndex(1);
+    discs.drives.removeFirst();
+    discs.Tell(kDiscLeft);
+    EXPECT_EQ(Get<QComboBox>("cboDrives").currentText(), u" NOTES (sr1)"_s) << "a drive that goes leaves the selection where it was";
     discs.drives.clear();
     discs.whyNone = u"No drive."_s;
     discs.Tell(kDiscLeft);

@@ -156,12 +156,15 @@ void fAVIAdd::ReloadDrives()
     const QList<DriveEntry> drives = ListCDDrives(m_discs);
     if (reload != m_reloads)
         return; // a disc has come or gone meanwhile, and its own list is newer
-    const int selected = std::max(m_ui->cboDrives->currentIndex(), 0);
+    const int place = std::max(m_ui->cboDrives->currentIndex(), 0);
+    const QString selected = DriveTag();
     m_drives = drives;
     m_ui->cboDrives->clear();
     for (const DriveEntry& drive : m_drives)
         m_ui->cboDrives->addItem(drive.text, drive.tag);
-    m_ui->cboDrives->setCurrentIndex(std::min(selected, m_ui->cboDrives->count() - 1));
+    // A drive that has come or gone moves the others.
+    const int found = m_ui->cboDrives->findData(selected);
+    m_ui->cboDrives->setCurrentIndex(found >= 0 ? found : std::min(place, m_ui->cboDrives->count() - 1));
     m_ui->lblNoDrives->setText(m_drives.isEmpty() ? m_discs.WhyNoDrives() : QString());
     m_ui->lblNoDrives->setVisible(m_drives.isEmpty() && FromDisc());
 }
@@ -182,10 +185,12 @@ void fAVIAdd::LeaveDisc()
     // What is next is told by the list as it was with the disc in its drive.
     const QList<DriveEntry> drives = m_drives;
     const int selected = m_ui->cboDrives->currentIndex();
-    if (m_ui->chkEject->isChecked() && selected >= 0)
+    if (selected < 0)
+        return;
+    if (m_ui->chkEject->isChecked())
         EjectDrive(DriveTag(), m_discs);
     if (m_ui->chkGoNext->isChecked())
-        m_ui->cboDrives->setCurrentIndex(std::min(NextDisc(drives, selected), m_ui->cboDrives->count() - 1));
+        m_ui->cboDrives->setCurrentIndex(std::max(m_ui->cboDrives->findData(drives[NextDisc(drives, selected)].tag), 0));
 }
 
 // --- Files ---------------------------------------------------------------------------------------------------------------------------
