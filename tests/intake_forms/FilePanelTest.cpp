@@ -224,6 +224,20 @@ TEST_F(FilePanel, AFilmThatIsNotStoredLeavesThePanelAsItWas)
     EXPECT_EQ(Step(), "txtSearch cmdAddMovie");
 }
 
+TEST_F(FilePanel, AFailureOfTheCatalogStopsTheQueueAtItsFile)
+{
+    StartPanel();
+    catalog.Run("ALTER TABLE VideoCodecs RENAME TO Elsewhere");
+    EXPECT_TRUE(Drop({Films()}));
+    EXPECT_NE(TakeMessages().find("VideoCodecs"), std::string::npos);
+    EXPECT_EQ(Label("lblQueue"), "File 1 of 3: 1-a.avi");
+    EXPECT_TRUE(Get("cmdSkip").hasFocus());
+    catalog.Run("ALTER TABLE Elsewhere RENAME TO VideoCodecs");
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Label("lblQueue") == "File 3 of 3: 3-c.avi"; }));
+    EXPECT_EQ(Step(), "txtSearch cmdAddMovie");
+}
+
 TEST_F(FilePanel, TheEndOfTheProgramEndsARetrievalThatStoresNothing)
 {
     StartPanel();

@@ -296,6 +296,10 @@ void fAVIAdd::ReadNext()
     try {
         ShowDetails(GetMediaDetails(*path, m_desk.state.CatalogPath()));
     } catch (const RuntimeError& error) {
+        if (error.Number() == kErrDatabase) { // every file behind this one would meet it too
+            FocusSearch();
+            throw;
+        }
         m_queue.NoteFailure(error);
         // In steps, so that the window stays alive however many of them cannot be read.
         QTimer::singleShot(0, this, [this, path] {
