@@ -1,5 +1,4 @@
 #include "WebPanels.h"
-#include "web/forms/FilmRows.h"
 
 #include <cmath>
 
@@ -199,16 +198,6 @@ TEST_F(AddPanel, HintsAreReadable)
         const double ratio = (std::max(hint, back) + 0.05) / (std::min(hint, back) + 0.05);
         EXPECT_GE(ratio, 4.5) << control;
         EXPECT_LT(ratio, 10) << control << ": a hint is not taken for a value";
-    }
-}
-
-TEST_F(AddPanel, VeryManyOtherTitlesDoNotStretchTheWindow)
-{
-    QLabel label;
-    for (const auto& [count, lines, end] : {std::tuple(8, 8, "Title"), {60, 8, "and 53 more"}}) {
-        ShowOtherTitles(label, u"Title\n"_s.repeated(count));
-        EXPECT_EQ(label.text().count(u'\n') + 1, lines);
-        EXPECT_TRUE(label.text().endsWith(QLatin1StringView(end)));
     }
 }
 
