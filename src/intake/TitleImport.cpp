@@ -1,6 +1,7 @@
 #include "intake/TitleImport.h"
 
 #include "core/Afterwards.h"
+#include "core/Guard.h"
 #include "core/Literals.h"
 #include "core/RuntimeError.h"
 #include "store/Recordset.h"
@@ -86,7 +87,8 @@ void ImportTitles(const QStringList& titles, const QString& catalogPath, Shell& 
     Afterwards(
         [&] {
             StoreTitles(titles, catalogPath, step);
-            shell.RefreshCatalogTree();
+            // The titles are in the catalog: a tree that cannot be filled must not let them look as if they were not.
+            Guarded(dialogs, [&] { shell.RefreshCatalogTree(); });
         },
         [&] { shell.ShowWorking(false); });
     dialogs.MessageBox(u"Import Complete"_s, kBoxPlain, u"Import Status"_s);

@@ -30,7 +30,7 @@ QString TitleProgress(qsizetype done, qsizetype count);
 void StoreTitles(const QStringList& titles, const QString& catalogPath, const TitleStep& step = {});
 
 /// The whole import: the working picture, `StoreTitles`, the tree anew, the stop picture, and the message at the end. Raises what
-/// `StoreTitles` raises, with the stop picture shown.
+/// `StoreTitles` raises, with the stop picture shown; a tree that cannot be filled is told of.
 void ImportTitles(const QStringList& titles, const QString& catalogPath, Shell& shell, Dialogs& dialogs, const TitleStep& step = {});
 
 } // namespace kelvado

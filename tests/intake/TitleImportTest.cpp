@@ -55,6 +55,16 @@ TEST_F(TitleImports, EachLineIsAFilmOfItsOwnAndTheTreeIsFilledAnew)
     EXPECT_EQ(dialogs.boxes, QList<ScriptedDialogs::Box>({{u"Import Complete"_s, kBoxPlain, u"Import Status"_s}}));
 }
 
+TEST_F(TitleImports, ATreeThatCannotBeFilledDoesNotHideThatTheTitlesAreStored)
+{
+    class NoTree : public RecordingShell
+    {
+        void RefreshCatalogTree() override { throw RuntimeError(kErrDatabase, u"no tree"_s); }
+    } noTree;
+    ImportTitles({u"a"_s}, catalog.Path(), noTree, dialogs);
+    EXPECT_EQ(dialogs.boxes.value(1).text, u"Import Complete"_s) << "behind the failure";
+}
+
 TEST_F(TitleImports, AFailureAndACancelStoreNothing)
 {
     const QStringList titles{u"a"_s, QString(255, u'b'), QString(256, u'c'), u"d"_s};

@@ -159,6 +159,10 @@ TEST_F(FilePanel, WhatFailsOnTheWayToAFileIsToldOrKeptQuiet)
     }
     EXPECT_EQ(Get<QLineEdit>("txtFilename").text(), home.Path(u"sr1/notes.txt"_s)) << "the path stays";
     Press("optMethod_0");
+    Get<QComboBox>("cboDrives").setCurrentIndex(1);
+    discs.drives.removeFirst();
+    discs.Tell(kDiscLeft);
+    EXPECT_EQ(Get<QComboBox>("cboDrives").currentText(), u" NOTES (sr1)"_s) << "a drive that goes leaves the selection where it was";
     discs.drives.clear();
     discs.whyNone = u"No drive."_s;
     discs.Tell(kDiscLeft);
@@ -171,7 +175,10 @@ TEST_F(FilePanel, AFilmThatIsNotStoredLeavesThePanelAsItWas)
     StartPanel();
     EXPECT_TRUE(Drop({Films("1-a.avi")}));
     EXPECT_EQ(Get<QLineEdit>("txtGroup").text(), u"a"_s);
-    EXPECT_TRUE(Get<QRadioButton>("optMethod_1").isChecked());
+    Press("ImgTabMovieList");
+    Entry("mnuAddAVI").trigger();
+    EXPECT_TRUE(Get<QRadioButton>("optMethod_1").isChecked()) << "a file that was read waits for the user to come back";
+    EXPECT_EQ(Step(), "txtSearch cmdAddMovie");
     Get<QLineEdit>("txtSearch").clear();
     Key(Qt::Key_Return);
     EXPECT_EQ(TakeMessages(), "0 : Title Search must have a value");
@@ -261,9 +268,12 @@ TEST_F(FilePanel, AQueueIsWorkedOffFileByFile)
     EXPECT_FALSE(Get("frameAdd").isVisible() || Get("cmdSkip").isVisible());
     EXPECT_EQ(Step(), "txtFilename cmdBrowse");
 
+    catalog.Run("DROP TABLE VideoCodecs");
     dialogs.files << Films();
     Press("cmdFolder");
-    EXPECT_EQ(Label("lblQueue"), "File 1 of 3: 1-a.avi");
+    EXPECT_NE(TakeMessages().find("VideoCodecs"), std::string::npos);
+    EXPECT_EQ(Label("lblQueue"), "File 1 of 3: 1-a.avi") << "a failure of the catalog stops the queue";
+    EXPECT_TRUE(Get("cmdSkip").hasFocus());
     Press("cmdEndQueue");
     EXPECT_EQ(Step(), "txtFilename cmdBrowse");
     EXPECT_EQ(NewTitles(), "Another Affair (1990)");

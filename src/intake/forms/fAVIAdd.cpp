@@ -64,8 +64,11 @@ void fAVIAdd::Open()
         connect(m_oWatchCD.get(), &cCDMonitor::CDROMChanged, this, &fAVIAdd::m_oWatchCD_CDROMChanged);
         m_oWatchCD->SubClass(m_discs);
     }
-    if (m_queue.IsAtWork())
+    if (m_queue.IsAtWork() || !m_ui->frameAdd->isHidden()) {
+        if (FromDisc())
+            ReloadDrives(); // nobody watched them meanwhile
         return FocusSearch();
+    }
     m_ui->optMethod_0->setChecked(true);
     ShowMethod(true);
     FocusSource();
@@ -124,6 +127,8 @@ void fAVIAdd::FocusSource()
 
 void fAVIAdd::FocusSearch()
 {
+    if (m_ui->frameAdd->isHidden()) // the file in work could not be read
+        return TakeFocus(*m_ui->cmdSkip);
     TakeFocus(*m_ui->txtSearch);
     m_ui->txtSearch->selectAll();
     SetDefault(m_ui->cmdAddMovie);
@@ -151,12 +156,15 @@ void fAVIAdd::ReloadDrives()
     const QList<DriveEntry> drives = ListCDDrives(m_discs);
     if (reload != m_reloads)
         return; // a disc has come or gone meanwhile, and its own list is newer
-    const int selected = std::max(m_ui->cboDrives->currentIndex(), 0);
+    const int place = std::max(m_ui->cboDrives->currentIndex(), 0);
+    const QString selected = DriveTag();
     m_drives = drives;
     m_ui->cboDrives->clear();
     for (const DriveEntry& drive : m_drives)
         m_ui->cboDrives->addItem(drive.text, drive.tag);
-    m_ui->cboDrives->setCurrentIndex(std::min(selected, m_ui->cboDrives->count() - 1));
+    // A drive that has come or gone moves the others.
+    const int found = m_ui->cboDrives->findData(selected);
+    m_ui->cboDrives->setCurrentIndex(found >= 0 ? found : std::min(place, m_ui->cboDrives->count() - 1));
     m_ui->lblNoDrives->setText(m_drives.isEmpty() ? m_discs.WhyNoDrives() : QString());
     m_ui->lblNoDrives->setVisible(m_drives.isEmpty() && FromDisc());
 }
@@ -177,10 +185,12 @@ void fAVIAdd::LeaveDisc()
     // What is next is told by the list as it was with the disc in its drive.
     const QList<DriveEntry> drives = m_drives;
     const int selected = m_ui->cboDrives->currentIndex();
-    if (m_ui->chkEject->isChecked() && selected >= 0)
+    if (selected < 0)
+        return;
+    if (m_ui->chkEject->isChecked())
         EjectDrive(DriveTag(), m_discs);
     if (m_ui->chkGoNext->isChecked())
-        m_ui->cboDrives->setCurrentIndex(std::min(NextDisc(drives, selected), m_ui->cboDrives->count() - 1));
+        m_ui->cboDrives->setCurrentIndex(std::max(m_ui->cboDrives->findData(drives[NextDisc(drives, selected)].tag), 0));
 }
 
 // --- Files ---------------------------------------------------------------------------------------------------------------------------
@@ -286,6 +296,10 @@ void fAVIAdd::ReadNext()
     try {
         ShowDetails(GetMediaDetails(*path, m_desk.state.CatalogPath()));
     } catch (const RuntimeError& error) {
+        if (error.Number() == kErrDatabase) { // every file behind this one would meet it too
+            FocusSearch();
+            throw;
+        }
         m_queue.NoteFailure(error);
         // In steps, so that the window stays alive however many of them cannot be read.
         QTimer::singleShot(0, this, [this, path] {

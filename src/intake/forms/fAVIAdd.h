@@ -29,8 +29,8 @@ public:
     fAVIAdd(FilmDesk& desk, Discs& discs, StepRun& run, const Skinner& skinner, QWidget* parent = nullptr);
     ~fAVIAdd() override;
 
-    /// For each time that the panel comes into view: it begins with the discs, or where it was left with files still waiting. Drives are
-    /// watched as long as it is in view.
+    /// For each time that the panel comes into view: it begins with the discs, or where it was left with a file that is not added yet.
+    /// Drives are watched as long as it is in view.
     void Open();
     /// Takes files and folders that were dropped: one file as if it was browsed, all others into the queue.
     void TakePaths(const QStringList& paths);

@@ -70,9 +70,7 @@ void fAVIIMDb::OnSelect()
     const int row = m_ui->lstSearch->Selected();
     const bool isRow = row >= 0 && row < m_search.Rows().size();
     m_ui->cmdSelect->setEnabled(isRow);
-    const QString others = isRow ? OtherTitlesOf(m_search.Rows()[row], m_search.OtherTitles()) : QString();
-    m_ui->lblAka->setText(others);
-    m_ui->lblAka->setVisible(!others.isEmpty());
+    ShowOtherTitles(*m_ui->lblAka, isRow ? OtherTitlesOf(m_search.Rows()[row], m_search.OtherTitles()) : QString());
 }
 
 void fAVIIMDb::OnChoose(int row)

@@ -8,6 +8,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 
 namespace kelvado {
@@ -135,6 +136,19 @@ void FilmRows::resizeEvent(QResizeEvent* event)
     constexpr int kMargin = 24;
     header()->resizeSection(1, fontMetrics().horizontalAdvance(u"0000000"_s) + kMargin);
     QTreeWidget::resizeEvent(event);
+}
+
+void ShowOtherTitles(QLabel& label, const QString& titles)
+{
+    constexpr qsizetype kMostLines = 8;
+    const QStringList lines = titles.split(u'\n', Qt::SkipEmptyParts);
+    const bool isCut = lines.size() > kMostLines;
+    QStringList shown = isCut ? lines.first(kMostLines - 1) : lines;
+    if (isCut)
+        shown << FilmRows::tr("and %1 more").arg(lines.size() - shown.size());
+    label.setText(shown.join(u'\n'));
+    label.setToolTip(isCut ? titles.toHtmlEscaped().replace(u'\n', "<br>"_L1) : QString());
+    label.setVisible(!shown.isEmpty());
 }
 
 } // namespace kelvado

@@ -4,6 +4,8 @@
 
 #include <QTreeWidget>
 
+class QLabel;
+
 namespace kelvado {
 
 /// A list of found films: title and number in two columns.
@@ -43,5 +45,9 @@ private:
     bool m_waiting = false;
     bool m_showsFocus = false;
 };
+
+/// Shows the other titles of the selected film, one a line, in a label that is hidden where there are none. Of very many it shows the first
+/// ones, so that the window keeps its height, and all of them as the label's tool tip.
+void ShowOtherTitles(QLabel& label, const QString& titles);
 
 } // namespace kelvado

@@ -167,15 +167,10 @@ void Form2::ShowButtons()
 void Form2::OnSelect(const FilmRows& list, const QList<SearchRow>& rows)
 {
     const int selected = list.Selected();
-    if (selected < 0 || selected >= rows.size()) {
-        m_ui->lblAka->clear();
-        m_ui->lblAka->hide();
-        return;
-    }
+    if (selected < 0 || selected >= rows.size())
+        return ShowOtherTitles(*m_ui->lblAka, {});
     m_lastNumber = PartsOf(rows[selected]).Number;
-    const QString others = OtherTitlesOf(rows[selected], m_search.OtherTitles());
-    m_ui->lblAka->setText(others);
-    m_ui->lblAka->setVisible(!others.isEmpty());
+    ShowOtherTitles(*m_ui->lblAka, OtherTitlesOf(rows[selected], m_search.OtherTitles()));
 }
 
 ChooseTitle AskInAkaSet(Dialogs& dialogs, const Skinner& skinner, QWidget& owner)

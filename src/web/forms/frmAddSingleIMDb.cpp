@@ -76,11 +76,9 @@ void frmAddSingleIMDb::OnSelect()
     const int row = m_ui->lstSearch->Selected();
     const bool chosen = row >= 0 && row < m_search.Rows().size();
     m_ui->cmdUpdate->setEnabled(chosen);
-    const QString others = chosen ? OtherTitlesOf(m_search.Rows()[row], m_search.OtherTitles()) : QString();
     if (chosen)
         m_lastNumber = PartsOf(m_search.Rows()[row]).Number;
-    m_ui->lblAka->setText(others);
-    m_ui->lblAka->setVisible(!others.isEmpty());
+    ShowOtherTitles(*m_ui->lblAka, chosen ? OtherTitlesOf(m_search.Rows()[row], m_search.OtherTitles()) : QString());
 }
 
 void frmAddSingleIMDb::OnChoose(int row)
