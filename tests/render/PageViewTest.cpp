@@ -203,10 +203,10 @@ TEST_F(PageView, TheEnvironmentIsTheUsersOnceTheEngineRuns)
 TEST_F(PageView, TemplatesHideAWholeTokenAndShowAValueThatLooksLikeOne)
 {
     const std::pair<const char*, const char*> cases[] = {
-        {"Skins/Default XP/Templates/default.html", "!!TITLE!!"},
-        {"Skins/Default XP/Templates/default.html", "!!PLOT!!"},
-        {"Skins/Default XP/Templates/default.html", "!!ACTOR7!!"},
-        {"Skins/Default XP/Templates/credits.html", "!!ACTOR!!"},
+        {"art/skin/Templates/default.html", "!!TITLE!!"},
+        {"art/skin/Templates/default.html", "!!PLOT!!"},
+        {"art/skin/Templates/default.html", "!!ACTOR7!!"},
+        {"art/skin/Templates/credits.html", "!!ACTOR!!"},
         {"art/skin/Templates/person.html", "!!BIO!!"},
         {"art/skin/Templates/nfo.html", "!!NFO!!"},
     };
