@@ -203,12 +203,9 @@ TEST_F(PageView, TheEnvironmentIsTheUsersOnceTheEngineRuns)
 TEST_F(PageView, TemplatesHideAWholeTokenAndShowAValueThatLooksLikeOne)
 {
     const std::pair<const char*, const char*> cases[] = {
-        {"art/skin/Templates/default.html", "!!TITLE!!"},
-        {"art/skin/Templates/default.html", "!!PLOT!!"},
-        {"art/skin/Templates/default.html", "!!ACTOR7!!"},
-        {"art/skin/Templates/credits.html", "!!ACTOR!!"},
-        {"art/skin/Templates/person.html", "!!BIO!!"},
-        {"art/skin/Templates/nfo.html", "!!NFO!!"},
+        {"art/skin/Templates/default.html", "!!TITLE!!"},  {"art/skin/Templates/default.html", "!!PLOT!!"},
+        {"art/skin/Templates/default.html", "!!ACTOR7!!"}, {"art/skin/Templates/credits.html", "!!ACTOR!!"},
+        {"art/skin/Templates/person.html", "!!BIO!!"},     {"art/skin/Templates/nfo.html", "!!NFO!!"},
     };
     const QString value = u"!!! (2004) !!"_s;
     view.CreateBrowser();
