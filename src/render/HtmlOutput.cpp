@@ -350,6 +350,15 @@ void FillWriterTokens(QString& text, Connection& connection, FilmId movieId)
     FillCrewTokens(text, connection, movieId, kWriterTokens);
 }
 
+void FillLinkedTokens(QString& text, Connection& connection, FilmId movieId)
+{
+    FillGenreToken(text, connection, movieId);
+    FillDirectorTokens(text, connection, movieId);
+    FillWriterTokens(text, connection, movieId);
+    FillActorTokens(text, connection, movieId);
+    FillProducerTokens(text, connection, movieId);
+}
+
 void FillPageTokens(QString& text, qint64 page, qint64 pageCount, qint64 pageSize, qint64 filmCount)
 {
     const auto address = [](qint64 number) { return u"index%1.html"_s.arg(number); };

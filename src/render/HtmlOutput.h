@@ -34,6 +34,9 @@ void FillProducerTokens(QString& text, Connection& connection, FilmId movieId);
 void FillDirectorTokens(QString& text, Connection& connection, FilmId movieId);
 void FillWriterTokens(QString& text, Connection& connection, FilmId movieId);
 
+/// The genres and all people of a film, in the order in which a page takes them.
+void FillLinkedTokens(QString& text, Connection& connection, FilmId movieId);
+
 /// The tokens of an index that is spread over pages. `page` counts from 1.
 void FillPageTokens(QString& text, qint64 page, qint64 pageCount, qint64 pageSize, qint64 filmCount);
 

@@ -41,11 +41,7 @@ public:
         FillFilmTokens(text, film, m_tokens);
         if (text.contains("!!IMAGE!!"_L1))
             text.replace("!!IMAGE!!"_L1, Picture(film[u"Image_ID"].Get().Integer()));
-        FillGenreToken(text, m_catalog, id);
-        FillDirectorTokens(text, m_catalog, id);
-        FillWriterTokens(text, m_catalog, id);
-        FillActorTokens(text, m_catalog, id);
-        FillProducerTokens(text, m_catalog, id);
+        FillLinkedTokens(text, m_catalog, id);
         return text;
     }
 

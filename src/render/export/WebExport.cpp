@@ -99,11 +99,7 @@ private:
         m_films.FillImage(text, film);
         if (!m_templates.detail.isEmpty())
             m_films.FillDetailsPage(text, m_templates.detail, film);
-        FillGenreToken(text, m_catalog, id);
-        FillDirectorTokens(text, m_catalog, id);
-        FillWriterTokens(text, m_catalog, id);
-        FillActorTokens(text, m_catalog, id);
-        FillProducerTokens(text, m_catalog, id);
+        FillLinkedTokens(text, m_catalog, id);
         return text;
     }
 

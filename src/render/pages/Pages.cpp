@@ -176,11 +176,7 @@ std::optional<Page> Pages::FilmPage(const QString& key, Connection& catalog)
     text->replace("!!IMAGEBACK!!"_L1, PictureFor(film.Integer(film.ColumnIndex(u"ImageBack_ID")), kFilmPicture, catalog));
     FillFilmTokens(*text, film, {m_state.skin, SiteAddress(SettingsFile())});
     film.Close();
-    FillGenreToken(*text, catalog, movieId);
-    FillDirectorTokens(*text, catalog, movieId);
-    FillWriterTokens(*text, catalog, movieId);
-    FillActorTokens(*text, catalog, movieId);
-    FillProducerTokens(*text, catalog, movieId);
+    FillLinkedTokens(*text, catalog, movieId);
     text->replace("!!NAVCREDITS!!"_L1, kMessage + "PAGE_CREDITS:"_L1 + QString::number(movieId));
     return WritePageFile(*text, false);
 }
