@@ -1,6 +1,7 @@
 #include "app/ExportMenus.h"
 
 #include "app/DesktopSeams.h"
+#include "browse/FilmCommands.h"
 #include "core/Guard.h"
 #include "core/Literals.h"
 #include "core/NodeKey.h"
@@ -136,7 +137,8 @@ void ExportMenus::ExportByPackage(QWidget& wizard, const WebChoice& choice)
 
 void ExportMenus::PrintCollection()
 {
-    if (!MayExport())
+    // The numbers of a tree that shows another catalog mean other films.
+    if (!MayExport() || !TreeIsCurrent(m_context.state, m_context.run.shell))
         return;
     const QModelIndex node = m_context.selectedNode();
     QList<frmPrintCollection::Choice> choices{{u"All films of the tree"_s, m_context.catalog.FilmGroups()}};
