@@ -1,5 +1,6 @@
 #include "render/forms/frmPrint.h"
 
+#include "core/Afterwards.h"
 #include "core/Guard.h"
 #include "core/Literals.h"
 #include "core/Paths.h"
@@ -24,6 +25,13 @@ frmPrint::frmPrint(Dialogs& dialogs, PrintPage print, QWidget* parent)
 frmPrint::~frmPrint() = default;
 
 void frmPrint::Print()
+{
+    // Events are served while a page loads.
+    m_ui->Command1->setEnabled(false);
+    Afterwards([this] { PrintPages(); }, [this] { m_ui->Command1->setEnabled(true); });
+}
+
+void frmPrint::PrintPages()
 {
     for (const QString& page : WritePrintPages(AppPath() + u"/keldb3.mdb"_s, AppPath())) {
         QEventLoop loaded;

@@ -27,6 +27,7 @@ public:
 
 private:
     void Print();
+    void PrintPages();
 
     std::unique_ptr<Ui::frmPrint> m_ui;
     Dialogs& m_dialogs;
